@@ -1,0 +1,14 @@
+# Warnings are errors on every compiler that the code is built with.
+add_library(brindlex_options INTERFACE)
+if(MSVC)
+  target_compile_options(brindlex_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(brindlex_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Werror)
+endif()
+target_include_directories(brindlex_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(BRINDLEX_SANITIZE)
+  target_compile_options(brindlex_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(brindlex_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,3 @@
+#include "shell/Module1.h"
+
+int main(int argc, char** argv) { return brindlex::runProgram(argc, argv); }

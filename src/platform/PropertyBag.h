@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+#include <vector>
+
+namespace brindlex {
+
+/// A control's stored properties: key -> value, in the order in which they were first written. Keys
+/// are compared without regard to case. A value equal to its default is left out.
+class PropertyBag {
+  public:
+    /// The stored value; `defaultValue` when the key is absent or its value cannot become the type
+    /// of the default.
+    QVariant readProperty(const QString& key, const QVariant& defaultValue) const;
+    /// Stores the value, or takes the key out when the value equals the default.
+    void writeProperty(const QString& key, const QVariant& value, const QVariant& defaultValue);
+    bool contains(const QString& key) const;
+    std::vector<QString> keys() const;
+
+  private:
+    struct Entry {
+        QString key;
+        QVariant value;
+    };
+    std::vector<Entry> entries_;
+};
+
+}  // namespace brindlex

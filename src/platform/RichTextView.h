@@ -1,0 +1,166 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QCursor>
+#include <QInputMethodEvent>
+#include <QPixmap>
+#include <functional>
+#include <memory>
+
+#include "platform/CodePage.h"
+#include "platform/ColorValue.h"
+#include "platform/text/RichTextBox.h"
+
+class QPagedPaintDevice;
+
+namespace brindlex {
+
+class LineLayouts;
+class TextInput;
+
+/// A RichTextBox on the screen. It lays out only the lines that show, keeps the layouts of lines
+/// that did not change and repaints only the lines that did.
+///
+/// Keys and the mouse come out as the events on... below, then act on the box (TextInput). KeyCode
+/// is a virtual key code (13 Enter, 65 A ...), Shift a sum of 1 Shift, 2 Ctrl, 4 Alt, KeyAscii a
+/// byte of the code page (or a control code, 26 for Ctrl+Z), Button 1 left, 2 right, 4 middle; x
+/// and y are in twips from the top left corner. A handler that sets KeyCode or KeyAscii to 0 keeps
+/// the view from acting on the key; another KeyAscii is inserted in its place.
+class RichTextView : public QAbstractScrollArea, private RichTextObserver {
+  public:
+    explicit RichTextView(QWidget* parent = nullptr,
+                          const CodePage& codePage = CodePage::system());
+    ~RichTextView() override;
+
+    RichTextBox& box() { return box_; }
+    const RichTextBox& box() const { return box_; }
+    const CodePage& codePage() const { return codePage_; }
+
+    // --- Events --------------------------------------------------------------------------------
+    std::function<void()> onClick;
+    std::function<void()> onDblClick;
+    std::function<void(int& keyCode, int shift)> onKeyDown;
+    std::function<void(int& keyCode, int shift)> onKeyUp;
+    std::function<void(int& keyAscii)> onKeyPress;
+    std::function<void(int button, int shift, double x, double y)> onMouseDown;
+    std::function<void(int button, int shift, double x, double y)> onMouseMove;
+    std::function<void(int button, int shift, double x, double y)> onMouseUp;
+    /// A file was dropped; it is opened by whoever listens, never inserted.
+    std::function<void(const QString& path)> onFileDropped;
+
+    // --- Properties of the product's interface -------------------------------------------------
+    /// Kept; the view has no menu of its own.
+    bool AutoVerbMenu() const;
+    void SetAutoVerbMenu(bool on);
+    ColorValue BackColor() const;
+    void SetBackColor(ColorValue color);
+    /// 0 none, 1 a single border.
+    Long BorderStyle() const;
+    void SetBorderStyle(Long style);
+    /// Twips between a bullet and its text.
+    double BulletIndent() const;
+    void SetBulletIndent(double twips);
+    /// The path of the file last given; setting it to a path that can be read loads that file.
+    QString FileName() const;
+    void SetFileName(const QString& path);
+    /// The font of all text that has none of its own. One that is not installed is replaced by a
+    /// fixed-pitch one on the screen; Font() still gives what was set.
+    QFont Font() const;
+    void SetFont(const QFont& font);
+    /// True: the selection shows only while the view has the focus.
+    bool HideSelection() const;
+    void SetHideSelection(bool hide);
+    QPixmap MouseIcon() const;
+    void SetMouseIcon(const QPixmap& icon);
+    /// 0 default (the I-beam), 1 arrow, 2 cross, 3 I-beam, 11 hourglass, 99 MouseIcon ...
+    Long MousePointer() const;
+    void SetMousePointer(Long pointer);
+    /// Twips at which lines wrap; 0 wraps at the right edge of the view. Lines in the sense of
+    /// GetLineFromChar and its kin are those of the text, however they wrap.
+    double RightMargin() const;
+    void SetRightMargin(double twips);
+
+    // --- The window messages -------------------------------------------------------------------
+    /// Stops every repaint (false), or allows them again and schedules those that were held back.
+    void setRedraw(bool on);
+    bool redraw() const;
+    /// Repaints what changed since the last painting.
+    void Refresh();
+    /// Scrolls by whole lines relative to the present first visible line, cut at both ends.
+    void lineScroll(Long lines);
+    /// The top left pixel of a character in the viewport; it may lie outside what shows. An offset
+    /// past the end means the end.
+    QPoint posFromChar(Long offset) const;
+
+    /// Loads a file: type 0 rich text (plain text if it is none), 1 plain text. False, and nothing
+    /// changed, when it cannot be read.
+    bool LoadFile(const QString& path, int type);
+    /// Saves the text: 0 rich text, 1 plain text. False when it could not be written whole.
+    bool SaveFile(const QString& path, int type) const;
+    /// Prints the selection (the whole text when nothing is selected) onto a paged device, with a
+    /// margin of an inch, as many pages as it takes.
+    void SelPrint(QPagedPaintDevice& device) const;
+
+    // --- Geometry for input and accessibility; pixels of the viewport ----------------------------
+    /// The position nearest to a point.
+    Offset positionAt(QPoint point) const;
+    /// Whether a point lies on a selected character.
+    bool isOnSelection(QPoint point) const;
+    /// The caret's bar.
+    QRect caretRect() const;
+    QRect characterRect(Offset offset) const;
+    /// The position one display row (`rows` of them, negative: up) away at the horizontal place
+    /// `x`; the first or last row when there are not so many.
+    Offset positionRowsAway(Offset from, int rows, int x) const;
+    /// Whole rows that fit in the viewport, at least 1.
+    int rowsPerPage() const;
+    LineIndex firstVisibleLine() const;
+    /// Scrolls as little as it takes to show the caret.
+    void ensureCaretVisible();
+    /// Overwrite mode shows a block caret.
+    void setOverwriteMode(bool on);
+    bool overwriteMode() const;
+    /// Text of an input method that is not in the box yet, shown at the caret with its attributes.
+    void setPreedit(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes);
+    QString preedit() const;
+    /// Shows where a drag would drop; unset hides it.
+    void setDropCaret(std::optional<Offset> offset);
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    QSize sizeHint() const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    void textChanged(const TextEdit& edit) override;
+    void formatChanged(Range range) override;
+    void selectionChanged() override;
+
+    const CodePage& codePage_;
+    RichTextBox box_;
+    std::unique_ptr<LineLayouts> layouts_;
+    std::unique_ptr<TextInput> input_;
+};
+
+}  // namespace brindlex

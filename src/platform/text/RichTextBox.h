@@ -1,0 +1,212 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/text/CharacterTable.h"
+#include "platform/text/FormatTable.h"
+#include "platform/text/Formats.h"
+#include "platform/text/Rope.h"
+#include "platform/text/RunList.h"
+#include "platform/text/Units.h"
+
+namespace brindlex {
+
+/// One change of the text: `removed` (offsets before the change) gave way to `inserted` bytes.
+struct TextEdit {
+    Range removed;
+    std::size_t inserted = 0;
+    std::size_t removedBreaks = 0;
+    std::size_t insertedBreaks = 0;
+    LineIndex line;  ///< the line of removed.begin(), the same before and after
+};
+
+/// What shows a RichTextBox. The notices come before the handlers onSelChange and onChange run, so
+/// that whatever a handler asks of the screen is answered for the text as it now is. An observer
+/// must not change the box.
+class RichTextObserver {
+  public:
+    virtual ~RichTextObserver() = default;
+    virtual void textChanged(const TextEdit& edit) = 0;
+    /// Formats in `range` changed; the text did not.
+    virtual void formatChanged(Range range) = 0;
+    virtual void selectionChanged() = 0;
+};
+
+/// `length` bytes that take one colour, or keep theirs.
+struct ColorRun {
+    static constexpr ColorRef kKeep = 0xFFFFFFFF;
+    std::uint32_t length;
+    ColorRef color;
+};
+
+/// Bits of Find's options.
+enum FindOption : Long { FindWholeWord = 2, FindMatchCase = 4, FindNoHighlight = 8 };
+
+/// A rich text widget without a screen: text, selection, formats, searches.
+///
+/// Text is bytes of the 8-bit code page of `characters()`. Every line break is CR LF: a lone CR or
+/// LF that comes in becomes CR LF, and a broken pair never exists. An insertion between CR and LF
+/// goes in front of the CR; a removal that touches one half of a pair takes both.
+///
+/// Events: an edit first changes the text, then the observer hears of it, then `onSelChange` runs
+/// if caret or selection changed, then `onChange`. All of it happens before the call returns.
+/// Handlers may call back into the box. An edit that removes and inserts nothing raises no Change;
+/// formats raise none either.
+///
+/// Errors: a negative offset or length throws std::out_of_range; nothing else throws.
+/// Costs: with n bytes of text, an edit, a position or a line look-up is O(log n) plus the bytes it
+/// inserts or returns.
+class RichTextBox {
+  public:
+    /// `characters` must outlive the box.
+    explicit RichTextBox(const CharacterTable& characters = CharacterTable::latin1());
+    RichTextBox(const RichTextBox&) = delete;
+    RichTextBox& operator=(const RichTextBox&) = delete;
+
+    // --- Handlers and observer -----------------------------------------------------------------
+    std::function<void()> onSelChange;
+    std::function<void()> onChange;
+    /// Not owned; null for none.
+    void setObserver(RichTextObserver* observer) { observer_ = observer; }
+
+    // --- Text ----------------------------------------------------------------------------------
+    const CharacterTable& characters() const { return characters_; }
+    /// The text as a value that can be kept for the cost of a pointer.
+    const Rope& rope() const { return rope_; }
+    std::string Text() const;
+    /// Replaces the whole text. Formats go back to the default character format and to the
+    /// paragraph format of the first line; the caret goes to 0.
+    void SetText(std::string_view text);
+    std::size_t length() const { return rope_.size(); }
+
+    // --- Selection -----------------------------------------------------------------------------
+    Long SelStart() const;
+    /// Moves the caret there and selects nothing; past the end means the end.
+    void SetSelStart(Long start);
+    Long SelLength() const;
+    /// Past the end is cut at the end.
+    void SetSelLength(Long length);
+    std::string SelText() const;
+    /// Replaces the selection and leaves the caret behind the new text. Works on a locked box too.
+    void SetSelText(std::string_view text);
+
+    /// The selection as the user made it: the end that moves is the caret. Ends are clamped.
+    void select(Offset anchor, Offset caret);
+    Offset anchor() const { return anchor_; }
+    Offset caret() const { return caret_; }
+    Range selection() const;
+
+    // --- What the user does --------------------------------------------------------------------
+    /// Replaces a stretch on the user's behalf and puts the caret behind the new text. Refused
+    /// (false, nothing changed) when the box is locked or a protected character would change. Cut
+    /// to what MaxLength leaves room for.
+    bool userReplace(Range range, std::string_view text);
+    /// As `userReplace`, but the moved text keeps its formats: the drop of a drag inside the box.
+    /// `target` is an offset before the move. The moved text is selected afterwards.
+    bool userMove(Range range, Offset target);
+
+    bool Locked() const { return locked_; }
+    void SetLocked(bool locked) { locked_ = locked; }
+    /// The most bytes that the text may have; 0 for no limit. Negative values are refused.
+    Long MaxLength() const { return maxLength_; }
+    void SetMaxLength(Long length);
+
+    // --- Lines ---------------------------------------------------------------------------------
+    Long GetLineCount() const;
+    /// The 0-based line that holds the offset; an offset past the end means the last line.
+    Long GetLineFromChar(Long offset) const;
+    /// The offset of the first character of a 0-based line, -1 for a line past the last one; -1
+    /// asks for the line of the caret.
+    Long GetLineIndex(Long line) const;
+    /// The range of a line without its line break.
+    Range lineContent(LineIndex line) const;
+
+    // --- Character format of the selection; unset means that the selection is mixed -------------
+    std::optional<ColorRef> SelColor() const;
+    void SetSelColor(ColorRef color);
+    std::optional<bool> SelBold() const;
+    void SetSelBold(bool on);
+    std::optional<bool> SelItalic() const;
+    void SetSelItalic(bool on);
+    std::optional<bool> SelUnderline() const;
+    void SetSelUnderline(bool on);
+    std::optional<bool> SelStrikethru() const;
+    void SetSelStrikethru(bool on);
+    std::optional<bool> SelProtected() const;
+    void SetSelProtected(bool on);
+    std::optional<Long> SelCharOffset() const;
+    void SetSelCharOffset(Long twips);
+    /// The format of the character at an offset before the end of the text.
+    const CharFormat& formatAt(Offset offset) const;
+    /// Colours the bytes from `begin` on, run by run, without a look at the selection. The runs
+    /// must end at or before the end of the text. Cost: O(log n + runs).
+    void colorRuns(Offset begin, std::span<const ColorRun> runs);
+    /// Calls `visit(Range, const CharFormat&)` for the runs of equal format within `range`.
+    void visitFormats(Range range,
+                      const std::function<void(Range, const CharFormat&)>& visit) const;
+
+    // --- Paragraph format of the lines that the selection touches; lengths in twips -------------
+    std::optional<Alignment> SelAlignment() const;
+    void SetSelAlignment(Alignment alignment);
+    std::optional<bool> SelBullet() const;
+    void SetSelBullet(bool on);
+    std::optional<Long> SelIndent() const;
+    void SetSelIndent(Long twips);
+    std::optional<Long> SelHangingIndent() const;
+    void SetSelHangingIndent(Long twips);
+    std::optional<Long> SelRightIndent() const;
+    void SetSelRightIndent(Long twips);
+    /// The number of tab stops; setting a larger one adds stops 720 twips apart.
+    std::optional<Long> SelTabCount() const;
+    void SetSelTabCount(Long count);
+    /// Tab stop `index`, 0-based; unset when mixed, 0 for an index at or past SelTabCount.
+    std::optional<Long> SelTabs(Long index) const;
+    void SetSelTabs(Long index, Long twips);
+    const ParagraphFormat& paragraphAt(LineIndex line) const;
+
+    // --- Rich text -----------------------------------------------------------------------------
+    std::string TextRTF() const;
+    /// Replaces the whole text with what `rtf` describes, text and formats. Returns false and
+    /// leaves everything as it was when `rtf` is damaged or no RTF. A text that does not begin
+    /// with "{\rtf" is taken as plain text.
+    bool SetTextRTF(std::string_view rtf);
+    std::string SelRTF() const;
+    bool SetSelRTF(std::string_view rtf);
+    /// The font that RTF names for characters without one of their own; only written out.
+    void setBaseFont(std::string name, int halfPoints);
+
+    // --- Searching -----------------------------------------------------------------------------
+    /// Searches `text` between `start` and `end` (unset: from the caret, or within a selection that
+    /// is not empty; to the end of the text). `end` below `start` searches backward. Selects the
+    /// match, unless FindNoHighlight is set, and returns its offset; -1, and the selection as it
+    /// was, when there is none or `text` is empty. Without FindMatchCase the case of letters does
+    /// not count; with FindWholeWord no letter, digit or underscore may stand beside the match.
+    Long Find(std::string_view text, std::optional<Long> start, std::optional<Long> end,
+              Long options);
+    /// Extends the selection from its start over the run of characters that are in `set` (with
+    /// `negate`: that are not in it), forward or backward.
+    void Span(std::string_view set, bool forward, bool negate);
+    /// Moves the caret up to the first character that is in `set` (with `negate`: not in it).
+    void UpTo(std::string_view set, bool forward, bool negate);
+
+    /// Recomputes every cached sum; aborts with a message on a difference. Debug builds call it
+    /// after each change of a small text.
+    void checkInvariants() const;
+
+  private:
+    const CharacterTable& characters_;
+    Rope rope_;
+    RichTextObserver* observer_ = nullptr;
+    Offset anchor_;
+    Offset caret_;
+    bool locked_ = false;
+    Long maxLength_ = 0;
+};
+
+}  // namespace brindlex

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace brindlex {
+
+/// The shared record of the program: it lives for the whole run and is reached from every window.
+/// A setting that the user can switch stands twice: as the number that the settings store holds,
+/// and with `Enabled` behind its name as the flag that the program tests.
+struct AppState {
+    bool GetPresetEnabled = false;
+    bool TypeOtherEnabled = false;
+    bool AutoIndentEnabled = false;
+    bool AutoBlockIndentEnabled = false;
+    bool AutoCompleteEnabled = false;
+    QString WolfDir;
+    /// Decimal text of 0x00BBGGRR: normal text, comments, strings, reserved words, operators.
+    std::array<QString, 5> ColorValues;
+    std::array<QString, 5> DefaultColors;
+    bool AutoBackupEnabled = false;
+    int AutoBackupMins = 0;
+    bool FontBold = false;
+    bool FontItalic = false;
+    QString FontName;
+    int FontSize = 0;  ///< points
+    bool FontStrikeThru = false;
+    bool FontUnderline = false;
+    int GetPreset = 0;
+    int ShowTreeView = 0;  ///< 1 the command tree, 0 the entity tree, -1 neither
+    int AutoIndent = 0;
+    int AutoBlockIndent = 0;
+    int TypeOther = 0;
+    int AutoComplete = 0;
+    int AutoBackup = 0;
+    bool UndoRecording = false;
+    /// Names of script blocks, bytes of the code page.
+    std::vector<std::string> BlockNames;
+    /// The words that completion offers, in the order in which it offers them; some are empty.
+    std::vector<std::string> Keywords;
+};
+
+}  // namespace brindlex
