@@ -9,10 +9,8 @@
 namespace brindlex {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::string_view kStart = "{\\rtf";
-constexpr std::string_view kMayFollow = " \t\r\n\v\f\0"sv;
+constexpr std::string_view kMayFollow(" \t\r\n\v\f\0", 7);
 
 // Sums and differences wrap, so that every pair of lengths comes back as it was written.
 std::int32_t wrapped(std::uint32_t value) {

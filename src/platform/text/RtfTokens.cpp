@@ -7,9 +7,7 @@
 namespace brindlex {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
-constexpr std::string_view kNoMeaning = "\r\n\0"sv;
+constexpr std::string_view kNoMeaning("\r\n\0", 3);
 
 constexpr std::array<bool, 256> kEndsText = [] {
     std::array<bool, 256> table{};
