@@ -76,9 +76,8 @@ class Model {
     }
 
     bool userReplace(Range range, const std::string& incoming) {
-        const auto [from, to] =
-            whole(std::min(range.begin().value(), text.size()),
-                  std::min(range.end().value(), text.size()));
+        const auto [from, to] = whole(std::min(range.begin().value(), text.size()),
+                                      std::min(range.end().value(), text.size()));
         if (locked || isProtected(from, to)) return false;
         const std::string in = fitting(incoming, from, to);
         CharFormat format = inherited(from, to);
@@ -88,9 +87,8 @@ class Model {
         return true;
     }
     bool userMove(Range range, Offset target) {
-        const auto [from, to] =
-            whole(std::min(range.begin().value(), text.size()),
-                  std::min(range.end().value(), text.size()));
+        const auto [from, to] = whole(std::min(range.begin().value(), text.size()),
+                                      std::min(range.end().value(), text.size()));
         const std::size_t place = whole(std::min(target.value(), text.size()), text.size()).first;
         if (locked || isProtected(from, to) || isProtected(place, place)) return false;
         if (from == to || (from <= place && place <= to)) {
@@ -104,8 +102,7 @@ class Model {
         put(place, place, text.substr(from, to - from), kept, place + to - from);
         std::vector<std::size_t> copy;
         for (std::size_t i = 0; i < source.size(); ++i) copy.push_back(firstNew + i);
-        if (const auto at = find(source))
-            put(*at, *at + source.size(), "", CharFormat{}, *at);
+        if (const auto at = find(source)) put(*at, *at + source.size(), "", CharFormat{}, *at);
         if (const auto at = find(copy)) select(Offset(*at), Offset(*at + copy.size()));
         return true;
     }
@@ -136,8 +133,7 @@ class Model {
         std::size_t at = offset.value();
         for (const ColorRun& run : runs)
             for (std::uint32_t i = 0; i < run.length; ++i, ++at)
-                if (run.color != ColorRun::kKeep && at < text.size())
-                    formats[at].color = run.color;
+                if (run.color != ColorRun::kKeep && at < text.size()) formats[at].color = run.color;
         std::size_t first = 0;
         std::size_t last = text.size();
         while (first < last && formats[first] == before[first]) ++first;
@@ -148,7 +144,9 @@ class Model {
     Long Find(const std::string& incoming, std::optional<Long> start, std::optional<Long> stop,
               Long options) {
         const std::string wanted = paired(incoming);
-        const auto cut = [&](Long at) { return std::min(static_cast<std::size_t>(at), text.size()); };
+        const auto cut = [&](Long at) {
+            return std::min(static_cast<std::size_t>(at), text.size());
+        };
         const std::size_t from = start ? cut(*start) : begin();
         const std::size_t to =
             stop ? cut(*stop) : (!start && begin() != end() ? end() : text.size());
@@ -417,10 +415,10 @@ class Pair {
     void step() {
         using Step = void (Pair::*)();
         static constexpr Step kSteps[] = {
-            &Pair::setText, &Pair::selStart,   &Pair::selLength, &Pair::select,  &Pair::selText,
-            &Pair::selText, &Pair::replace,    &Pair::replace,   &Pair::replace, &Pair::move,
-            &Pair::format,  &Pair::lineFormat, &Pair::color,     &Pair::find,    &Pair::span,
-            &Pair::limits};
+            &Pair::setText, &Pair::selStart, &Pair::selLength, &Pair::select,
+            &Pair::selText, &Pair::selText,  &Pair::replace,   &Pair::replace,
+            &Pair::replace, &Pair::move,     &Pair::format,    &Pair::lineFormat,
+            &Pair::color,   &Pair::find,     &Pair::span,      &Pair::limits};
         (this->*kSteps[random_.below(std::size(kSteps))])();
     }
     void setText() {
@@ -495,8 +493,8 @@ class Pair {
         std::vector<ColorRun> runs;
         std::string code;
         for (std::size_t count = random_.below(6); count > 0; --count) {
-            const ColorRef color = random_.oneIn(4) ? ColorRun::kKeep
-                                                    : static_cast<ColorRef>(random_.below(3));
+            const ColorRef color =
+                random_.oneIn(4) ? ColorRun::kKeep : static_cast<ColorRef>(random_.below(3));
             runs.push_back({static_cast<std::uint32_t>(random_.below(5)), color});
             code += joined("{", runs.back().length, ", ", color, "}, ");
         }

@@ -66,9 +66,8 @@ class ColorCursor {
 };
 
 std::size_t totalLength(std::span<const ColorRun> runs) {
-    return std::accumulate(
-        runs.begin(), runs.end(), std::size_t{0},
-        [](std::size_t sum, const ColorRun& run) { return sum + run.length; });
+    return std::accumulate(runs.begin(), runs.end(), std::size_t{0},
+                           [](std::size_t sum, const ColorRun& run) { return sum + run.length; });
 }
 
 }  // namespace
@@ -87,8 +86,7 @@ UnitRange applyColors(FormatRuns<CharFormat>& formats, std::size_t begin,
             const ColorRun part = colors.take(end - at);
             const FormatId after = ids.idOf(before, part.color);
             appendRun(result, part.length, after);
-            if (after != before)
-                changed = {changed.empty() ? at : changed.begin, at + part.length};
+            if (after != before) changed = {changed.empty() ? at : changed.begin, at + part.length};
             at += part.length;
         }
         return true;

@@ -27,9 +27,8 @@ bool isPair(std::string_view text, std::size_t at) {
 
 std::string pairedCopy(std::string_view text) {
     std::string out;
-    out.reserve(text.size() +
-                static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n') +
-                                         std::count(text.begin(), text.end(), '\r')));
+    out.reserve(text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n') +
+                                                       std::count(text.begin(), text.end(), '\r')));
     std::size_t begin = 0;
     // Kept over the rounds: many CRs in front of a far LF must not search for it each time.
     std::size_t lf = text.find('\n');

@@ -16,7 +16,9 @@ std::size_t notNegative(Long value, const char* what) {
     return static_cast<std::size_t>(value);
 }
 
-Long toLong(std::size_t value) { return static_cast<Long>(value); }
+Long toLong(std::size_t value) {
+    return static_cast<Long>(value);
+}
 
 }  // namespace
 
@@ -24,7 +26,9 @@ RichTextBox::RichTextBox(const CharacterTable& characters) : characters_(charact
 
 // --- Text ----------------------------------------------------------------------------------------
 
-std::string RichTextBox::Text() const { return rope_.bytes(); }
+std::string RichTextBox::Text() const {
+    return rope_.bytes();
+}
 
 void RichTextBox::SetText(std::string_view text) {
     std::string storage;
@@ -39,14 +43,18 @@ Range RichTextBox::selection() const {
     return {std::min(anchor_, caret_), std::max(anchor_, caret_)};
 }
 
-Long RichTextBox::SelStart() const { return toLong(selection().begin().value()); }
+Long RichTextBox::SelStart() const {
+    return toLong(selection().begin().value());
+}
 
 void RichTextBox::SetSelStart(Long start) {
     const Offset offset = offsetOf(start);
     select(offset, offset);
 }
 
-Long RichTextBox::SelLength() const { return toLong(selection().length()); }
+Long RichTextBox::SelLength() const {
+    return toLong(selection().length());
+}
 
 void RichTextBox::SetSelLength(Long length) {
     const std::size_t wanted = notNegative(length, "SelLength is negative");
@@ -54,7 +62,9 @@ void RichTextBox::SetSelLength(Long length) {
     select(begin, begin + std::min(wanted, Offset(rope_.size()) - begin));
 }
 
-std::string RichTextBox::SelText() const { return rope_.bytes(selection()); }
+std::string RichTextBox::SelText() const {
+    return rope_.bytes(selection());
+}
 
 void RichTextBox::SetSelText(std::string_view text) {
     const Range removed = wholePairs(rope_, selection());
@@ -88,8 +98,8 @@ bool RichTextBox::userMove(Range range, Offset target) {
     const std::vector<FormatRun> formats =
         charFormats_.runs({source.begin().value(), source.end().value()});
     TrackedRange original(tracked_, source);
-    const Happening insertion = apply(
-        {place, place}, {.text = text, .characters = formats}, place + text.size());
+    const Happening insertion =
+        apply({place, place}, {.text = text, .characters = formats}, place + text.size());
     // The handlers may edit; the insertion comes first so that whatever they do no text is lost.
     TrackedRange moved(tracked_, Range::at(place, text.size()));
     announce(insertion);
@@ -148,8 +158,7 @@ void RichTextBox::edit(Range removed, const Insertion& insertion, Offset caret) 
     announce(apply(removed, insertion, caret));
 }
 
-RichTextBox::Happening RichTextBox::apply(Range removed, const Insertion& insertion,
-                                          Offset caret) {
+RichTextBox::Happening RichTextBox::apply(Range removed, const Insertion& insertion, Offset caret) {
     Happening happening;
     if (!removed.empty() || !insertion.text.empty()) {
         happening.edit = replaceText(removed, insertion.text);
@@ -214,7 +223,9 @@ void RichTextBox::announceFormats(Range range) {
 
 // --- Lines ---------------------------------------------------------------------------------------
 
-Long RichTextBox::GetLineCount() const { return toLong(rope_.breakCount() + 1); }
+Long RichTextBox::GetLineCount() const {
+    return toLong(rope_.breakCount() + 1);
+}
 
 Long RichTextBox::GetLineFromChar(Long offset) const {
     return toLong(rope_.lineOf(offsetOf(offset)).value());
@@ -253,8 +264,9 @@ void RichTextBox::checkInvariants() const {
     paragraphFormats_.checkInvariants();
     checkInvariant(charFormats_.length() == rope_.size(), "the formats cover the text");
     checkInvariant(paragraphFormats_.length() == rope_.breakCount() + 1,
-            "the paragraph formats cover the lines");
-    checkInvariant(std::max(anchor_, caret_).value() <= rope_.size(), "the selection lies in the text");
+                   "the paragraph formats cover the lines");
+    checkInvariant(std::max(anchor_, caret_).value() <= rope_.size(),
+                   "the selection lies in the text");
     const std::string text = rope_.bytes();
     std::string storage;
     checkInvariant(withCrLf(text, storage).data() == text.data(), "every line break is a pair");

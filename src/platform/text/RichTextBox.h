@@ -198,13 +198,13 @@ class RichTextBox {
 
     // --- Searching -----------------------------------------------------------------------------
     /// Searches `text` in the characters from `start` up to `end`. Without `start` the search
-    /// begins at SelStart; without `end` it goes to the end of the text, and without both to the end
-    /// of a selection that is not empty. `end` below `start` searches backward, for the last match
-    /// between them. Selects the match, unless FindNoHighlight is set, and returns its offset; -1,
-    /// and the selection as it was, when there is none or `text` is empty. Line breaks in `text`
-    /// become CR LF. Without FindMatchCase the case of letters does not count; with FindWholeWord
-    /// no letter, digit or underscore may stand beside the match. Cost: O(log n) and the bytes up
-    /// to the match.
+    /// begins at SelStart; without `end` it goes to the end of the text, and without both to the
+    /// end of a selection that is not empty. `end` below `start` searches backward, for the last
+    /// match between them. Selects the match, unless FindNoHighlight is set, and returns its
+    /// offset; -1, and the selection as it was, when there is none or `text` is empty. Line breaks
+    /// in `text` become CR LF. Without FindMatchCase the case of letters does not count; with
+    /// FindWholeWord no letter, digit or underscore may stand beside the match. Cost: O(log n) and
+    /// the bytes up to the match.
     Long Find(std::string_view text, std::optional<Long> start, std::optional<Long> end,
               Long options);
     /// Selects the run of characters that are in `set` (with `negate`: that are not in it) from

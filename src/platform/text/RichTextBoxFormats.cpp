@@ -16,9 +16,13 @@ std::int32_t toTwips(Long value) {
     return static_cast<std::int32_t>(std::clamp<Long>(value, Limits::min(), Limits::max()));
 }
 
-UnitRange unitsOf(Range range) { return {range.begin().value(), range.end().value()}; }
+UnitRange unitsOf(Range range) {
+    return {range.begin().value(), range.end().value()};
+}
 
-Range rangeOf(UnitRange units) { return {Offset(units.begin), Offset(units.end)}; }
+Range rangeOf(UnitRange units) {
+    return {Offset(units.begin), Offset(units.end)};
+}
 
 void setTabCount(std::vector<std::int32_t>& tabs, std::size_t count) {
     if (count < tabs.size()) tabs.resize(count);
@@ -54,18 +58,30 @@ void RichTextBox::setCharacterField(Value CharFormat::*field, Value value) {
 std::optional<ColorRef> RichTextBox::SelColor() const {
     return characterField(&CharFormat::color);
 }
-void RichTextBox::SetSelColor(ColorRef color) { setCharacterField(&CharFormat::color, color); }
+void RichTextBox::SetSelColor(ColorRef color) {
+    setCharacterField(&CharFormat::color, color);
+}
 
-std::optional<bool> RichTextBox::SelBold() const { return characterField(&CharFormat::bold); }
-void RichTextBox::SetSelBold(bool on) { setCharacterField(&CharFormat::bold, on); }
+std::optional<bool> RichTextBox::SelBold() const {
+    return characterField(&CharFormat::bold);
+}
+void RichTextBox::SetSelBold(bool on) {
+    setCharacterField(&CharFormat::bold, on);
+}
 
-std::optional<bool> RichTextBox::SelItalic() const { return characterField(&CharFormat::italic); }
-void RichTextBox::SetSelItalic(bool on) { setCharacterField(&CharFormat::italic, on); }
+std::optional<bool> RichTextBox::SelItalic() const {
+    return characterField(&CharFormat::italic);
+}
+void RichTextBox::SetSelItalic(bool on) {
+    setCharacterField(&CharFormat::italic, on);
+}
 
 std::optional<bool> RichTextBox::SelUnderline() const {
     return characterField(&CharFormat::underline);
 }
-void RichTextBox::SetSelUnderline(bool on) { setCharacterField(&CharFormat::underline, on); }
+void RichTextBox::SetSelUnderline(bool on) {
+    setCharacterField(&CharFormat::underline, on);
+}
 
 std::optional<bool> RichTextBox::SelStrikethru() const {
     return characterField(&CharFormat::strikeThrough);
@@ -77,7 +93,9 @@ void RichTextBox::SetSelStrikethru(bool on) {
 std::optional<bool> RichTextBox::SelProtected() const {
     return characterField(&CharFormat::isProtected);
 }
-void RichTextBox::SetSelProtected(bool on) { setCharacterField(&CharFormat::isProtected, on); }
+void RichTextBox::SetSelProtected(bool on) {
+    setCharacterField(&CharFormat::isProtected, on);
+}
 
 std::optional<Long> RichTextBox::SelCharOffset() const {
     return characterField(&CharFormat::charOffset);
@@ -96,8 +114,8 @@ void RichTextBox::colorRuns(Offset begin, std::span<const ColorRun> runs) {
     if (!changed.empty()) announceFormats(rangeOf(changed));
 }
 
-void RichTextBox::visitFormats(
-    Range range, const std::function<void(Range, const CharFormat&)>& visit) const {
+void RichTextBox::visitFormats(Range range,
+                               const std::function<void(Range, const CharFormat&)>& visit) const {
     charFormats_.visit(unitsOf(clamped(range)),
                        [&](std::size_t begin, std::size_t end, FormatId id) {
                            visit(rangeOf({begin, end}), charFormats_.format(id));

@@ -11,15 +11,13 @@ Long RichTextBox::Find(std::string_view text, std::optional<Long> start, std::op
                        Long options) {
     const bool within = !start && !end && !selection().empty();
     const Offset from = start ? offsetOf(*start) : selection().begin();
-    const Offset to =
-        end ? offsetOf(*end) : (within ? selection().end() : Offset(rope_.size()));
+    const Offset to = end ? offsetOf(*end) : (within ? selection().end() : Offset(rope_.size()));
     std::string storage;
-    const std::optional<Range> match =
-        findText(rope_, characters_, {std::min(from, to), std::max(from, to)},
-                 withCrLf(text, storage),
-                 {.wholeWord = (options & FindWholeWord) != 0,
-                  .matchCase = (options & FindMatchCase) != 0,
-                  .direction = to < from ? Direction::Backward : Direction::Forward});
+    const std::optional<Range> match = findText(
+        rope_, characters_, {std::min(from, to), std::max(from, to)}, withCrLf(text, storage),
+        {.wholeWord = (options & FindWholeWord) != 0,
+         .matchCase = (options & FindMatchCase) != 0,
+         .direction = to < from ? Direction::Backward : Direction::Forward});
     if (!match) return -1;
     if ((options & FindNoHighlight) == 0) select(match->begin(), match->end());
     return static_cast<Long>(match->begin().value());

@@ -24,7 +24,8 @@ FoldTable foldTable(const CharacterTable& characters, bool matchCase) {
 class Matcher {
   public:
     /// `pattern` stands in the order in which the bytes will come.
-    Matcher(std::string pattern, const FoldTable& fold) : fold_(fold), pattern_(std::move(pattern)) {
+    Matcher(std::string pattern, const FoldTable& fold)
+        : fold_(fold), pattern_(std::move(pattern)) {
         for (char& byte : pattern_) byte = folded(byte);
         fallBack_.push_back(0);
         for (std::size_t i = 1; i < pattern_.size(); ++i)
@@ -36,8 +37,8 @@ class Matcher {
     Iterator take(Iterator begin, Iterator end) {
         for (Iterator at = begin; at != end; ++at) {
             if (matched_ == 0) {
-                at = std::find_if(
-                    at, end, [&](char byte) { return folded(byte) == pattern_.front(); });
+                at = std::find_if(at, end,
+                                  [&](char byte) { return folded(byte) == pattern_.front(); });
                 if (at == end) break;
             }
             matched_ = extended(matched_, folded(*at));
@@ -73,13 +74,11 @@ bool standsAlone(const Rope& rope, const CharacterTable& characters, Range match
 template <typename Visit>
 void visitBytes(const Rope& rope, Range range, Direction direction, Visit&& visit) {
     if (direction == Direction::Forward)
-        rope.visitPieces(range, [&](std::string_view piece) {
-            return visit(piece.begin(), piece.end());
-        });
+        rope.visitPieces(range,
+                         [&](std::string_view piece) { return visit(piece.begin(), piece.end()); });
     else
-        rope.visitPiecesBackward(range, [&](std::string_view piece) {
-            return visit(piece.rbegin(), piece.rend());
-        });
+        rope.visitPiecesBackward(
+            range, [&](std::string_view piece) { return visit(piece.rbegin(), piece.rend()); });
 }
 
 /// The offset that lies `count` bytes from the end of `range` where the search begins.
@@ -123,13 +122,12 @@ CharacterSet::CharacterSet(std::string_view members, bool negate) {
 
 std::optional<Offset> findCharacter(const Rope& rope, Offset from, const CharacterSet& set,
                                     Direction direction) {
-    const Range range = direction == Direction::Forward ? Range{from, Offset(rope.size())}
-                                                        : Range{Offset(0), from};
+    const Range range =
+        direction == Direction::Forward ? Range{from, Offset(rope.size())} : Range{Offset(0), from};
     std::optional<Offset> found;
     std::size_t passed = 0;
     visitBytes(rope, range, direction, [&](auto begin, auto end) {
-        const auto hit =
-            std::find_if(begin, end, [&](char byte) { return set.contains(byte); });
+        const auto hit = std::find_if(begin, end, [&](char byte) { return set.contains(byte); });
         passed += static_cast<std::size_t>(hit - begin);
         if (hit != end) found = reached(range, direction, passed);
         return !found;
