@@ -105,6 +105,12 @@ int ownerCommandOf(const QKeyEvent& event) {
     return 0;
 }
 
+/// Joiners and direction marks count: the code pages of some languages have them.
+bool isWritten(QChar character) {
+    return character.isPrint() || character.isSurrogate() ||
+           character.category() == QChar::Other_Format;
+}
+
 int withCtrl(int ascii) {
     if (ascii == kAsciiEnter) return kAsciiCtrlEnter;
     if (ascii == kAsciiBackspace) return kAsciiCtrlBackspace;
@@ -128,7 +134,7 @@ int shiftOf(Qt::KeyboardModifiers modifiers) {
 
 bool makesCharacters(const QKeyEvent& event) {
     const QString text = event.text();
-    if (text.isEmpty() || !(text.front().isPrint() || text.front().isSurrogate())) return false;
+    if (text.isEmpty() || !isWritten(text.front())) return false;
     const auto modifiers = event.modifiers();
     const bool ctrl = modifiers.testFlag(Qt::ControlModifier);
     const bool alt = modifiers.testFlag(Qt::AltModifier);
