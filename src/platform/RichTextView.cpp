@@ -89,7 +89,7 @@ void RichTextView::textChanged(const TextEdit& edit) {
         rows_->setTop({});
     }
     changed();
-    input_->selectionChanged();
+    input_->textChanged(edit);
 }
 
 void RichTextView::formatChanged(Range range) {
