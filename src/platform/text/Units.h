@@ -69,8 +69,12 @@ class Range {
     Offset end_;
 };
 
-inline std::ostream& operator<<(std::ostream& out, Offset offset) { return out << offset.value(); }
-inline std::ostream& operator<<(std::ostream& out, LineIndex line) { return out << line.value(); }
+inline std::ostream& operator<<(std::ostream& out, Offset offset) {
+    return out << offset.value();
+}
+inline std::ostream& operator<<(std::ostream& out, LineIndex line) {
+    return out << line.value();
+}
 inline std::ostream& operator<<(std::ostream& out, Range range) {
     return out << '[' << range.begin() << ", " << range.end() << ')';
 }

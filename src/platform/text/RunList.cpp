@@ -1,0 +1,7 @@
+#include "platform/text/RunList.h"
+
+namespace brindlex {
+
+template class BasicRunList<64, 8>;
+
+}  // namespace brindlex

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+
+namespace brindlex::test {
+
+/// The bytes that are allocated with `new` at this moment and that have been since the start.
+struct AllocationCount {
+    std::size_t live;
+    std::size_t ever;
+};
+AllocationCount allocationCount();
+
+}  // namespace brindlex::test

@@ -1,0 +1,193 @@
+#include "platform/text/Rope.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "text/AllocationCount.h"
+#include "text/Random.h"
+
+namespace brindlex {
+namespace {
+
+template <typename RopeType>
+class RopeTest : public ::testing::Test {};
+
+using RopeTypes = ::testing::Types<BasicRope<4, 4>, BasicRope<5, 7>, BasicRope<16, 4>, Rope>;
+TYPED_TEST_SUITE(RopeTest, RopeTypes);
+
+/// Everything that the rope says of its text, asked at one place and as a whole.
+template <typename RopeType>
+void expectSame(const RopeType& rope, const std::string& text, std::size_t place) {
+    rope.checkInvariants();
+    ASSERT_EQ(rope.bytes(), text);
+    ASSERT_EQ(rope.size(), text.size());
+    const auto at = text.begin() + static_cast<std::ptrdiff_t>(place);
+    const auto line = std::count(text.begin(), at, '\n');
+    ASSERT_EQ(rope.lineOf(Offset(place)), LineIndex(static_cast<std::size_t>(line)));
+    const std::size_t start = place == 0 ? 0 : text.rfind('\n', place - 1) + 1;
+    ASSERT_EQ(rope.lineStart(rope.lineOf(Offset(place))), Offset(start));
+    ASSERT_EQ(rope.breakCount(), std::count(text.begin(), text.end(), '\n'));
+    if (place < text.size()) {
+        ASSERT_EQ(rope.at(Offset(place)), text[place]);
+    }
+}
+
+/// The pieces of a range, forward and backward, cut short after `most` pieces.
+template <typename RopeType>
+void expectPieces(const RopeType& rope, const std::string& text, Range range, std::size_t most) {
+    std::string forward;
+    std::size_t count = 0;
+    rope.visitPieces(range, [&](std::string_view piece) {
+        EXPECT_FALSE(piece.empty());
+        forward += piece;
+        return ++count < most;
+    });
+    std::string backward;
+    std::size_t backwardCount = 0;
+    rope.visitPiecesBackward(range, [&](std::string_view piece) {
+        backward.insert(0, piece);
+        return ++backwardCount < most;
+    });
+    const std::string whole = text.substr(range.begin().value(), range.length());
+    ASSERT_TRUE(whole.starts_with(forward));
+    ASSERT_TRUE(whole.ends_with(backward));
+    ASSERT_LE(std::max(count, backwardCount), most);
+    if (count < most) {
+        ASSERT_EQ(forward, whole);
+        ASSERT_EQ(backward, whole);
+    }
+}
+
+/// Edits at one place for a while, as a user does, then elsewhere.
+class Edits {
+  public:
+    explicit Edits(std::uint64_t seed) : random_(seed) {}
+
+    Range range(std::size_t size) {
+        if (random_.oneIn(4)) {
+            caret_ = random_.below(size + 1);
+        }
+        caret_ = std::min(caret_, size);
+        const std::size_t most = random_.oneIn(15) ? size : random_.oneIn(2) ? 0 : 6;
+        const std::size_t length = std::min(random_.below(most + 1), size - caret_);
+        return Range::at(Offset(caret_), length);
+    }
+    std::string text() {
+        const std::size_t most = random_.oneIn(20) ? 1500 : random_.oneIn(3) ? 0 : 5;
+        std::string result = random_.text(random_.below(most + 1), "abc\r\n\n");
+        caret_ += result.size();
+        return result;
+    }
+    test::Random& random() { return random_; }
+
+  private:
+    test::Random random_;
+    std::size_t caret_ = 0;
+};
+
+TYPED_TEST(RopeTest, BehavesAsAStringAndKeepsItsCopies) {
+    for (const std::uint64_t seed : test::seeds(12)) {
+        Edits edits(seed);
+        test::Journal journal("TypeParam rope;");
+        TypeParam rope;
+        std::string text;
+        std::vector<std::pair<TypeParam, std::string>> copies;
+        for (int step = 0; step < 500; ++step) {
+            const Range range = edits.range(text.size());
+            const std::string bytes = edits.text();
+            journal.add("rope.replace(Range::at(Offset(" + std::to_string(range.begin().value()) +
+                        "), " + std::to_string(range.length()) + "), " + test::literal(bytes) +
+                        ");");
+            if (edits.random().oneIn(3)) {
+                copies.emplace_back(rope, text);
+            }
+            rope.replace(range, bytes);
+            text.replace(range.begin().value(), range.length(), bytes);
+            expectSame(rope, text, edits.random().below(text.size() + 1));
+            const Range part = edits.range(text.size());
+            expectPieces(rope, text, part, edits.random().between(1, 40));
+            if (::testing::Test::HasFatalFailure()) {
+                FAIL() << "seed " << seed << '\n' << journal.text();
+            }
+        }
+        for (const auto& [copy, itsText] : copies) {
+            expectSame(copy, itsText, itsText.size() / 2);
+            ASSERT_EQ(copy == rope, itsText == text) << "seed " << seed << '\n' << journal.text();
+        }
+    }
+}
+
+TYPED_TEST(RopeTest, FindsTheStartOfEveryLine) {
+    std::string text;
+    for (std::size_t line = 0; line < 400; ++line) {
+        text += std::string(line % 13, 'x') + "\r\n";
+    }
+    const TypeParam rope(text);
+    std::size_t start = 0;
+    for (std::size_t line = 0; line <= 400; ++line) {
+        ASSERT_EQ(rope.lineStart(LineIndex(line)), Offset(start));
+        ASSERT_EQ(rope.lineOf(Offset(start)), LineIndex(line));
+        start += line % 13 + 2;
+    }
+}
+
+TYPED_TEST(RopeTest, EqualityIsOfTheBytesAndNotOfTheTree) {
+    const std::string text = test::Random(5).text(3000, "ab\n");
+    const TypeParam whole(text);
+    TypeParam grown;
+    for (const char byte : text) {
+        grown.replace(Range::at(Offset(grown.size()), 0), std::string(1, byte));
+    }
+    EXPECT_TRUE(whole == grown);
+    for (const std::size_t place : {0, 1500, 2999}) {
+        TypeParam other = grown;
+        other.replace(Range::at(Offset(place), 1), text[place] == 'a' ? "b" : "a");
+        EXPECT_FALSE(whole == other) << place;
+    }
+}
+
+TEST(RopeMemory, AKeptCopyCostsTheChangedPathAlone) {
+    for (const std::size_t size : {0UL, 100'000UL, 1'000'000UL, 10'000'000UL}) {
+        Rope rope(test::Random(size).text(size, "some letters\n"));
+        std::vector<Rope> kept;
+        constexpr std::size_t kSteps = 2000;
+        kept.reserve(kSteps);
+        const std::size_t before = test::allocationCount().live;
+        std::size_t most = 0;
+        for (std::size_t step = 0; step < kSteps; ++step) {
+            kept.push_back(rope);
+            const std::size_t ever = test::allocationCount().ever;
+            rope.replace(Range::at(Offset(size / 2 + step), 0), "x");
+            most = std::max(most, test::allocationCount().ever - ever);
+        }
+        EXPECT_LE((test::allocationCount().live - before) / kSteps, 1300U) << size;
+        // Now and then a chunk is full and becomes two.
+        EXPECT_LE(most, 3072U) << size;
+    }
+}
+
+TEST(RopeMemory, ARopeWithoutCopiesIsChangedInPlace) {
+    Rope rope(test::Random(1).text(1'000'000, "some letters\n"));
+    const std::size_t ever = test::allocationCount().ever;
+    for (std::size_t step = 0; step < 100; ++step) {
+        rope.replace(Range::at(Offset(500'000 + step), 0), "x");
+    }
+    EXPECT_EQ(test::allocationCount().ever, ever);
+}
+
+TEST(RopeMemory, EverythingIsGivenBack) {
+    const std::size_t before = test::allocationCount().live;
+    {
+        Rope rope(std::string(1'000'000, 'x'));
+        const Rope copy = rope;
+        rope.replace(Range::at(Offset(10), 900'000), "y");
+    }
+    EXPECT_EQ(test::allocationCount().live, before);
+}
+
+}  // namespace
+}  // namespace brindlex
