@@ -7,7 +7,9 @@
 namespace brindlex {
 
 /// A control's stored properties: key -> value, in the order in which they were first written. Keys
-/// are compared without regard to case. A value equal to its default is left out.
+/// are compared without regard to case. A value equal to its default is left out. Pictures
+/// (QPixmap, QImage) are equal by what they show; a picture with nothing in it equals an invalid
+/// value.
 class PropertyBag {
   public:
     /// The stored value; `defaultValue` when the key is absent or its value cannot become the type
@@ -23,6 +25,8 @@ class PropertyBag {
         QString key;
         QVariant value;
     };
+    std::vector<Entry>::const_iterator find(const QString& key) const;
+
     std::vector<Entry> entries_;
 };
 

@@ -8,6 +8,7 @@ namespace brindlex {
 /// logical resolution is that of the primary screen, 96 dots to the inch when there is none.
 class Twips {
   public:
+    /// Rounded to the nearest; what no int can hold is cut at its ends, no number gives 0.
     static int toPixels(double twips);
     static double fromPixels(double pixels);
 };

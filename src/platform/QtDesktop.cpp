@@ -1,0 +1,197 @@
+#include "platform/QtDesktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QUrl>
+
+#include "platform/Files.h"
+
+namespace brindlex {
+namespace {
+
+/// Over a dialog the pointer is normal, also while the program is busy.
+class NormalPointer {
+  public:
+    NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~NormalPointer() { QApplication::restoreOverrideCursor(); }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+};
+
+QString withLineFeeds(QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return text.replace('\r', '\n');
+}
+
+QMessageBox::Icon iconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::Warning:
+            return QMessageBox::Warning;
+        case BoxIcon::Question:
+            return QMessageBox::Question;
+        case BoxIcon::Critical:
+            return QMessageBox::Critical;
+        case BoxIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+struct ButtonSet {
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::StandardButton first;
+    QMessageBox::StandardButton escape;
+};
+
+ButtonSet buttonsOf(BoxButtons buttons) {
+    switch (buttons) {
+        case BoxButtons::YesNo:
+            return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+        case BoxButtons::YesNoCancel:
+            return {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+                    QMessageBox::Cancel};
+        case BoxButtons::Ok:
+            break;
+    }
+    return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+BoxAnswer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return BoxAnswer::Yes;
+        case QMessageBox::No:
+            return BoxAnswer::No;
+        case QMessageBox::Cancel:
+            return BoxAnswer::Cancel;
+        default:
+            return BoxAnswer::Ok;
+    }
+}
+
+/// The toolkit takes the patterns from the parentheses at the end of a filter's name.
+QString filterLine(const QString& name, QString pattern) {
+    pattern.replace(';', ' ');
+    if (name.trimmed().endsWith('(' + pattern + ')')) return name;
+    return name + QLatin1String(" (") + pattern + ')';
+}
+
+QStringList filterLines(const QStringList& pairs) {
+    QStringList lines;
+    for (qsizetype i = 0; i + 1 < pairs.size(); i += 2) lines += filterLine(pairs[i], pairs[i + 1]);
+    return lines;
+}
+
+/// The folder if it is there, else the one that the dialog would come up with.
+QString firstFolder(const QString& folder) {
+    const QString path = Files::toSystemPath(folder);
+    return QFileInfo(path).isDir() ? path : QString();
+}
+
+QUrl webPage(const QString& text) {
+    const QUrl url(text);
+    const bool web = url.scheme() == QLatin1String("http") ||
+                     url.scheme() == QLatin1String("https") ||
+                     url.scheme() == QLatin1String("mailto");
+    return web ? url : QUrl();
+}
+
+}  // namespace
+
+QtDesktop::~QtDesktop() {
+    setBusyPointer(false);
+}
+
+BoxAnswer QtDesktop::showBox(QWidget* owner, const MessageBox& box) {
+    const NormalPointer pointer;
+    const ButtonSet set = buttonsOf(box.buttons);
+    QMessageBox dialog(owner);
+    dialog.setTextFormat(Qt::PlainText);
+    dialog.setWindowTitle(box.title);
+    dialog.setText(withLineFeeds(box.text));
+    dialog.setIcon(iconOf(box.icon));
+    dialog.setStandardButtons(set.buttons);
+    dialog.setDefaultButton(set.first);
+    dialog.setEscapeButton(set.escape);
+    return answerOf(dialog.exec());
+}
+
+FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
+    const NormalPointer pointer;
+    QFileDialog dialog(owner, question.title, firstFolder(question.folder));
+    dialog.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setNameFilters(filterLines(question.filters));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Cancelled{};
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+std::optional<QString> QtDesktop::askFolder(QWidget* owner, const QString& title,
+                                            const QString& folder) {
+    const NormalPointer pointer;
+    const QString answer = QFileDialog::getExistingDirectory(owner, title, firstFolder(folder));
+    if (answer.isEmpty()) return std::nullopt;
+    return QDir::toNativeSeparators(answer);
+}
+
+std::optional<QColor> QtDesktop::askColor(QWidget* owner, const QString& title,
+                                          const QColor& color) {
+    const NormalPointer pointer;
+    const QColor answer = QColorDialog::getColor(color, owner, title);
+    return answer.isValid() ? std::optional(answer) : std::nullopt;
+}
+
+std::optional<QFont> QtDesktop::askFont(QWidget* owner, const QString& title, const QFont& font) {
+    const NormalPointer pointer;
+    bool accepted = false;
+    const QFont answer = QFontDialog::getFont(&accepted, font, owner, title);
+    return accepted ? std::optional(answer) : std::nullopt;
+}
+
+QString QtDesktop::clipboardText() {
+    return QGuiApplication::clipboard()->text();
+}
+
+void QtDesktop::setClipboardText(const QString& text) {
+    if (text.isEmpty())
+        QGuiApplication::clipboard()->clear();
+    else
+        QGuiApplication::clipboard()->setText(text);
+}
+
+void QtDesktop::beep() {
+    QApplication::beep();
+}
+
+bool QtDesktop::openDocument(const QString& pathOrUrl) {
+    if (const QUrl page = webPage(pathOrUrl); page.isValid())
+        return QDesktopServices::openUrl(page);
+    const QFileInfo file(Files::toSystemPath(pathOrUrl));
+    return !pathOrUrl.isEmpty() && file.exists() &&
+           QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
+}
+
+QDateTime QtDesktop::now() {
+    return QDateTime::currentDateTime();
+}
+
+void QtDesktop::setBusyPointer(bool busy) {
+    if (busy == busy_) return;
+    busy_ = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+}  // namespace brindlex

@@ -1,0 +1,32 @@
+#include "platform/Twips.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace brindlex {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+
+double dotsPerInch() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->logicalDotsPerInchX() : 96;
+}
+
+}  // namespace
+
+int Twips::toPixels(double twips) {
+    const double pixels = std::round(twips * dotsPerInch() / kTwipsPerInch);
+    if (std::isnan(pixels)) return 0;
+    using Int = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<double>(pixels, Int::min(), Int::max()));
+}
+
+double Twips::fromPixels(double pixels) {
+    return pixels * kTwipsPerInch / dotsPerInch();
+}
+
+}  // namespace brindlex
