@@ -9,10 +9,13 @@
 #include <vector>
 
 #include "platform/text/CharacterTable.h"
-#include "platform/text/FormatTable.h"
+#include "platform/text/ColorRuns.h"
+#include "platform/text/FormatRuns.h"
 #include "platform/text/Formats.h"
+#include "platform/text/RichTextFragment.h"
 #include "platform/text/Rope.h"
-#include "platform/text/RunList.h"
+#include "platform/text/Rtf.h"
+#include "platform/text/TrackedRange.h"
 #include "platform/text/Units.h"
 
 namespace brindlex {
@@ -38,13 +41,6 @@ class RichTextObserver {
     virtual void selectionChanged() = 0;
 };
 
-/// `length` bytes that take one colour, or keep theirs.
-struct ColorRun {
-    static constexpr ColorRef kKeep = 0xFFFFFFFF;
-    std::uint32_t length;
-    ColorRef color;
-};
-
 /// Bits of Find's options.
 enum FindOption : Long { FindWholeWord = 2, FindMatchCase = 4, FindNoHighlight = 8 };
 
@@ -54,12 +50,17 @@ enum FindOption : Long { FindWholeWord = 2, FindMatchCase = 4, FindNoHighlight =
 /// LF that comes in becomes CR LF, and a broken pair never exists. An insertion between CR and LF
 /// goes in front of the CR; a removal that touches one half of a pair takes both.
 ///
+/// Formats: inserted text takes the format of the character in front of it; at the start of a line
+/// that of the character behind it, and the default format where there is none. The lines that an
+/// edit makes or joins take the paragraph format of the first of them.
+///
 /// Events: an edit first changes the text, then the observer hears of it, then `onSelChange` runs
 /// if caret or selection changed, then `onChange`. All of it happens before the call returns.
-/// Handlers may call back into the box. An edit that removes and inserts nothing raises no Change;
-/// formats raise none either.
+/// Handlers may call back into the box, but not replace the handler that runs. An edit that removes
+/// and inserts nothing raises no Change; formats raise none either.
 ///
-/// Errors: a negative offset or length throws std::out_of_range; nothing else throws.
+/// Errors: a negative offset or length throws std::out_of_range and changes nothing; nothing else
+/// throws. An offset past the end means the end.
 /// Costs: with n bytes of text, an edit, a position or a line look-up is O(log n) plus the bytes it
 /// inserts or returns.
 class RichTextBox {
@@ -104,16 +105,21 @@ class RichTextBox {
 
     // --- What the user does --------------------------------------------------------------------
     /// Replaces a stretch on the user's behalf and puts the caret behind the new text. Refused
-    /// (false, nothing changed) when the box is locked or a protected character would change. Cut
-    /// to what MaxLength leaves room for.
+    /// (false, nothing changed) when the box is locked, when a protected character would go, and
+    /// between two protected characters. Cut to what MaxLength leaves room for. The new text does
+    /// not become protected by its neighbour, so that the user can correct it.
     bool userReplace(Range range, std::string_view text);
     /// As `userReplace`, but the moved text keeps its formats: the drop of a drag inside the box.
-    /// `target` is an offset before the move. The moved text is selected afterwards.
+    /// `target` is an offset before the move; within or beside `range` the text stays. The moved
+    /// text is selected afterwards. A move is two edits with their events, an insertion and a
+    /// removal, so that both can be undone; should a handler change the text that is about to be
+    /// removed, it stays.
     bool userMove(Range range, Offset target);
 
     bool Locked() const { return locked_; }
     void SetLocked(bool locked) { locked_ = locked; }
-    /// The most bytes that the text may have; 0 for no limit. Negative values are refused.
+    /// The most bytes that the text may grow to by whatever comes in; 0 for no limit. A longer text
+    /// that is there already stays. Negative values are refused.
     Long MaxLength() const { return maxLength_; }
     void SetMaxLength(Long length);
 
@@ -121,13 +127,14 @@ class RichTextBox {
     Long GetLineCount() const;
     /// The 0-based line that holds the offset; an offset past the end means the last line.
     Long GetLineFromChar(Long offset) const;
-    /// The offset of the first character of a 0-based line, -1 for a line past the last one; -1
+    /// The offset of the first character of a 0-based line, -1 for a line that does not exist; -1
     /// asks for the line of the caret.
     Long GetLineIndex(Long line) const;
-    /// The range of a line without its line break.
+    /// The range of a line without its line break; empty at the end for a line past the last.
     Range lineContent(LineIndex line) const;
 
     // --- Character format of the selection; unset means that the selection is mixed -------------
+    // With an empty selection: the format of the text that is inserted next, until the caret moves.
     std::optional<ColorRef> SelColor() const;
     void SetSelColor(ColorRef color);
     std::optional<bool> SelBold() const;
@@ -142,16 +149,18 @@ class RichTextBox {
     void SetSelProtected(bool on);
     std::optional<Long> SelCharOffset() const;
     void SetSelCharOffset(Long twips);
-    /// The format of the character at an offset before the end of the text.
+    /// The format of the character at an offset, at the end the default format. Valid until a
+    /// format is set.
     const CharFormat& formatAt(Offset offset) const;
-    /// Colours the bytes from `begin` on, run by run, without a look at the selection. The runs
-    /// must end at or before the end of the text. Cost: O(log n + runs).
+    /// Colours the bytes from `begin` on, run by run, without a look at the selection; what lies
+    /// past the end of the text is left out. Cost: O(log n + runs).
     void colorRuns(Offset begin, std::span<const ColorRun> runs);
     /// Calls `visit(Range, const CharFormat&)` for the runs of equal format within `range`.
     void visitFormats(Range range,
                       const std::function<void(Range, const CharFormat&)>& visit) const;
 
     // --- Paragraph format of the lines that the selection touches; lengths in twips -------------
+    // A line is touched when one of its characters is selected, or the caret stands in it.
     std::optional<Alignment> SelAlignment() const;
     void SetSelAlignment(Alignment alignment);
     std::optional<bool> SelBullet() const;
@@ -162,12 +171,16 @@ class RichTextBox {
     void SetSelHangingIndent(Long twips);
     std::optional<Long> SelRightIndent() const;
     void SetSelRightIndent(Long twips);
-    /// The number of tab stops; setting a larger one adds stops 720 twips apart.
+    /// The number of tab stops, kMaxTabStops at most; setting a larger one adds stops 720 twips
+    /// apart.
+    static constexpr Long kMaxTabStops = 32;
     std::optional<Long> SelTabCount() const;
     void SetSelTabCount(Long count);
-    /// Tab stop `index`, 0-based; unset when mixed, 0 for an index at or past SelTabCount.
+    /// Tab stop `index`, 0-based; unset when mixed, 0 for an index at or past SelTabCount. Setting
+    /// one that does not exist does nothing; the stops stay in rising order.
     std::optional<Long> SelTabs(Long index) const;
     void SetSelTabs(Long index, Long twips);
+    /// The format of a line, past the last one that of the last. Valid until a format is set.
     const ParagraphFormat& paragraphAt(LineIndex line) const;
 
     // --- Rich text -----------------------------------------------------------------------------
@@ -177,22 +190,28 @@ class RichTextBox {
     /// with "{\rtf" is taken as plain text.
     bool SetTextRTF(std::string_view rtf);
     std::string SelRTF() const;
+    /// Replaces the selection, as SetTextRTF does with the whole text, and leaves the caret behind
+    /// the new text. A line that is only part new keeps its paragraph format.
     bool SetSelRTF(std::string_view rtf);
     /// The font that RTF names for characters without one of their own; only written out.
     void setBaseFont(std::string name, int halfPoints);
 
     // --- Searching -----------------------------------------------------------------------------
-    /// Searches `text` between `start` and `end` (unset: from the caret, or within a selection that
-    /// is not empty; to the end of the text). `end` below `start` searches backward. Selects the
-    /// match, unless FindNoHighlight is set, and returns its offset; -1, and the selection as it
-    /// was, when there is none or `text` is empty. Without FindMatchCase the case of letters does
-    /// not count; with FindWholeWord no letter, digit or underscore may stand beside the match.
+    /// Searches `text` in the characters from `start` up to `end`. Without `start` the search
+    /// begins at SelStart; without `end` it goes to the end of the text, and without both to the
+    /// end of a selection that is not empty. `end` below `start` searches backward, for the last
+    /// match between them. Selects the match, unless FindNoHighlight is set, and returns its
+    /// offset; -1, and the selection as it was, when there is none or `text` is empty. Line breaks
+    /// in `text` become CR LF. Without FindMatchCase the case of letters does not count; with
+    /// FindWholeWord no letter, digit or underscore may stand beside the match. Cost: O(log n) and
+    /// the bytes up to the match.
     Long Find(std::string_view text, std::optional<Long> start, std::optional<Long> end,
               Long options);
-    /// Extends the selection from its start over the run of characters that are in `set` (with
-    /// `negate`: that are not in it), forward or backward.
+    /// Selects the run of characters that are in `set` (with `negate`: that are not in it) from
+    /// SelStart on, forward or backward; an empty run selects nothing there.
     void Span(std::string_view set, bool forward, bool negate);
-    /// Moves the caret up to the first character that is in `set` (with `negate`: not in it).
+    /// Moves the caret up to the first character that is in `set` (with `negate`: not in it) and
+    /// selects nothing. Caret and selection stay when there is none.
     void UpTo(std::string_view set, bool forward, bool negate);
 
     /// Recomputes every cached sum; aborts with a message on a difference. Debug builds call it
@@ -200,13 +219,71 @@ class RichTextBox {
     void checkInvariants() const;
 
   private:
+    /// What an edit puts in. Breaks are CR LF.
+    struct Insertion {
+        std::string_view text;
+        FormatId format = 0;                         ///< of the text, when `characters` is empty
+        std::span<const FormatRun> characters = {};  ///< as long as the text, or empty
+        std::span<const FormatRun> paragraphs = {};  ///< of the lines the edit leaves, or empty
+    };
+    /// What an edit or a move of the selection did, to be told to observer and handlers.
+    struct Happening {
+        std::optional<TextEdit> edit;
+        bool selectionMoved = false;
+    };
+
+    // --- The one door for change; `edit` and `select` are `announce` behind what they did --------
+    void edit(Range removed, const Insertion& insertion, Offset caret);
+    Happening apply(Range removed, const Insertion& insertion, Offset caret);
+    TextEdit replaceText(Range removed, std::string_view text);
+    void replaceParagraphs(const TextEdit& edit, std::span<const FormatRun> paragraphs);
+    bool moveSelection(Offset anchor, Offset caret);
+    void announce(const Happening& happening);
+    void announceFormats(Range range);
+
+    /// Normalises and cuts `text`, then edits; the caret goes behind it. `removed` splits no pair.
+    void insert(Range removed, std::string_view text, FormatId format);
+    enum class CaretPlace { Start, Behind };
+    void insertFragment(Range removed, const RichTextFragment& fragment, CaretPlace place);
+    void keepPartLines(Range removed, std::vector<FormatRun>& paragraphs) const;
+    std::size_t roomWithout(Range removed) const;
+    bool userMayReplace(Range range) const;
+    /// The format set for the next text, if what replaces `removed` is that text.
+    std::optional<FormatId> chosenFormat(Range removed) const;
+    FormatId inheritedFormat(Range removed) const;
+    /// Of text that SetSelText would put in the place of `removed`.
+    FormatId formatFor(Range removed) const {
+        return chosenFormat(removed).value_or(inheritedFormat(removed));
+    }
+    FormatId withoutProtection(FormatId format);
+
+    Offset offsetOf(Long offset) const;
+    Range clamped(Range range) const;
+    Range wholeText() const { return {Offset(0), Offset(rope_.size())}; }
+
+    template <typename Value>
+    std::optional<Value> characterField(Value CharFormat::*field) const;
+    template <typename Value>
+    void setCharacterField(Value CharFormat::*field, Value value);
+    UnitRange selectedLines() const;
+    template <typename Read>
+    auto commonOfParagraphs(Read&& read) const;
+    void changeParagraphs(const std::function<void(ParagraphFormat&)>& change);
+
+    RichTextFragment fragmentOf(Range range) const;
+
     const CharacterTable& characters_;
     Rope rope_;
-    RichTextObserver* observer_ = nullptr;
+    FormatRuns<CharFormat> charFormats_{0};
+    FormatRuns<ParagraphFormat> paragraphFormats_{1};
     Offset anchor_;
     Offset caret_;
+    std::optional<FormatId> nextFormat_;  // set for text inserted at the caret, until it moves
     bool locked_ = false;
     Long maxLength_ = 0;
+    RtfBaseFont baseFont_;
+    RichTextObserver* observer_ = nullptr;
+    TrackedRange* tracked_ = nullptr;
 };
 
 }  // namespace brindlex
