@@ -1,0 +1,138 @@
+#include "platform/InputMethod.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QRect>
+#include <algorithm>
+
+#include "platform/CaretActions.h"
+#include "platform/KeyInput.h"
+#include "platform/RichTextView.h"
+
+namespace brindlex {
+namespace {
+
+Offset clamped(Long offset, std::size_t end) {
+    return Offset(static_cast<std::size_t>(std::clamp<Long>(offset, 0, static_cast<Long>(end))));
+}
+
+Long number(Offset offset) { return static_cast<Long>(offset.value()); }
+
+}  // namespace
+
+InputMethod::InputMethod(RichTextView& view, CaretActions& actions, KeyInput& keys)
+    : view_(view), actions_(actions), keys_(keys) {
+    view_.setAttribute(Qt::WA_InputMethodEnabled);
+    view_.setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText);
+}
+
+void InputMethod::handle(QInputMethodEvent& event) {
+    if (view_.box().Locked()) {
+        event.ignore();
+        return;
+    }
+    view_.setPreedit({}, {});
+    if (event.replacementLength() > 0)
+        replaceRelative(event);
+    keys_.typeText(event.commitString());
+    select(event);
+    view_.setPreedit(event.preeditString(), event.attributes());
+    view_.ensureCaretVisible();
+    event.accept();
+}
+
+void InputMethod::replaceRelative(const QInputMethodEvent& event) {
+    if (!view_.box().selection().empty()) actions_.insert({});
+    const std::size_t length = view_.box().length();
+    const Offset begin = clamped(number(view_.box().caret()) + event.replacementStart(), length);
+    const Offset end = clamped(number(begin) + event.replacementLength(), length);
+    // what is selected gives way to the first committed character: one change of the text, not two
+    if (event.commitString().isEmpty())
+        actions_.replace({begin, end}, {});
+    else
+        actions_.select(begin, end);
+}
+
+void InputMethod::select(const QInputMethodEvent& event) {
+    for (const auto& attribute : event.attributes()) {
+        if (attribute.type != QInputMethodEvent::Selection) continue;
+        const std::size_t end = view_.box().length();
+        const Long anchor = number(surrounding().begin()) + attribute.start;
+        actions_.select(clamped(anchor, end), clamped(anchor + attribute.length, end));
+    }
+}
+
+void InputMethod::commit() {
+    if (view_.preedit().isEmpty()) return;
+    QInputMethod* method = QGuiApplication::inputMethod();
+    if (QGuiApplication::focusObject() == &view_) method->commit();
+    const QString left = view_.preedit();
+    if (left.isEmpty()) return;
+    // the input method did not answer; it must not do so later
+    view_.setPreedit({}, {});
+    keys_.typeText(left);
+    method->reset();
+}
+
+void InputMethod::update() const {
+    if (view_.hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImQueryInput);
+}
+
+QVariant InputMethod::answer(Qt::InputMethodQuery query) const {
+    const RichTextBox& box = view_.box();
+    const QPoint viewport = view_.viewport()->pos();
+    switch (query) {
+        case Qt::ImEnabled: return view_.isEnabled() && !box.Locked();
+        case Qt::ImReadOnly: return box.Locked();
+        case Qt::ImHints: return static_cast<int>(view_.inputMethodHints());
+        case Qt::ImFont: return view_.Font();
+        case Qt::ImCursorRectangle: return view_.caretRect().translated(viewport);
+        case Qt::ImAnchorRectangle:
+            return view_.characterRect(box.anchor()).translated(viewport);
+        case Qt::ImInputItemClipRectangle: return view_.viewport()->geometry();
+        case Qt::ImCursorPosition: return relative(box.caret());
+        case Qt::ImAnchorPosition: return relative(box.anchor());
+        case Qt::ImAbsolutePosition: return static_cast<int>(box.caret().value());
+        case Qt::ImSurroundingText: return textOf(surrounding());
+        case Qt::ImCurrentSelection: return currentSelection();
+        case Qt::ImTextBeforeCursor: return around(true);
+        case Qt::ImTextAfterCursor: return around(false);
+        case Qt::ImMaximumTextLength:
+            return box.MaxLength() > 0 ? QVariant(static_cast<int>(box.MaxLength())) : QVariant();
+        default: return {};
+    }
+}
+
+Range InputMethod::surrounding() const {
+    const CaretMotion units = actions_.motion();
+    const Offset caret = units.snapped(view_.box().caret());
+    const Offset start = units.lineStart(caret);
+    const std::size_t half = kSurrounding / 2;
+    return {caret - std::min(half, caret - start), std::min(units.lineEnd(caret), caret + half)};
+}
+
+QString InputMethod::textOf(Range range) const {
+    return view_.codePage().toUnicode(view_.box().rope().bytes(range));
+}
+
+int InputMethod::relative(Offset offset) const {
+    const Range range = surrounding();
+    return static_cast<int>(std::clamp(offset, range.begin(), range.end()) - range.begin());
+}
+
+QString InputMethod::currentSelection() const {
+    const Range selection = view_.box().selection();
+    // no input method works on more, and every step of the caret asks for it
+    return selection.length() <= kSurrounding ? textOf(selection) : QString();
+}
+
+QString InputMethod::around(bool before) const {
+    const Offset caret = view_.box().caret();
+    const std::size_t end = view_.box().length();
+    const std::size_t behind = std::min(kSurrounding, end - caret.value());
+    return before ? textOf({caret - std::min(kSurrounding, caret.value()), caret})
+                  : textOf(Range::at(caret, behind));
+}
+
+}  // namespace brindlex

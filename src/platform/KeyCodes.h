@@ -1,0 +1,46 @@
+#pragma once
+
+#include <Qt>
+
+class QKeyEvent;
+
+namespace brindlex {
+
+/// KeyCode of a key that has no virtual key code of its own (a letter with an accent, a media key).
+/// Never 0: 0 means that a handler consumed the key.
+inline constexpr int kOtherKeyCode = 231;
+
+/// The values of KeyAscii that the view itself gives a meaning.
+enum KeyAscii : int {
+    kAsciiCopy = 3,
+    kAsciiBackspace = 8,
+    kAsciiTab = 9,
+    kAsciiCtrlEnter = 10,
+    kAsciiEnter = 13,
+    kAsciiPaste = 22,
+    kAsciiCut = 24,
+    kAsciiUndo = 26,
+    kAsciiEscape = 27,
+    kAsciiCtrlBackspace = 127,
+};
+
+/// The virtual key code of a key: 13 Enter, 65 A, 38 Up ... Shifted signs give the code of their key
+/// on an American keyboard, as '(' gives 57.
+int keyCodeOf(const QKeyEvent& event);
+
+/// 1 Shift, 2 Ctrl, 4 Alt, summed up.
+int shiftOf(Qt::KeyboardModifiers modifiers);
+
+/// True when the key makes characters: event.text() is what it types. AltGr does (on some systems
+/// it is Ctrl and Alt together), a key with Ctrl or Alt alone does not.
+bool makesCharacters(const QKeyEvent& event);
+
+/// KeyAscii of a key that makes a control code: Enter, Backspace, Tab, Escape, Ctrl with a letter,
+/// and the other keys of the system for undo and the clipboard (Shift+Insert gives 22). 0 for all
+/// other keys.
+int controlCodeOf(const QKeyEvent& event);
+
+/// True for the keys that a menu may want: Ctrl with a letter.
+bool isCtrlLetter(const QKeyEvent& event);
+
+}  // namespace brindlex

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QPoint>
+
+#include "platform/AutoScroll.h"
+#include "platform/ClickCounter.h"
+#include "platform/text/Units.h"
+
+class QMouseEvent;
+
+namespace brindlex {
+
+class CaretActions;
+class RichTextView;
+class TextDragDrop;
+
+/// The mouse of a RichTextView: raises its events and selects by characters, by words (double
+/// click) or by lines (triple click). A press on the selection may become a drag.
+class MouseSelection {
+  public:
+    /// All three outlive this object.
+    MouseSelection(RichTextView& view, CaretActions& actions, TextDragDrop& dragDrop);
+
+    void press(QMouseEvent& event);
+    void move(QMouseEvent& event);
+    void release(QMouseEvent& event);
+    void doubleClick(QMouseEvent& event);
+    /// True when the timer was this object's.
+    bool timer(int timerId);
+
+  private:
+    enum class Unit { Character, Word, Line };
+    enum class Held {
+        Nothing,
+        Selecting,
+        OnSelection,  ///< pressed there: a drag, or a click that collapses the selection
+    };
+
+    void pressLeft(const QMouseEvent& event);
+    void begin(Unit unit, QPoint at);
+    void extendTo(QPoint at);
+    void startDrag();
+    void pastePrimary(QPoint at);
+    Range unitAt(QPoint at) const;
+    Offset positionAt(QPoint at) const;
+    Offset characterUnder(QPoint at) const;
+
+    RichTextView& view_;
+    CaretActions& actions_;
+    TextDragDrop& dragDrop_;
+    AutoScroll scroll_;
+    ClickCounter clicks_;
+    Held held_ = Held::Nothing;
+    Unit unit_ = Unit::Character;
+    Range first_;  // the unit where selecting began; it stays selected
+    QPoint pressedAt_;
+    bool clicking_ = false;  // the left button went down and a release makes a click
+};
+
+}  // namespace brindlex

@@ -1,0 +1,56 @@
+#include "platform/TextAttributes.h"
+
+#include <QFont>
+
+#include "platform/text/RichTextBox.h"
+
+namespace brindlex {
+namespace {
+
+QString entry(const char* name, const QString& value) {
+    return QLatin1String(name) + QLatin1Char(':') + value + QLatin1Char(';');
+}
+
+QString entry(const char* name, const char* value) { return entry(name, QLatin1String(value)); }
+
+QString colorEntry(ColorRef color) {
+    return entry("color", QStringLiteral("rgb(%1,%2,%3)")
+                              .arg(color & 0xFF)
+                              .arg(color >> 8 & 0xFF)
+                              .arg(color >> 16 & 0xFF));
+}
+
+QString fontEntries(const CharFormat& format, const QFont& font) {
+    const QString family =
+        format.fontName.empty() ? font.family() : QString::fromStdString(format.fontName);
+    const double points =
+        format.fontHalfPoints > 0 ? format.fontHalfPoints / 2.0 : font.pointSizeF();
+    return entry("font-family", QLatin1Char('"') + family + QLatin1Char('"')) +
+           entry("font-size", QStringLiteral("%1pt").arg(points));
+}
+
+}  // namespace
+
+FormatStretch formatStretchAt(const RichTextBox& box, Offset offset) {
+    const Range line = box.lineContent(box.rope().lineOf(offset));
+    FormatStretch found{{line.begin(), line.begin()}, {}};
+    box.visitFormats(line, [&](Range range, const CharFormat& format) {
+        const bool reached = found.range.end() > offset;
+        if (!reached) found = {range, format};
+    });
+    return found;
+}
+
+QString textAttributes(const CharFormat& format, const QFont& font) {
+    QString all = fontEntries(format, font) + colorEntry(format.color);
+    all += entry("font-weight", format.bold || font.bold() ? "bold" : "normal");
+    all += entry("font-style", format.italic || font.italic() ? "italic" : "normal");
+    all += entry("text-underline-style", format.underline || font.underline() ? "solid" : "none");
+    all += entry("text-line-through-style",
+                 format.strikeThrough || font.strikeOut() ? "solid" : "none");
+    if (format.charOffset != 0)
+        all += entry("text-position", format.charOffset > 0 ? "super" : "sub");
+    return all;
+}
+
+}  // namespace brindlex

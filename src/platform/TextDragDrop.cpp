@@ -1,0 +1,146 @@
+#include "platform/TextDragDrop.h"
+
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QTimer>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+#include "platform/CaretActions.h"
+#include "platform/RichTextView.h"
+#include "platform/TextMimeData.h"
+
+namespace brindlex {
+namespace {
+
+constexpr int kEdge = 16;  // pixels in which a hovering drag scrolls
+
+/// The first file of this machine among what is dragged; empty when there is none.
+QString fileOf(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    const auto file = std::find_if(urls.begin(), urls.end(),
+                                   [](const QUrl& url) { return url.isLocalFile(); });
+    return file == urls.end() ? QString() : file->toLocalFile();
+}
+
+}  // namespace
+
+TextDragDrop::TextDragDrop(RichTextView& view, CaretActions& actions)
+    : view_(view), actions_(actions), scroll_(view, kEdge) {
+    view_.setAcceptDrops(true);
+}
+
+void TextDragDrop::start() {
+    const Range range = view_.box().selection();
+    const Rope text = view_.box().rope();
+    const bool locked = view_.box().Locked();
+    auto* drag = new QDrag(&view_);  // the toolkit deletes it
+    drag->setMimeData(new TextMimeData(text, range, view_.codePage()));
+    dragged_ = range;
+    droppedHere_ = false;
+    const QPointer<QWidget> alive(&view_);
+    const Qt::DropAction done =
+        drag->exec(locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction,
+                   locked ? Qt::CopyAction : Qt::MoveAction);
+    if (!alive) return;
+    dragged_.reset();
+    if (done != Qt::MoveAction || droppedHere_) return;
+    // other code may have edited while the drag was under way
+    const Rope& now = view_.box().rope();
+    if (range.end().value() <= now.size() && now.bytes(range) == text.bytes(range))
+        actions_.replace(range, {});
+}
+
+void TextDragDrop::enter(QDragEnterEvent& event) { accept(event); }
+
+void TextDragDrop::move(QDragMoveEvent& event) {
+    if (!accept(event)) return;
+    const QPoint at = event.position().toPoint();
+    scroll_.follow(at);
+    if (takesFile(*event.mimeData()))
+        view_.setDropCaret(std::nullopt);
+    else
+        view_.setDropCaret(positionAt(at));
+}
+
+void TextDragDrop::leave() {
+    scroll_.stop();
+    view_.setDropCaret(std::nullopt);
+}
+
+void TextDragDrop::drop(QDropEvent& event) {
+    leave();
+    if (!accept(event)) return;
+    if (takesFile(*event.mimeData())) return openFile(fileOf(*event.mimeData()));
+    droppedHere_ = dragged_.has_value();
+    if (!dropText(event, positionAt(event.position().toPoint()))) return event.ignore();
+    view_.activateWindow();
+    view_.setFocus(Qt::OtherFocusReason);
+}
+
+bool TextDragDrop::timer(int timerId) {
+    if (!scroll_.owns(timerId)) return false;
+    scroll_.step();
+    view_.setDropCaret(positionAt(scroll_.pointer()));
+    return true;
+}
+
+bool TextDragDrop::accept(QDropEvent& event) const {
+    const QMimeData& data = *event.mimeData();
+    const bool file = takesFile(data);
+    if (!file && (view_.box().Locked() || !data.hasText() || !fileOf(data).isEmpty())) {
+        event.ignore();
+        return false;
+    }
+    event.setDropAction(file ? Qt::CopyAction : actionFor(event));
+    event.accept();
+    return true;
+}
+
+Qt::DropAction TextDragDrop::actionFor(const QDropEvent& event) const {
+    if (!dragged_) return event.proposedAction();
+    return event.modifiers().testFlag(Qt::ControlModifier) ? Qt::CopyAction : Qt::MoveAction;
+}
+
+bool TextDragDrop::takesFile(const QMimeData& data) const {
+    return view_.onFileDropped && !fileOf(data).isEmpty();
+}
+
+void TextDragDrop::openFile(const QString& path) {
+    // later: the program that the file comes from waits until the drop is done, and opening may ask
+    QTimer::singleShot(0, &view_, [&view = view_, path] {
+        if (view.onFileDropped) view.onFileDropped(path);
+    });
+}
+
+bool TextDragDrop::dropText(QDropEvent& event, Offset target) {
+    RichTextBox& box = view_.box();
+    if (!dragged_) {
+        const QString text = event.mimeData()->text();
+        return insertAt(target, view_.codePage().fromUnicode(text));
+    }
+    const Range range{std::min(dragged_->begin(), Offset(box.length())),
+                      std::min(dragged_->end(), Offset(box.length()))};
+    if (event.dropAction() == Qt::CopyAction) return insertAt(target, box.rope().bytes(range));
+    const bool moved = box.userMove(range, target);
+    view_.ensureCaretVisible();
+    return moved;
+}
+
+bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {
+    if (!actions_.replace({target, target}, bytes)) return false;
+    // a handler of the change may have selected something of its own
+    const RichTextBox& box = view_.box();
+    if (box.selection().empty() && box.caret() > target) actions_.select(target, box.caret());
+    return true;
+}
+
+Offset TextDragDrop::positionAt(QPoint point) const {
+    return actions_.motion().snapped(view_.positionAt(point));
+}
+
+}  // namespace brindlex

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string_view>
+
+#include "platform/AutoScroll.h"
+#include "platform/text/Units.h"
+
+class QDragEnterEvent;
+class QDragMoveEvent;
+class QDropEvent;
+class QMimeData;
+
+namespace brindlex {
+
+class CaretActions;
+class RichTextView;
+
+/// Text dragged out of a RichTextView and into it. A drag within the view moves the text, with Ctrl
+/// it copies; text from elsewhere is inserted and selected; a file is handed to the view's owner.
+class TextDragDrop {
+  public:
+    /// Both outlive this object.
+    TextDragDrop(RichTextView& view, CaretActions& actions);
+
+    /// Drags the selection; returns when it was dropped or given up. Text that was moved to another
+    /// program is removed.
+    void start();
+    void enter(QDragEnterEvent& event);
+    void move(QDragMoveEvent& event);
+    void leave();
+    void drop(QDropEvent& event);
+    /// True when the timer was this object's.
+    bool timer(int timerId);
+
+  private:
+    bool accept(QDropEvent& event) const;
+    Qt::DropAction actionFor(const QDropEvent& event) const;
+    bool takesFile(const QMimeData& data) const;
+    void openFile(const QString& path);
+    bool dropText(QDropEvent& event, Offset target);
+    bool insertAt(Offset target, std::string_view bytes);
+    Offset positionAt(QPoint point) const;
+
+    RichTextView& view_;
+    CaretActions& actions_;
+    AutoScroll scroll_;
+    std::optional<Range> dragged_;  // set while a drag that began here is under way
+    bool droppedHere_ = false;
+};
+
+}  // namespace brindlex
