@@ -21,7 +21,7 @@ struct CharFormat {
     bool strikeThrough = false;
     bool isProtected = false;         ///< the user cannot change or remove the character
     std::int32_t charOffset = 0;      ///< twips above (negative: below) the base line
-    std::string fontName;             ///< empty: the control's font
+    std::string fontName{};           ///< empty: the control's font
     std::int32_t fontHalfPoints = 0;  ///< size in half points; 0: the control's size
 
     bool operator==(const CharFormat&) const = default;
@@ -36,7 +36,7 @@ struct ParagraphFormat {
     std::int32_t hangingIndent = 0;  ///< of the further lines, from `indent`
     std::int32_t rightIndent = 0;    ///< from the right edge
     bool bullet = false;
-    std::vector<std::int32_t> tabs;  ///< tab stops from the left edge, rising; empty: every 720
+    std::vector<std::int32_t> tabs{};  ///< tab stops from the left edge, rising; empty: every 720
 
     bool operator==(const ParagraphFormat&) const = default;
 };
