@@ -17,7 +17,9 @@ std::optional<QString> followLinks(QString path) {
         const QFileInfo info(path);
         if (info.exists()) return info.canonicalFilePath();
         if (!info.isSymbolicLink()) return path;
-        path = QFileInfo(info.canonicalPath() + '/' + info.fileName()).symLinkTarget();
+        // A ".." in the link counts from the folder that the link really stands in.
+        const QString folder = QFileInfo(info.path()).canonicalFilePath();
+        path = QFileInfo(folder + '/' + info.fileName()).symLinkTarget();
     }
     return std::nullopt;
 }

@@ -61,6 +61,7 @@ std::optional<std::string> readOpened(QFile& file) {
 }  // namespace
 
 QString Files::toSystemPath(const QString& path) {
+    if (path.contains(QChar(0))) return {};
     QString slashed = path;
     slashed.replace('\\', '/');
     // The toolkit takes a leading colon for the files inside the program.

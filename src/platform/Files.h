@@ -14,7 +14,8 @@ namespace brindlex {
 namespace Files {
 
 /// The path as this system writes it, with each component in the case that it has on the disk (on a
-/// disk that ignores case: as it was written). What does not exist stays as it was written.
+/// disk that ignores case: as it was written). What does not exist stays as it was written. Empty
+/// for a path with a NUL, which no system can have.
 QString toSystemPath(const QString& path);
 
 /// Whether a plain file, not hidden, stands at exactly this name (but for case). False for an empty

@@ -20,10 +20,17 @@ namespace {
 /// Over a dialog the pointer is normal, also while the program is busy.
 class NormalPointer {
   public:
-    NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~NormalPointer() { QApplication::restoreOverrideCursor(); }
+    NormalPointer() : busy_(QApplication::overrideCursor() != nullptr) {
+        if (busy_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~NormalPointer() {
+        if (busy_) QApplication::restoreOverrideCursor();
+    }
     NormalPointer(const NormalPointer&) = delete;
     NormalPointer& operator=(const NormalPointer&) = delete;
+
+  private:
+    bool busy_;
 };
 
 QString withLineFeeds(QString text) {
@@ -79,16 +86,18 @@ BoxAnswer answerOf(int button) {
     }
 }
 
-/// The toolkit takes the patterns from the parentheses at the end of a filter's name.
-QString filterLine(const QString& name, QString pattern) {
-    pattern.replace(';', ' ');
-    if (name.trimmed().endsWith('(' + pattern + ')')) return name;
-    return name + QLatin1String(" (") + pattern + ')';
+/// The toolkit takes the patterns from the last parentheses and, told to hide details, shows what
+/// stands before them. Its "*.*" would leave out names without a point.
+QString filterLine(const QString& name, const QString& patterns) {
+    QStringList list = patterns.split(';', Qt::SkipEmptyParts);
+    list.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+    return name + QLatin1String(" (") + list.join(' ') + ')';
 }
 
 QStringList filterLines(const QStringList& pairs) {
     QStringList lines;
-    for (qsizetype i = 0; i + 1 < pairs.size(); i += 2) lines += filterLine(pairs[i], pairs[i + 1]);
+    for (qsizetype i = 0; i + 1 < pairs.size(); i += 2)
+        lines += filterLine(pairs[i], pairs[i + 1]);
     return lines;
 }
 
@@ -131,6 +140,7 @@ FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
     QFileDialog dialog(owner, question.title, firstFolder(question.folder));
     dialog.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filterLines(question.filters));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Cancelled{};
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
