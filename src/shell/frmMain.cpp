@@ -57,6 +57,7 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
       layout_(controls()),
       position_(*this, surroundings.settings) {
     setObjectName(QStringLiteral("frmMain"));
+    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
     timerAutoSave_.setInterval(60000);
     wireEditor();
     makeShortcuts();

@@ -110,7 +110,7 @@ class frmMain : public QWidget {
     StatusPanes statusPanes_;
     QListWidget* List4_;
     CompletionTip* Picture2_;
-    QTimer timerAutoSave_;
+    QTimer timerAutoSave_{this};
     Document document_;
     EditCommands editCommands_;
     MainLayout layout_;
