@@ -32,30 +32,31 @@ char16_t standIn(std::size_t byte) {
     return static_cast<char16_t>(byte < 0xA0 ? byte : 0xF700 + byte);
 }
 
-/// What the toolkit makes of a byte that stands alone.
-char16_t decodeByte(QStringDecoder& decoder, std::size_t byte) {
-    const char character = static_cast<char>(byte);
-    decoder.resetState();
-    const QString text = decoder.decode(QByteArrayView(&character, 1));
-    const bool defined =
-        text.size() == 1 && !decoder.hasError() && text[0] != QChar::ReplacementCharacter;
-    return defined ? text[0].unicode() : standIn(byte);
-}
-
 bool allDiffer(UnicodeTable table) {
     std::sort(table.begin(), table.end());
     return std::adjacent_find(table.begin(), table.end()) == table.end();
 }
 
-/// Nothing when the toolkit knows no 8-bit code page of this name.
-std::optional<UnicodeTable> decoderTable(const QByteArray& name) {
-    QStringDecoder decoder(name.constData());
+/// The upper half of every 8-bit code page defines more; that of a multi-byte one defines less.
+constexpr int kLeastDefined = 80;
+
+/// Nothing when the decoder is not that of an 8-bit code page.
+std::optional<UnicodeTable> decoderTable(QStringDecoder decoder) {
     if (!decoder.isValid()) return std::nullopt;
+    QByteArray upperHalf;
+    for (int byte = 0x80; byte <= 0xFF; ++byte) upperHalf += static_cast<char>(byte);
+    const QString text = decoder.decode(upperHalf);
+    const qsizetype undefined = text.count(QChar(QChar::ReplacementCharacter));
+    if (text.size() != upperHalf.size() || text.size() - undefined < kLeastDefined)
+        return std::nullopt;
+
     UnicodeTable table = westernTable();
-    for (std::size_t byte = 0x80; byte < table.size(); ++byte)
-        table[byte] = decodeByte(decoder, byte);
-    if (!allDiffer(table)) return std::nullopt;
-    return table;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<std::size_t>(0x80 + i);
+        const bool defined = text[i] != QChar::ReplacementCharacter;
+        table[byte] = defined ? text[i].unicode() : standIn(byte);
+    }
+    return allDiffer(table) ? std::optional(table) : std::nullopt;
 }
 
 CharacterTable charactersOf(const UnicodeTable& unicode, int number) {
@@ -142,14 +143,6 @@ QString environmentLocale() {
     return QLocale::system().name();
 }
 
-CodePage makeSystem() {
-#ifdef Q_OS_WIN
-    return CodePage::windows(static_cast<int>(GetACP()));
-#else
-    return CodePage::ofLocale(environmentLocale());
-#endif
-}
-
 struct Replacement {
     char16_t character;
     const char* text;
@@ -191,13 +184,19 @@ qsizetype clusterLength(QStringView text, qsizetype at) {
 }  // namespace
 
 const CodePage& CodePage::system() {
-    static const CodePage page = makeSystem();
+    static const CodePage page = [] {
+#ifdef Q_OS_WIN
+        if (const auto table = decoderTable(QStringDecoder(QStringDecoder::System)))
+            return CodePage(charactersOf(*table, static_cast<int>(GetACP())));
+#endif
+        return ofLocale(environmentLocale());
+    }();
     return page;
 }
 
 CodePage CodePage::ofLocale(const QString& name) {
     if (const auto named = characterSetOf(name)) {
-        if (const auto table = decoderTable(named->name))
+        if (const auto table = decoderTable(QStringDecoder(named->name.constData())))
             return CodePage(charactersOf(*table, named->number));
     }
     return windows(numberForLanguage(QLocale(name), name.endsWith(QLatin1String("@latin"))));
@@ -205,7 +204,8 @@ CodePage CodePage::ofLocale(const QString& name) {
 
 CodePage CodePage::windows(int number) {
     if (number == 874 || (number >= 1250 && number <= 1258)) {
-        if (const auto table = decoderTable("windows-" + QByteArray::number(number)))
+        const QByteArray name = "windows-" + QByteArray::number(number);
+        if (const auto table = decoderTable(QStringDecoder(name.constData())))
             return CodePage(charactersOf(*table, number));
     }
     return CodePage(charactersOf(westernTable(), 1252));

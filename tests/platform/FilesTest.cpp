@@ -196,6 +196,21 @@ TEST(Files, PermissionsAndOwnerStay) {
     EXPECT_EQ(after.st_gid, before.st_gid);
 }
 
+TEST(Files, AFileOfAnotherUserStaysHis) {
+    if (getuid() != 0) GTEST_SKIP() << "only root can make files of two users";
+    const TempFolder folder;
+    folder.put("a.script", "old");
+    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0666), 0);
+    ASSERT_EQ(chown(folder.at().c_str(), kNobody, kNobody), 0);
+    EXPECT_TRUE(
+        inChild([&] { return becomePlainUser() && Files::write(folder.path("a.script"), "new"); }));
+    struct stat after {};
+    stat(folder.at("a.script").c_str(), &after);
+    EXPECT_EQ(after.st_uid, 0U);
+    EXPECT_EQ(folder.get("a.script"), "new");
+    EXPECT_EQ(folder.count(), 1);
+}
+
 TEST(Files, ANameOfTheGreatestLengthCanBeWritten) {
     const TempFolder folder;
     const std::string name(255, 'n');

@@ -141,9 +141,9 @@ void RtfReader::literalText(std::string_view bytes) {
 void RtfReader::literalByte(char byte) {
     const bool endsEntry = byte == ';';
     if (endsEntry && state_.destination == RtfDestination::FontTable) {
-        openFont_ = 0;
+        fonts_.end();
     } else if (endsEntry && state_.destination == RtfDestination::ColorTable) {
-        colors_.push_back(std::exchange(openColor_, 0));
+        colors_.endEntry();
     } else {
         put(decoded(static_cast<unsigned char>(byte)));
     }
@@ -185,7 +185,7 @@ void RtfReader::endFallback() {
 
 void RtfReader::put(char byte) {
     if (state_.destination == RtfDestination::FontTable) {
-        appendToFontName(byte);
+        fonts_.append(byte);
     } else if (state_.destination != RtfDestination::Text) {
         return;
     } else if (byte == '\r' || byte == '\n') {
@@ -243,7 +243,8 @@ void RtfReader::addLine() {
     ++lines.back().count;
 }
 
-// --- Tables --------------------------------------------------------------------------------------
+// --- Code pages, fonts, tabs
+// --------------------------------------------------------------------------------------
 
 char RtfReader::decoded(unsigned char byte) const {
     const std::int32_t source = codePage();
@@ -255,71 +256,33 @@ char RtfReader::decoded(unsigned char byte) const {
 
 std::int32_t RtfReader::codePage() const {
     const bool inTable = state_.destination == RtfDestination::FontTable;
-    const Font& font = inTable ? fonts_[openFont_] : currentFont();
+    const RtfFont& font = inTable ? fonts_.open() : fonts_.font(state_.characters.font);
     return font.codePage == 0 ? documentCodePage_ : font.codePage;
 }
 
-std::uint32_t RtfReader::fontIndex(std::int32_t number) const {
-    const auto found = fontsByNumber_.find(number);
-    return found == fontsByNumber_.end() ? 0 : found->second;
-}
-
-const RtfReader::Font& RtfReader::currentFont() const {
-    const std::uint32_t index = state_.characters.font;
-    return fonts_[index == 0 ? fontIndex(defaultFont_) : index];
-}
-
 void RtfReader::font(std::int32_t number) {
-    if (state_.destination != RtfDestination::FontTable) {
-        state_.characters.font = fontIndex(number);
-        return;
+    if (state_.destination == RtfDestination::FontTable) {
+        fonts_.begin(number);
+    } else {
+        state_.characters.font = fonts_.indexOf(number);
     }
-    const auto next = static_cast<std::uint32_t>(fonts_.size());
-    const auto [entry, isNew] = fontsByNumber_.try_emplace(number, next);
-    openFont_ = entry->second;
-    if (isNew) fonts_.emplace_back();
-    fonts_[openFont_] = {};
-}
-
-void RtfReader::setFontCharset(std::int32_t charset) {
-    if (openFont_ != 0) fonts_[openFont_].codePage = rtfCodePageOf(charset);
-}
-
-void RtfReader::appendToFontName(char byte) {
-    if (openFont_ == 0) return;
-    std::string& name = fonts_[openFont_].name;
-    if (name.size() < kMaxRtfFontName) name += byte;
 }
 
 void RtfReader::beginColorTable() {
     state_.destination = RtfDestination::ColorTable;
     colors_.clear();
-    openColor_ = 0;
-}
-
-void RtfReader::setColorPart(unsigned shift, std::int32_t value) {
-    const auto part = static_cast<ColorRef>(std::clamp(value, 0, 255));
-    openColor_ = (openColor_ & ~(ColorRef{255} << shift)) | (part << shift);
-}
-
-ColorRef RtfReader::color(std::int32_t number) const {
-    const auto index = static_cast<std::size_t>(number);
-    return number >= 0 && index < colors_.size() ? colors_[index] : 0;
 }
 
 void RtfReader::addTab(std::int32_t twips) {
-    const std::uint32_t previous = state_.paragraph.lastTab;
-    const std::uint32_t count = previous == 0 ? 1 : tabs_[previous - 1].count + 1;
-    if (count > kMaxRtfTabs) return;
-    tabs_.push_back({twips, previous, count});
-    state_.paragraph.lastTab = static_cast<std::uint32_t>(tabs_.size());
+    RtfParagraph& paragraph = state_.paragraph;
+    paragraph.tabs = tabs_.added(paragraph.tabs, twips);
 }
 
 // --- Formats -------------------------------------------------------------------------------------
 
 CharFormat RtfReader::charFormat() const {
     const RtfCharacters& from = state_.characters;
-    const std::string& font = currentFont().name;
+    const std::string& font = fonts_.font(from.font).name;
     const std::int32_t halfPoints = std::clamp(from.halfPoints, 0, kMaxRtfHalfPoints);
     CharFormat format;
     format.color = from.color;
@@ -342,11 +305,7 @@ ParagraphFormat RtfReader::paragraphFormat() const {
     format.hangingIndent = wrapped(-unsignedOf(from.firstIndent));
     format.rightIndent = from.rightIndent;
     format.bullet = from.bullet;
-    for (std::uint32_t tab = from.lastTab; tab != 0; tab = tabs_[tab - 1].previous) {
-        format.tabs.push_back(tabs_[tab - 1].twips);
-    }
-    std::sort(format.tabs.begin(), format.tabs.end());
-    format.tabs.erase(std::unique(format.tabs.begin(), format.tabs.end()), format.tabs.end());
+    format.tabs = tabs_.stops(from.tabs);
     return format;
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +10,7 @@
 #include "platform/text/CharacterTable.h"
 #include "platform/text/RichTextFragment.h"
 #include "platform/text/Rtf.h"
+#include "platform/text/RtfTables.h"
 #include "platform/text/RtfTokens.h"
 
 namespace brindlex {
@@ -29,7 +29,7 @@ struct RtfCharacters {
     ColorRef color = 0;
     std::int32_t charOffset = 0;
     std::int32_t halfPoints = 0;  ///< 0 or below: not named
-    std::uint32_t font = 0;       ///< index into the fonts; 0: the document's default
+    std::uint32_t font = 0;       ///< index into the RtfFontTable
     bool bold = false;
     bool italic = false;
     bool underline = false;
@@ -45,7 +45,7 @@ struct RtfParagraph {
     std::int32_t leftIndent = 0;   ///< of all lines
     std::int32_t firstIndent = 0;  ///< of the first line, from `leftIndent`
     std::int32_t rightIndent = 0;
-    std::uint32_t lastTab = 0;  ///< 1-based index of the newest tab stop; 0: none
+    std::uint32_t tabs = 0;  ///< a list of RtfTabs
     bool bullet = false;
     bool operator==(const RtfParagraph&) const = default;
 };
@@ -75,26 +75,13 @@ class RtfReader {
     void unicode(std::int32_t value);
     void addTab(std::int32_t twips);
     void setCodePage(std::int32_t codePage) { documentCodePage_ = codePage; }
-    void setDefaultFont(std::int32_t number) { defaultFont_ = number; }
     /// In the font table: begins the entry of a font. In the text: takes that font.
     void font(std::int32_t number);
-    void setFontCharset(std::int32_t charset);
     void beginColorTable();
-    /// `shift`: where the part stands in a ColorRef.
-    void setColorPart(unsigned shift, std::int32_t value);
-    ColorRef color(std::int32_t number) const;
+    RtfFontTable& fonts() { return fonts_; }
+    RtfColorTable& colors() { return colors_; }
 
   private:
-    struct Font {
-        std::string name;
-        std::int32_t codePage = 0;  // 0: the document's
-    };
-    struct Tab {
-        std::int32_t twips;
-        std::uint32_t previous;
-        std::uint32_t count;  // with all previous ones
-    };
-
     bool apply(const RtfToken& token);
     void endGroup();
     void applyWord(const RtfToken& token, bool ignorable);
@@ -113,9 +100,6 @@ class RtfReader {
 
     char decoded(unsigned char byte) const;
     std::int32_t codePage() const;
-    std::uint32_t fontIndex(std::int32_t number) const;
-    const Font& currentFont() const;
-    void appendToFontName(char byte);
     CharFormat charFormat() const;
     ParagraphFormat paragraphFormat() const;
 
@@ -136,13 +120,9 @@ class RtfReader {
     bool unknownPending_ = false;  // a character that the code page lacks wants its fallback
 
     std::int32_t documentCodePage_ = 1252;
-    std::int32_t defaultFont_ = -1;
-    std::vector<Font> fonts_{1};  // the first stands for the control's own
-    std::map<std::int32_t, std::uint32_t> fontsByNumber_;
-    std::uint32_t openFont_ = 0;  // whose entry the font table is at; 0: none
-    std::vector<ColorRef> colors_;
-    ColorRef openColor_ = 0;
-    std::vector<Tab> tabs_;  // of all paragraphs, each linked to the one before it
+    RtfFontTable fonts_;
+    RtfColorTable colors_;
+    RtfTabs tabs_;
 };
 
 }  // namespace brindlex

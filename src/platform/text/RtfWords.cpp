@@ -50,7 +50,7 @@ constexpr auto skip = turnTo<RtfDestination::Nowhere>;
 
 template <unsigned kShift>
 void setColorPart(RtfReader& reader, RtfNumber number) {
-    reader.setColorPart(kShift, number.value_or(0));
+    reader.colors().setPart(kShift, number.value_or(0));
 }
 
 template <int kSign>
@@ -96,16 +96,16 @@ void setCodePage(RtfReader& reader, RtfNumber number) {
     reader.setCodePage(number.value_or(0));
 }
 void setDefaultFont(RtfReader& reader, RtfNumber number) {
-    reader.setDefaultFont(number.value_or(0));
+    reader.fonts().setDefault(number.value_or(0));
 }
 void setFont(RtfReader& reader, RtfNumber number) {
     reader.font(number.value_or(0));
 }
 void setCharset(RtfReader& reader, RtfNumber number) {
-    reader.setFontCharset(number.value_or(0));
+    reader.fonts().setCharset(number.value_or(0));
 }
 void setColor(RtfReader& reader, RtfNumber number) {
-    reader.state().characters.color = reader.color(number.value_or(0));
+    reader.state().characters.color = reader.colors().color(number.value_or(0));
 }
 void setSize(RtfReader& reader, RtfNumber number) {
     reader.state().characters.halfPoints = number.value_or(0);

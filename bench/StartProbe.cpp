@@ -1,0 +1,59 @@
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/QtDesktop.h"
+#include "platform/SettingsStore.h"
+#include "shell/Module1.h"
+#include "shell/frmMain.h"
+
+namespace {
+
+/// Ends the process when the window has painted for the first time, with the milliseconds since
+/// the process began its work on standard output.
+class FirstPaint : public QObject {
+  public:
+    FirstPaint(QWidget& window, const QElapsedTimer& clock) : clock_(clock) {
+        window.installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::UpdateRequest && event->type() != QEvent::Paint) return false;
+        watched->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, [this] { report(); }, Qt::QueuedConnection);
+        return false;
+    }
+
+  private:
+    void report() const {
+        std::printf("%.3f\n", static_cast<double>(clock_.nsecsElapsed()) / 1e6);
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+    const QElapsedTimer& clock_;
+};
+
+}  // namespace
+
+/// Usage: start_probe empty|program    Starts an empty window of the toolkit, or the program with
+/// an empty document, and prints how long it took to the end of the first painting.
+int main(int argc, char** argv) {
+    QElapsedTimer clock;
+    clock.start();
+    QApplication application(argc, argv);
+    if (argc == 2 && qstrcmp(argv[1], "empty") == 0) {
+        QWidget window;
+        const FirstPaint firstPaint(window, clock);
+        window.resize(930, 740);
+        window.show();
+        return QApplication::exec();
+    }
+    const QTemporaryDir folder;
+    brindlex::QtDesktop desktop;
+    brindlex::SettingsStore settings(folder.path());
+    brindlex::Program program({desktop, settings, folder.path(), {}, [] {}});
+    const FirstPaint firstPaint(program.mainWindow(), clock);
+    brindlex::Main(program);
+    return QApplication::exec();
+}
