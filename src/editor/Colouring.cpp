@@ -4,7 +4,6 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/LineColorizer.h"
-#include "editor/RopeLines.h"
 
 namespace brindlex {
 namespace {
@@ -49,11 +48,6 @@ Offset endOfTouchedLines(const RichTextBox& box, Offset caret) {
     const LineIndex line = box.rope().lineOf(caret);
     const Offset end = box.lineContent(line).end();
     return end >= caret ? end : box.lineContent(line + 1).end();
-}
-
-/// Room for the colours of ordinary scripts, in which a token and its blank take about eight bytes.
-std::size_t expectedRuns(Range lines) {
-    return lines.length() / 8 + 16;
 }
 
 }  // namespace
@@ -111,13 +105,8 @@ void KELP_RTBSyntax::colorize(Range lines) {
 void KELP_RTBSyntax::ColorizeBlock(Range lines) {
     commentCharLen_ = static_cast<int>(Syntax_CommentChar().size());
     stringCharLen_ = static_cast<int>(Syntax_StringChar().size());
-    LineColorizer colorizer(lists_, stringChar_, classColors());
-    colorizer.reserve(expectedRuns(lines));
-    forEachLine(box().rope(), lines, [&colorizer](std::string_view line, bool hasBreak) {
-        colorizer.colorizeLine(line);
-        if (hasBreak) colorizer.keep(2);
-    });
-    box().colorRuns(lines.begin(), colorizer.runs());
+    box().colorRuns(lines.begin(),
+                    colorsOfLines(box().rope(), lines, lists_, stringChar_, classColors()));
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {

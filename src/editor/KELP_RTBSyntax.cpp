@@ -28,7 +28,7 @@ const CommandKey* commandKey(int CommandKey::*code, int value) {
 }
 
 template <typename... Parameters, typename... Arguments>
-void raise(const std::function<void(Parameters...)>& event, Arguments&&... arguments) {
+void notifyHost(const std::function<void(Parameters...)>& event, Arguments&&... arguments) {
     if (event) event(std::forward<Arguments>(arguments)...);
 }
 
@@ -45,19 +45,19 @@ void KELP_RTBSyntax::connectView() {
     box().onChange = [this] { rtb_Change(); };
     box().onSelChange = [this] { rtb_SelChange(); };
     RichTextView& view = rtb();
-    view.onClick = [this] { raise(onClick); };
-    view.onDblClick = [this] { raise(onDblClick); };
+    view.onClick = [this] { notifyHost(onClick); };
+    view.onDblClick = [this] { notifyHost(onDblClick); };
     view.onKeyDown = [this](int& KeyCode, int Shift) { rtb_KeyDown(KeyCode, Shift); };
-    view.onKeyUp = [this](int& KeyCode, int Shift) { raise(onKeyUp, KeyCode, Shift); };
+    view.onKeyUp = [this](int& KeyCode, int Shift) { notifyHost(onKeyUp, KeyCode, Shift); };
     view.onKeyPress = [this](int& KeyAscii) { rtb_KeyPress(KeyAscii); };
     view.onMouseDown = [this](int Button, int Shift, double x, double y) {
-        raise(onMouseDown, Button, Shift, x, y);
+        notifyHost(onMouseDown, Button, Shift, x, y);
     };
     view.onMouseMove = [this](int Button, int Shift, double x, double y) {
-        raise(onMouseMove, Button, Shift, x, y);
+        notifyHost(onMouseMove, Button, Shift, x, y);
     };
     view.onMouseUp = [this](int Button, int Shift, double x, double y) {
-        raise(onMouseUp, Button, Shift, x, y);
+        notifyHost(onMouseUp, Button, Shift, x, y);
     };
 }
 
@@ -66,7 +66,7 @@ void KELP_RTBSyntax::resizeEvent(QResizeEvent*) {
 }
 
 void KELP_RTBSyntax::rtb_SelChange() {
-    raise(onSelChange);
+    notifyHost(onSelChange);
     prevSelStart_ = curSelStart_;
     curSelStart_ = SelStart();
 }
@@ -75,10 +75,10 @@ void KELP_RTBSyntax::rtb_KeyDown(int& KeyCode, int Shift) {
     const CommandKey* key = Shift == kCtrl ? commandKey(&CommandKey::keyCode, KeyCode) : nullptr;
     if (key != nullptr) {
         KeyCode = 0;
-        raise(commands_.*key->command);
+        notifyHost(commands_.*key->command);
         return;
     }
-    raise(onKeyDown, KeyCode, Shift);
+    notifyHost(onKeyDown, KeyCode, Shift);
     if (KeyCode != kTab) return;
     KeyCode = 0;
     SetSelText("\t");
@@ -87,11 +87,11 @@ void KELP_RTBSyntax::rtb_KeyDown(int& KeyCode, int Shift) {
 void KELP_RTBSyntax::rtb_KeyPress(int& KeyAscii) {
     const CommandKey* key = commandKey(&CommandKey::keyAscii, KeyAscii);
     if (key == nullptr) {
-        raise(onKeyPress, KeyAscii);
+        notifyHost(onKeyPress, KeyAscii);
         return;
     }
     KeyAscii = 0;
-    raise(commands_.*key->command);
+    notifyHost(commands_.*key->command);
 }
 
 }  // namespace brindlex

@@ -13,12 +13,6 @@ WordHash hashOf(std::string_view lowerWord) {
     return hash;
 }
 
-std::size_t firstSlot(std::uint32_t hash, std::size_t slots) {
-    constexpr std::uint32_t kSpread = 0x9E3779B1;
-    const std::uint32_t spread = hash * kSpread;
-    return (spread ^ (spread >> 15)) & (slots - 1);
-}
-
 }  // namespace
 
 WordTable::WordTable(const CharacterTable& characters)
@@ -28,25 +22,14 @@ void WordTable::add(std::string_view lowerWord, WordClass wordClass) {
     const WordHash hash = hashOf(lowerWord);
     if (slots_[slotOf(lowerWord, hash)].length != 0) return;
     if (2 * (used_ + 1) > slots_.size()) grow();
-    slots_[slotOf(lowerWord, hash)] = {hash.value(), static_cast<std::uint32_t>(lowerWord.size()),
+    slots_[slotOf(lowerWord, hash)] = {hash, static_cast<std::uint32_t>(lowerWord.size()),
                                        bytes_.size(), wordClass};
     bytes_ += lowerWord;
     ++used_;
 }
 
-WordClass WordTable::find(std::string_view word, WordHash hash) const {
-    return slots_[slotOf(word, hash)].wordClass;
-}
-
-std::size_t WordTable::slotOf(std::string_view word, WordHash hash) const {
-    std::size_t slot = firstSlot(hash.value(), slots_.size());
-    while (slots_[slot].length != 0 && !holds(slots_[slot], word, hash))
-        slot = (slot + 1) & (slots_.size() - 1);
-    return slot;
-}
-
 bool WordTable::holds(const Slot& slot, std::string_view word, WordHash hash) const {
-    if (slot.hash != hash.value() || slot.length != word.size()) return false;
+    if (slot.hash != hash || slot.length != word.size()) return false;
     const char* stored = bytes_.data() + slot.begin;
     for (const char byte : word)
         if (characters_.lower(byte) != *stored++) return false;
@@ -57,7 +40,7 @@ void WordTable::grow() {
     std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(slots_.size() * 2));
     for (const Slot& slot : old) {
         if (slot.length == 0) continue;
-        std::size_t place = firstSlot(slot.hash, slots_.size());
+        std::size_t place = slot.hash.spread() & (slots_.size() - 1);
         while (slots_[place].length != 0) place = (place + 1) & (slots_.size() - 1);
         slots_[place] = slot;
     }

@@ -16,7 +16,13 @@ class WordHash {
   public:
     /// `lower` is the lower-case partner of the next byte of the word.
     void add(std::uint8_t lower) { value_ = value_ * 31 + lower; }
-    std::uint32_t value() const { return value_; }
+    bool operator==(const WordHash&) const = default;
+    /// The hash with what all its bits tell in the low ones.
+    std::uint32_t spread() const {
+        constexpr std::uint32_t kGoldenRatio = 0x9E3779B1;
+        const std::uint32_t product = value_ * kGoldenRatio;
+        return product ^ (product >> 15);
+    }
 
   private:
     std::uint32_t value_ = 0;
@@ -31,18 +37,25 @@ class WordTable {
     /// `lowerWord` is in lower case. A word that is there already keeps its class.
     void add(std::string_view lowerWord, WordClass wordClass);
     /// `hash` is that of `word`. ClassNormal for a word that is not in the table.
-    WordClass find(std::string_view word, WordHash hash) const;
+    WordClass find(std::string_view word, WordHash hash) const {
+        return slots_[slotOf(word, hash)].wordClass;
+    }
 
   private:
     struct Slot {
-        std::uint32_t hash = 0;
+        WordHash hash;
         std::uint32_t length = 0;  // 0: the slot is free
         std::size_t begin = 0;     // in bytes_
         WordClass wordClass = ClassNormal;
     };
 
     /// The slot of the word, or the free one where it would go.
-    std::size_t slotOf(std::string_view word, WordHash hash) const;
+    std::size_t slotOf(std::string_view word, WordHash hash) const {
+        std::size_t slot = hash.spread() & (slots_.size() - 1);
+        while (slots_[slot].length != 0 && !holds(slots_[slot], word, hash))
+            slot = (slot + 1) & (slots_.size() - 1);
+        return slot;
+    }
     bool holds(const Slot& slot, std::string_view word, WordHash hash) const;
     void grow();
 

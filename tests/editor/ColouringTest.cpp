@@ -87,19 +87,15 @@ TEST(Colouring, AWholeTextTakesTheColoursOfItsTokens) {
         for (int round = 0; round < 60; ++round) {
             giveRandomSyntax(random, editor);
             editor.SetText(randomText(random, random.below(40)));
-            if (random.oneIn(2)) {
+            const bool paintedOver = random.oneIn(2);
+            if (paintedOver) {
                 paintAll(editor, kUntouched);
                 editor.ReColorize();
             }
             const std::string text = editor.Text();
-            const bool repainted = !text.empty() && colorsOf(editor).front() != 0;
-            std::vector<ColorRef> expected(text.size(), 0);
-            const std::vector<ColorRef> actual = colorsOf(editor);
+            std::vector<ColorRef> expected(text.size(), paintedOver ? kUntouched : 0);
             NaiveColouring(editor).paint(text, 0, text.size(), expected);
-            for (std::size_t i = 0; repainted && i < text.size(); ++i) {
-                if (expected[i] == 0 && actual[i] == kUntouched) expected[i] = kUntouched;
-            }
-            ASSERT_EQ(actual, expected) << "seed " << seed << ", " << describe(editor);
+            ASSERT_EQ(colorsOf(editor), expected) << "seed " << seed << ", " << describe(editor);
         }
     }
 }
@@ -121,6 +117,7 @@ TEST(Colouring, AnEditColoursTheLinesThatItTouched) {
                 static_cast<std::size_t>(editor.SelStart()), expected);
         };
         for (int edit = 0; edit < 300; ++edit) {
+            expected.clear();
             const auto length = editor.Text().size();
             const std::size_t from = random.below(length + 2);
             if (random.oneIn(2)) {
@@ -134,9 +131,9 @@ TEST(Colouring, AnEditColoursTheLinesThatItTouched) {
             } else {
                 editor.SetSelText(randomText(random, random.oneIn(3) ? random.below(4) : 0));
             }
+            if (expected.empty()) continue;  // nothing changed, or nothing is left
             ASSERT_EQ(editor.PrevSelStart(), editor.SelStart());
             ASSERT_EQ(editor.CurSelStart(), editor.SelStart());
-            if (expected.size() != editor.Text().size()) continue;
             ASSERT_EQ(colorsOf(editor), expected)
                 << "seed " << seed << ", edit " << edit << ", " << describe(editor);
         }
@@ -164,15 +161,15 @@ TEST(Colouring, LongListsKeepTheirWordsApart) {
     std::string even = " ";
     std::string odd = " ";
     for (int word = 0; word < 2000; ++word) {
-        (word % 2 == 0 ? even : odd) += "w" + std::to_string(word) + ' ';
+        (word % 2 == 0 ? even : odd) += std::to_string(word) + "w ";
     }
     editor.SetSyntax_ReservedWords(even);
     editor.SetSyntax_Objects(odd + even);
     for (int word = 0; word < 2000; ++word) {
-        ASSERT_EQ(editor.ClassifyWord("W" + std::to_string(word)),
+        ASSERT_EQ(editor.ClassifyWord(std::to_string(word) + 'W'),
                   word % 2 == 0 ? ClassReserved : ClassObject);
     }
-    EXPECT_EQ(editor.ClassifyWord("w2000"), ClassNormal);
+    EXPECT_EQ(editor.ClassifyWord("2000w"), ClassNormal);
 }
 
 /// The words of the script language, in the user's colours.
@@ -202,7 +199,7 @@ TEST(Colouring, TheScriptLanguage) {
 
     const std::vector<std::string> words = scriptKeywords();
     const auto count = [&words](const char* word) { return std::ranges::count(words, word); };
-    EXPECT_EQ(words.size(), 163U);
+    EXPECT_EQ(words.size(), 120U);
     EXPECT_EQ(words.front(), "");
     EXPECT_EQ(words.back(), "");
     EXPECT_EQ(count(""), 4);
