@@ -10,11 +10,15 @@
 namespace brindlex {
 namespace {
 
-int number(Offset offset) { return static_cast<int>(offset.value()); }
+int number(Offset offset) {
+    return static_cast<int>(offset.value());
+}
 
 }  // namespace
 
-AccessibleEvents::AccessibleEvents(RichTextView& view) : view_(view) { installRichTextAccessible(); }
+AccessibleEvents::AccessibleEvents(RichTextView& view) : view_(view) {
+    installRichTextAccessible();
+}
 
 void AccessibleEvents::textChanged(const TextEdit& edit) {
     if (!QAccessible::isActive()) {
@@ -30,17 +34,15 @@ void AccessibleEvents::tellRemoved(const TextEdit& edit) {
     // nobody may have listened when the removed text was put in
     const std::size_t before = view_.box().length() - edit.inserted + edit.removed.length();
     if (edit.removed.empty() || known_.size() != before) return;
-    QAccessibleTextRemoveEvent event(
-        &view_, number(edit.removed.begin()),
-        told(known_, edit.removed.begin(), edit.removed.length()));
+    QAccessibleTextRemoveEvent event(&view_, number(edit.removed.begin()),
+                                     told(known_, edit.removed.begin(), edit.removed.length()));
     QAccessible::updateAccessibility(&event);
 }
 
 void AccessibleEvents::tellInserted(const TextEdit& edit) {
     if (edit.inserted == 0) return;
-    QAccessibleTextInsertEvent event(
-        &view_, number(edit.removed.begin()),
-        told(view_.box().rope(), edit.removed.begin(), edit.inserted));
+    QAccessibleTextInsertEvent event(&view_, number(edit.removed.begin()),
+                                     told(view_.box().rope(), edit.removed.begin(), edit.inserted));
     QAccessible::updateAccessibility(&event);
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+#include <cstddef>
+
 #include "platform/text/RichTextBox.h"
 #include "platform/text/Rope.h"
 #include "platform/text/Units.h"

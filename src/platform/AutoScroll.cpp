@@ -16,7 +16,9 @@ int outside(int value, int first, int last) {
     return std::min(value - first, 0) + std::max(value - last, 0);
 }
 
-int sign(int value) { return (value > 0) - (value < 0); }
+int sign(int value) {
+    return (value > 0) - (value < 0);
+}
 
 }  // namespace
 
@@ -42,8 +44,7 @@ QPoint AutoScroll::pointer() const {
 }
 
 QPoint AutoScroll::distance() const {
-    const QRect calm =
-        view_.viewport()->rect().adjusted(margin_, margin_, -margin_, -margin_);
+    const QRect calm = view_.viewport()->rect().adjusted(margin_, margin_, -margin_, -margin_);
     return {outside(pointer_.x(), calm.left(), calm.right()),
             outside(pointer_.y(), calm.top(), calm.bottom())};
 }

@@ -13,34 +13,50 @@ namespace {
 /// motion that does not keep the column.
 int rowsOf(Motion motion, int page) {
     switch (motion) {
-        case Motion::RowUp: return -1;
-        case Motion::RowDown: return 1;
-        case Motion::PageUp: return -page;
-        case Motion::PageDown: return page;
-        default: return 0;
+        case Motion::RowUp:
+            return -1;
+        case Motion::RowDown:
+            return 1;
+        case Motion::PageUp:
+            return -page;
+        case Motion::PageDown:
+            return page;
+        default:
+            return 0;
     }
 }
 
 }  // namespace
 
-CaretMotion CaretActions::motion() const { return {view_.box().rope(), view_.box().characters()}; }
+CaretMotion CaretActions::motion() const {
+    return {view_.box().rope(), view_.box().characters()};
+}
 
 void CaretActions::perform(const EditAction& action) {
     using Kind = EditAction::Kind;
     const RichTextBox& box = view_.box();
     switch (action.kind) {
-        case Kind::Move: return move(action.motion, false);
-        case Kind::Select: return move(action.motion, true);
-        case Kind::Delete: return remove(action.motion);
-        case Kind::DeleteLine: replace(motion().lineAt(box.caret()), {}); return;
+        case Kind::Move:
+            return move(action.motion, false);
+        case Kind::Select:
+            return move(action.motion, true);
+        case Kind::Delete:
+            return remove(action.motion);
+        case Kind::DeleteLine:
+            replace(motion().lineAt(box.caret()), {});
+            return;
         case Kind::SelectAll:
             // not brought into view: the caret goes to the end, the reader stays where he is
             view_.box().select(Offset(0), Offset(box.length()));
             return offerPrimarySelection(view_);
-        case Kind::Deselect: return select(box.caret(), box.caret());
-        case Kind::ScrollUp: return view_.lineScroll(-1);
-        case Kind::ScrollDown: return view_.lineScroll(1);
-        case Kind::ToggleOverwrite: return view_.setOverwriteMode(!view_.overwriteMode());
+        case Kind::Deselect:
+            return select(box.caret(), box.caret());
+        case Kind::ScrollUp:
+            return view_.lineScroll(-1);
+        case Kind::ScrollDown:
+            return view_.lineScroll(1);
+        case Kind::ToggleOverwrite:
+            return view_.setOverwriteMode(!view_.overwriteMode());
     }
 }
 
@@ -114,15 +130,24 @@ void CaretActions::moveByRows(int rows, bool extend) {
 Offset CaretActions::target(Motion motion, Offset from) const {
     const CaretMotion units = this->motion();
     switch (motion) {
-        case Motion::NextCharacter: return units.next(from);
-        case Motion::PreviousCharacter: return units.previous(from);
-        case Motion::NextWord: return units.nextWord(from);
-        case Motion::PreviousWord: return units.previousWord(from);
-        case Motion::LineStart: return units.lineStart(from);
-        case Motion::LineEnd: return units.lineEnd(from);
-        case Motion::TextStart: return Offset(0);
-        case Motion::TextEnd: return Offset(view_.box().length());
-        default: return from;
+        case Motion::NextCharacter:
+            return units.next(from);
+        case Motion::PreviousCharacter:
+            return units.previous(from);
+        case Motion::NextWord:
+            return units.nextWord(from);
+        case Motion::PreviousWord:
+            return units.previousWord(from);
+        case Motion::LineStart:
+            return units.lineStart(from);
+        case Motion::LineEnd:
+            return units.lineEnd(from);
+        case Motion::TextStart:
+            return Offset(0);
+        case Motion::TextEnd:
+            return Offset(view_.box().length());
+        default:
+            return from;
     }
 }
 

@@ -79,7 +79,9 @@ Range CaretMotion::wordAt(Offset offset) const {
     return {startOfRun(at, kind), endOfRun(at, kind)};
 }
 
-Offset CaretMotion::lineStart(Offset offset) const { return lineAt(offset).begin(); }
+Offset CaretMotion::lineStart(Offset offset) const {
+    return lineAt(offset).begin();
+}
 
 Offset CaretMotion::lineEnd(Offset offset) const {
     const Range line = lineAt(offset);

@@ -42,9 +42,9 @@ struct EditAction {
     bool operator==(const EditAction&) const = default;
 };
 
-/// The action that the system's key bindings give to a key; unset for all others. Ctrl with a letter
-/// never deletes, whatever the system says: a menu entry that is disabled at the moment must not
-/// leave its shortcut to a deletion.
+/// The action that the system's key bindings give to a key; unset for all others. Ctrl with a
+/// letter never deletes, whatever the system says: a menu entry that is disabled at the moment must
+/// not leave its shortcut to a deletion.
 std::optional<EditAction> editActionOf(const QKeyEvent& event);
 
 }  // namespace brindlex

@@ -17,7 +17,9 @@ Offset clamped(Long offset, std::size_t end) {
     return Offset(static_cast<std::size_t>(std::clamp<Long>(offset, 0, static_cast<Long>(end))));
 }
 
-Long number(Offset offset) { return static_cast<Long>(offset.value()); }
+Long number(Offset offset) {
+    return static_cast<Long>(offset.value());
+}
 
 }  // namespace
 
@@ -33,8 +35,7 @@ void InputMethod::handle(QInputMethodEvent& event) {
         return;
     }
     view_.setPreedit({}, {});
-    if (event.replacementLength() > 0)
-        replaceRelative(event);
+    if (event.replacementLength() > 0) replaceRelative(event);
     keys_.typeText(event.commitString());
     select(event);
     view_.setPreedit(event.preeditString(), event.attributes());
@@ -75,32 +76,53 @@ void InputMethod::commit() {
     method->reset();
 }
 
-void InputMethod::update() const {
+void InputMethod::changed() {
+    if (view_.hasFocus() && !pending_.isActive()) pending_.start(0, &view_);
+}
+
+bool InputMethod::timer(int timerId) {
+    if (!pending_.isActive() || pending_.timerId() != timerId) return false;
+    pending_.stop();
     if (view_.hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImQueryInput);
+    return true;
 }
 
 QVariant InputMethod::answer(Qt::InputMethodQuery query) const {
     const RichTextBox& box = view_.box();
     const QPoint viewport = view_.viewport()->pos();
     switch (query) {
-        case Qt::ImEnabled: return view_.isEnabled() && !box.Locked();
-        case Qt::ImReadOnly: return box.Locked();
-        case Qt::ImHints: return static_cast<int>(view_.inputMethodHints());
-        case Qt::ImFont: return view_.Font();
-        case Qt::ImCursorRectangle: return view_.caretRect().translated(viewport);
+        case Qt::ImEnabled:
+            return view_.isEnabled() && !box.Locked();
+        case Qt::ImReadOnly:
+            return box.Locked();
+        case Qt::ImHints:
+            return static_cast<int>(view_.inputMethodHints());
+        case Qt::ImFont:
+            return view_.Font();
+        case Qt::ImCursorRectangle:
+            return view_.caretRect().translated(viewport);
         case Qt::ImAnchorRectangle:
             return view_.characterRect(box.anchor()).translated(viewport);
-        case Qt::ImInputItemClipRectangle: return view_.viewport()->geometry();
-        case Qt::ImCursorPosition: return relative(box.caret());
-        case Qt::ImAnchorPosition: return relative(box.anchor());
-        case Qt::ImAbsolutePosition: return static_cast<int>(box.caret().value());
-        case Qt::ImSurroundingText: return textOf(surrounding());
-        case Qt::ImCurrentSelection: return currentSelection();
-        case Qt::ImTextBeforeCursor: return around(true);
-        case Qt::ImTextAfterCursor: return around(false);
+        case Qt::ImInputItemClipRectangle:
+            return view_.viewport()->geometry();
+        case Qt::ImCursorPosition:
+            return relative(box.caret());
+        case Qt::ImAnchorPosition:
+            return relative(box.anchor());
+        case Qt::ImAbsolutePosition:
+            return static_cast<int>(box.caret().value());
+        case Qt::ImSurroundingText:
+            return textOf(surrounding());
+        case Qt::ImCurrentSelection:
+            return currentSelection();
+        case Qt::ImTextBeforeCursor:
+            return around(true);
+        case Qt::ImTextAfterCursor:
+            return around(false);
         case Qt::ImMaximumTextLength:
             return box.MaxLength() > 0 ? QVariant(static_cast<int>(box.MaxLength())) : QVariant();
-        default: return {};
+        default:
+            return {};
     }
 }
 

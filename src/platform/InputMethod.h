@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QVariant>
 #include <Qt>
 
@@ -27,8 +28,11 @@ class InputMethod {
     QVariant answer(Qt::InputMethodQuery query) const;
     /// Puts the composed text in as it stands.
     void commit();
-    /// Tells the input method that caret, selection or text are no longer what they were.
-    void update() const;
+    /// Caret, selection or text are no longer what they were: the system's input method will hear
+    /// of it, once for all changes until the event loop runs again.
+    void changed();
+    /// True when the timer was this object's.
+    bool timer(int timerId);
 
   private:
     void replaceRelative(const QInputMethodEvent& event);
@@ -43,6 +47,7 @@ class InputMethod {
     RichTextView& view_;
     CaretActions& actions_;
     KeyInput& keys_;
+    QBasicTimer pending_;
 };
 
 }  // namespace brindlex

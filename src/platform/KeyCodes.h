@@ -24,8 +24,8 @@ enum KeyAscii : int {
     kAsciiCtrlBackspace = 127,
 };
 
-/// The virtual key code of a key: 13 Enter, 65 A, 38 Up ... Shifted signs give the code of their key
-/// on an American keyboard, as '(' gives 57.
+/// The virtual key code of a key: 13 Enter, 65 A, 38 Up ... Shifted signs give the code of their
+/// key on an American keyboard, as '(' gives 57.
 int keyCodeOf(const QKeyEvent& event);
 
 /// 1 Shift, 2 Ctrl, 4 Alt, summed up.

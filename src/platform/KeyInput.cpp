@@ -33,7 +33,9 @@ void moveFocus(RichTextView& view, bool forward) {
     }
 }
 
-bool isControlCode(int ascii) { return ascii < 32 || ascii == kAsciiCtrlBackspace; }
+bool isControlCode(int ascii) {
+    return ascii < 32 || ascii == kAsciiCtrlBackspace;
+}
 
 }  // namespace
 
@@ -62,12 +64,15 @@ void KeyInput::release(QKeyEvent& event) {
 bool KeyInput::overridesShortcut(const QKeyEvent& event) const {
     if (makesCharacters(event)) return true;
     switch (controlCodeOf(event)) {
-        case 0: return editActionOf(event).has_value();
+        case 0:
+            return editActionOf(event).has_value();
         case kAsciiUndo:
         case kAsciiCopy:
         case kAsciiPaste:
-        case kAsciiCut: return true;
-        default: return !isCtrlLetter(event);
+        case kAsciiCut:
+            return true;
+        default:
+            return !isCtrlLetter(event);
     }
 }
 

@@ -10,8 +10,8 @@ class CaretActions;
 class RichTextView;
 
 /// The keyboard of a RichTextView: raises KeyDown, KeyPress and KeyUp and does what their handlers
-/// leave of a key. The keys for undo and the clipboard do nothing here but raise these events: their
-/// owner consumes them.
+/// leave of a key. The keys for undo and the clipboard do nothing here but raise these events:
+/// their owner consumes them.
 class KeyInput {
   public:
     /// Both outlive this object.

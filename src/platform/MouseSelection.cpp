@@ -19,7 +19,9 @@ namespace {
 
 using MouseHandler = std::function<void(int button, int shift, double x, double y)>;
 
-QPoint placeOf(const QMouseEvent& event) { return event.position().toPoint(); }
+QPoint placeOf(const QMouseEvent& event) {
+    return event.position().toPoint();
+}
 
 /// 1 left, 2 right, 4 middle, summed up: the toolkit's own numbers.
 int buttonsOf(Qt::MouseButtons buttons) {
@@ -102,7 +104,8 @@ void MouseSelection::release(QMouseEvent& event) {
         if (held == Held::OnSelection) actions_.moveTo(positionAt(at), false);
         if (held == Held::Selecting) offerPrimarySelection(view_);
     }
-    const bool click = left && std::exchange(clicking_, false) && view_.viewport()->rect().contains(at);
+    const bool click =
+        left && std::exchange(clicking_, false) && view_.viewport()->rect().contains(at);
     raise(view_.onMouseUp, buttonsOf(event.button()), event);
     if (event.button() == Qt::MiddleButton) pastePrimary(at);
     if (click && view_.onClick) view_.onClick();
@@ -157,9 +160,12 @@ Range MouseSelection::unitAt(QPoint at) const {
     const CaretMotion units = actions_.motion();
     const Offset position = positionAt(at);
     switch (unit_) {
-        case Unit::Word: return units.wordAt(characterUnder(at));
-        case Unit::Line: return units.lineAt(position);
-        default: return {position, position};
+        case Unit::Word:
+            return units.wordAt(characterUnder(at));
+        case Unit::Line:
+            return units.lineAt(position);
+        default:
+            return {position, position};
     }
 }
 
@@ -170,8 +176,8 @@ Offset MouseSelection::positionAt(QPoint at) const {
 Offset MouseSelection::characterUnder(QPoint at) const {
     const Offset nearest = positionAt(at);
     const CaretMotion units = actions_.motion();
-    const bool behindIt = nearest > units.lineStart(nearest) &&
-                          at.x() < view_.characterRect(nearest).left();
+    const bool behindIt =
+        nearest > units.lineStart(nearest) && at.x() < view_.characterRect(nearest).left();
     return behindIt ? units.previous(nearest) : nearest;
 }
 

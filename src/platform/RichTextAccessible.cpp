@@ -22,11 +22,15 @@ int number(std::size_t value) {
     return static_cast<int>(std::min<std::size_t>(value, std::numeric_limits<int>::max()));
 }
 
-int number(Offset offset) { return number(offset.value()); }
+int number(Offset offset) {
+    return number(offset.value());
+}
 
 }  // namespace
 
-void installRichTextAccessible() { QAccessible::installFactory(makeAccessible); }
+void installRichTextAccessible() {
+    QAccessible::installFactory(makeAccessible);
+}
 
 RichTextAccessible::RichTextAccessible(RichTextView& view)
     : QAccessibleWidget(&view, QAccessible::EditableText) {}
@@ -66,9 +70,13 @@ void RichTextAccessible::selection(int index, int* start, int* end) const {
     *end = number(range.end());
 }
 
-int RichTextAccessible::selectionCount() const { return box().selection().empty() ? 0 : 1; }
+int RichTextAccessible::selectionCount() const {
+    return box().selection().empty() ? 0 : 1;
+}
 
-void RichTextAccessible::addSelection(int start, int end) { setSelection(0, start, end); }
+void RichTextAccessible::addSelection(int start, int end) {
+    setSelection(0, start, end);
+}
 
 void RichTextAccessible::removeSelection(int index) {
     if (index == 0) box().select(box().caret(), box().caret());
@@ -80,13 +88,21 @@ void RichTextAccessible::setSelection(int index, int start, int end) {
     view().ensureCaretVisible();
 }
 
-int RichTextAccessible::cursorPosition() const { return number(box().caret()); }
+int RichTextAccessible::cursorPosition() const {
+    return number(box().caret());
+}
 
-void RichTextAccessible::setCursorPosition(int position) { setSelection(0, position, position); }
+void RichTextAccessible::setCursorPosition(int position) {
+    setSelection(0, position, position);
+}
 
-QString RichTextAccessible::text(int start, int end) const { return textOf(clamped(start, end)); }
+QString RichTextAccessible::text(int start, int end) const {
+    return textOf(clamped(start, end));
+}
 
-int RichTextAccessible::characterCount() const { return number(box().length()); }
+int RichTextAccessible::characterCount() const {
+    return number(box().length());
+}
 
 QString RichTextAccessible::textBeforeOffset(int offset, Boundary type, int* start,
                                              int* end) const {
@@ -102,8 +118,7 @@ QString RichTextAccessible::textAtOffset(int offset, Boundary type, int* start, 
     return report(at ? unitAt(*at, type) : Range(), start, end);
 }
 
-QString RichTextAccessible::textAfterOffset(int offset, Boundary type, int* start,
-                                            int* end) const {
+QString RichTextAccessible::textAfterOffset(int offset, Boundary type, int* start, int* end) const {
     const auto at = resolved(offset);
     if (!at) return report({}, start, end);
     const Offset next = unitAt(*at, type).end();
@@ -149,7 +164,9 @@ void RichTextAccessible::scrollToSubstring(int start, int end) {
     bar->setValue(bar->value() + std::min(place.left(), 0) + std::max(place.left() - right, 0));
 }
 
-void RichTextAccessible::deleteText(int start, int end) { replaceText(start, end, {}); }
+void RichTextAccessible::deleteText(int start, int end) {
+    replaceText(start, end, {});
+}
 
 void RichTextAccessible::insertText(int offset, const QString& text) {
     replaceText(offset, offset, text);
@@ -160,11 +177,17 @@ void RichTextAccessible::replaceText(int start, int end, const QString& text) {
     view().ensureCaretVisible();
 }
 
-RichTextView& RichTextAccessible::view() const { return static_cast<RichTextView&>(*widget()); }
+RichTextView& RichTextAccessible::view() const {
+    return static_cast<RichTextView&>(*widget());
+}
 
-RichTextBox& RichTextAccessible::box() const { return view().box(); }
+RichTextBox& RichTextAccessible::box() const {
+    return view().box();
+}
 
-CaretMotion RichTextAccessible::units() const { return {box().rope(), box().characters()}; }
+CaretMotion RichTextAccessible::units() const {
+    return {box().rope(), box().characters()};
+}
 
 Offset RichTextAccessible::clamped(int offset) const {
     return resolved(offset).value_or(Offset(offset < 0 ? 0 : box().length()));
@@ -186,13 +209,16 @@ Range RichTextAccessible::unitAt(Offset offset, Boundary type) const {
     const CaretMotion motion = units();
     const Offset at = motion.snapped(offset);
     switch (type) {
-        case QAccessible::CharBoundary: return {at, motion.next(at)};
+        case QAccessible::CharBoundary:
+            return {at, motion.next(at)};
         case QAccessible::WordBoundary: {
             const Range word = motion.wordAt(at);
             return word.end() > at ? word : Range(at, motion.next(at));
         }
-        case QAccessible::NoBoundary: return {Offset(0), Offset(box().length())};
-        default: return motion.lineAt(at);
+        case QAccessible::NoBoundary:
+            return {Offset(0), Offset(box().length())};
+        default:
+            return motion.lineAt(at);
     }
 }
 

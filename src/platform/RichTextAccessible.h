@@ -14,10 +14,10 @@ class RichTextView;
 /// Makes RichTextAccessible the face of every RichTextView. May be called any number of times.
 void installRichTextAccessible();
 
-/// A RichTextView as assistive technology sees it: an editable text of many lines. Offsets are those
-/// of the box, a line break is the two characters CR LF and one step. -1 stands for the end of the
-/// text, -2 for the caret; other offsets outside of the text answer nothing. The answers cost what
-/// they return, but for the whole text as the value.
+/// A RichTextView as assistive technology sees it: an editable text of many lines. Offsets are
+/// those of the box, a line break is the two characters CR LF and one step. -1 stands for the end
+/// of the text, -2 for the caret; other offsets outside of the text answer nothing. The answers
+/// cost what they return, but for the whole text as the value.
 class RichTextAccessible : public QAccessibleWidget,
                            public QAccessibleTextInterface,
                            public QAccessibleEditableTextInterface {

@@ -11,7 +11,9 @@ QString entry(const char* name, const QString& value) {
     return QLatin1String(name) + QLatin1Char(':') + value + QLatin1Char(';');
 }
 
-QString entry(const char* name, const char* value) { return entry(name, QLatin1String(value)); }
+QString entry(const char* name, const char* value) {
+    return entry(name, QLatin1String(value));
+}
 
 QString colorEntry(ColorRef color) {
     return entry("color", QStringLiteral("rgb(%1,%2,%3)")

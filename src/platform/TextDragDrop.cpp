@@ -22,8 +22,8 @@ constexpr int kEdge = 16;  // pixels in which a hovering drag scrolls
 /// The first file of this machine among what is dragged; empty when there is none.
 QString fileOf(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
-    const auto file = std::find_if(urls.begin(), urls.end(),
-                                   [](const QUrl& url) { return url.isLocalFile(); });
+    const auto file =
+        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
     return file == urls.end() ? QString() : file->toLocalFile();
 }
 
@@ -55,7 +55,9 @@ void TextDragDrop::start() {
         actions_.replace(range, {});
 }
 
-void TextDragDrop::enter(QDragEnterEvent& event) { accept(event); }
+void TextDragDrop::enter(QDragEnterEvent& event) {
+    accept(event);
+}
 
 void TextDragDrop::move(QDragMoveEvent& event) {
     if (!accept(event)) return;

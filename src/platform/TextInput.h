@@ -1,18 +1,20 @@
 #pragma once
 
-#include <QBasicTimer>
-#include <QElapsedTimer>
-#include <QInputMethodEvent>
-#include <QPoint>
-#include <memory>
-#include <optional>
+#include <QVariant>
+#include <Qt>
 
-#include "platform/text/Units.h"
+#include "platform/AccessibleEvents.h"
+#include "platform/CaretActions.h"
+#include "platform/InputMethod.h"
+#include "platform/KeyInput.h"
+#include "platform/MouseSelection.h"
+#include "platform/TextDragDrop.h"
 
 class QDragEnterEvent;
 class QDragLeaveEvent;
 class QDragMoveEvent;
 class QDropEvent;
+class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -22,11 +24,11 @@ class RichTextView;
 
 /// What keyboard, mouse, drag and drop and input methods do to a RichTextView: it raises the view's
 /// events and carries out what their handlers leave. The view hands its Qt events on to it.
+/// Handlers may do anything but destroy the view.
 class TextInput {
   public:
-    /// `view` owns this object.
+    /// `view` owns this object and has its viewport.
     explicit TextInput(RichTextView& view);
-    ~TextInput();
 
     void keyPress(QKeyEvent& event);
     void keyRelease(QKeyEvent& event);
@@ -45,13 +47,21 @@ class TextInput {
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const;
     void focusIn();
     void focusOut();
-    /// The text or the caret changed; not within this object's own work alone.
+    /// The text changed, by whatever means. Within the box's notice to its observer.
+    void textChanged(const TextEdit& edit);
+    /// Caret or selection changed, by whatever means. Within the box's notice to its observer.
     void selectionChanged();
     /// True when the timer was one of this object's.
     bool timer(int timerId);
 
   private:
     RichTextView& view_;
+    CaretActions actions_;
+    KeyInput keys_;
+    InputMethod inputMethod_;
+    TextDragDrop dragDrop_;
+    MouseSelection mouse_;
+    AccessibleEvents accessible_;
 };
 
 }  // namespace brindlex

@@ -18,9 +18,13 @@ constexpr bool kSystemHasCrLf = false;
 
 }  // namespace
 
-QStringList TextMimeData::formats() const { return {plainText()}; }
+QStringList TextMimeData::formats() const {
+    return {plainText()};
+}
 
-bool TextMimeData::hasFormat(const QString& mimeType) const { return mimeType == plainText(); }
+bool TextMimeData::hasFormat(const QString& mimeType) const {
+    return mimeType == plainText();
+}
 
 QVariant TextMimeData::retrieveData(const QString& mimeType, QMetaType type) const {
     if (!hasFormat(mimeType)) return QMimeData::retrieveData(mimeType, type);

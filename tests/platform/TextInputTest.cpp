@@ -1,0 +1,734 @@
+#include "platform/TextInput.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QStyleHints>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+#include <string>
+#include <vector>
+
+#include "platform/KeyCodes.h"
+#include "platform/RichTextView.h"
+#include "platform/TextMimeData.h"
+#include "platform/Twips.h"
+
+namespace brindlex {
+namespace {
+
+/// Texts are written with '|' for the caret, '^' for the other end of the selection and '\n' for a
+/// line break.
+class MarkedText {
+  public:
+    static void put(RichTextView& view, std::string_view marked) {
+        std::string text;
+        std::optional<Offset> anchor;
+        Offset caret;
+        for (const char byte : marked) {
+            if (byte == '|')
+                caret = Offset(text.size());
+            else if (byte == '^')
+                anchor = Offset(text.size());
+            else
+                text += byte == '\n' ? std::string("\r\n") : std::string(1, byte);
+        }
+        view.box().SetText(text);
+        view.box().select(anchor.value_or(caret), caret);
+    }
+
+    static std::string of(RichTextView& view) {
+        const RichTextBox& box = view.box();
+        std::string marked;
+        const std::string text = box.Text();
+        for (std::size_t at = 0; at <= text.size(); ++at) {
+            if (box.anchor() != box.caret() && box.anchor() == Offset(at)) marked += '^';
+            if (box.caret() == Offset(at)) marked += '|';
+            if (at < text.size() && text[at] != '\r') marked += text[at];
+        }
+        return marked;
+    }
+};
+
+class Input : public testing::Test {
+  protected:
+    Input() {
+        view_.resize(640, 320);
+        view_.show();
+        view_.setFocus();
+        QApplication::setActiveWindow(&view_);
+    }
+
+    void put(std::string_view marked) { MarkedText::put(view_, marked); }
+    std::string marked() { return MarkedText::of(view_); }
+    void type(const QString& text, Qt::KeyboardModifiers modifiers = {}, int key = 0) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&view_, &event);
+    }
+    /// A pixel on the left half of the character at `offset`.
+    QPoint pixel(std::size_t offset) const {
+        const QRect place = view_.characterRect(Offset(offset));
+        return {place.left() + place.width() / 4, place.center().y()};
+    }
+    void press(std::size_t at, Qt::KeyboardModifiers modifiers = {},
+               Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mousePress(view_.viewport(), button, modifiers, pixel(at));
+    }
+    void release(std::size_t at, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseRelease(view_.viewport(), button, {}, pixel(at));
+    }
+    void drag(QPoint to) {
+        QMouseEvent event(QEvent::MouseMove, to, view_.viewport()->mapToGlobal(to), Qt::NoButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view_.viewport(), &event);
+    }
+    /// A double click, after an earlier one no longer counts.
+    void doubleClick(std::size_t at) {
+        QMouseEvent event(QEvent::MouseButtonDblClick, pixel(at),
+                          view_.viewport()->mapToGlobal(pixel(at)), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(view_.viewport(), &event);
+    }
+
+    const CodePage page_ = CodePage::windows(1252);
+    RichTextView view_{nullptr, page_};
+};
+
+// --- Keys -------------------------------------------------------------------------------------
+
+constexpr auto kShift = Qt::ShiftModifier;
+constexpr auto kCtrl = Qt::ControlModifier;
+
+struct KeyCase {
+    const char* start;
+    std::vector<QKeyCombination> keys;
+    const char* expected;
+};
+
+class Keys : public Input, public testing::WithParamInterface<KeyCase> {};
+
+TEST_P(Keys, MoveSelectAndEdit) {
+    put(GetParam().start);
+    for (const QKeyCombination& key : GetParam().keys)
+        QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
+    EXPECT_EQ(marked(), GetParam().expected);
+}
+
+const KeyCase kKeyCases[] = {
+    // characters, line breaks, overwriting
+    {"a|b", {Qt::Key_X}, "ax|b"},
+    {"a^bc|d", {Qt::Key_X}, "ax|d"},
+    {"a|b", {Qt::Key_Return}, "a\n|b"},
+    {"a|b", {Qt::Key_Enter | Qt::KeypadModifier}, "a\n|b"},
+    {"a|b", {kShift | Qt::Key_Return}, "a\n|b"},
+    {"a|b", {Qt::Key_Tab}, "a\t|b"},
+    {"ab|c", {Qt::Key_Escape}, "ab|c"},
+    {"a|bc\nd", {Qt::Key_Insert, Qt::Key_X, Qt::Key_Y, Qt::Key_Z}, "axyz|\nd"},
+    {"a^b|c", {Qt::Key_Insert, Qt::Key_X}, "ax|c"},
+    {"a|b", {Qt::Key_Insert, Qt::Key_Return}, "a\n|b"},
+    {"a|bc", {Qt::Key_Insert, Qt::Key_Insert, Qt::Key_X}, "ax|bc"},
+    // deleting
+    {"ab|c", {Qt::Key_Backspace}, "a|c"},
+    {"ab|c", {kShift | Qt::Key_Backspace}, "a|c"},
+    {"a\n|b", {Qt::Key_Backspace}, "a|b"},
+    {"|ab", {Qt::Key_Backspace}, "|ab"},
+    {"a|\nb", {Qt::Key_Delete}, "a|b"},
+    {"a|bc", {Qt::Key_Delete}, "a|c"},
+    {"ab|", {Qt::Key_Delete}, "ab|"},
+    {"a|bc^d", {Qt::Key_Delete}, "a|d"},
+    {"wait sound|", {kCtrl | Qt::Key_Backspace}, "wait |"},
+    {"wait |sound {", {kCtrl | Qt::Key_Delete}, "wait |{"},
+    {"a|\nb", {kCtrl | Qt::Key_Delete}, "a|b"},
+    {"one ^two| three", {kCtrl | Qt::Key_Delete}, "one | three"},
+    // steps
+    {"a|b", {Qt::Key_Right, Qt::Key_Right}, "ab|"},
+    {"a|\nb", {Qt::Key_Right}, "a\n|b"},
+    {"a\n|b", {Qt::Key_Left}, "a|\nb"},
+    {"a^bc|d", {Qt::Key_Left}, "a|bcd"},
+    {"a|bc^d", {Qt::Key_Right}, "abc|d"},
+    {"|wait  500", {kCtrl | Qt::Key_Right}, "wait  |500"},
+    {"wait  500|", {kCtrl | Qt::Key_Left, kCtrl | Qt::Key_Left}, "|wait  500"},
+    {"a|\n\tb", {kCtrl | Qt::Key_Right}, "a\n|\tb"},
+    {"a b|c\nd", {Qt::Key_Home}, "|a bc\nd"},
+    {"\t\ta|b", {Qt::Key_Home, Qt::Key_Home}, "|\t\tab"},
+    {"a|bc\nd", {Qt::Key_End}, "abc|\nd"},
+    {"ab\nc|d\nef", {kCtrl | Qt::Key_Home}, "|ab\ncd\nef"},
+    {"ab\nc|d\nef", {kCtrl | Qt::Key_End}, "ab\ncd\nef|"},
+    {"abcd|\nx\nabcd", {Qt::Key_Down}, "abcd\nx|\nabcd"},
+    {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Down}, "abcd\nx\nabcd|"},
+    {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Left, Qt::Key_Down}, "abcd\nx\n|abcd"},
+    {"abcd\nx\nabc|d", {Qt::Key_Up, Qt::Key_Up}, "abc|d\nx\nabcd"},
+    {"abcd\nx|\nabcd", {Qt::Key_Up, Qt::Key_Y, Qt::Key_Down}, "aybcd\nx|\nabcd"},
+    // selecting
+    {"a|bc", {kShift | Qt::Key_Right}, "a^b|c"},
+    {"a|\nb", {kShift | Qt::Key_Right}, "a^\n|b"},
+    {"a^b|c", {kShift | Qt::Key_Left, kShift | Qt::Key_Left}, "|a^bc"},
+    {"|wait 5", {kShift | kCtrl | Qt::Key_Right}, "^wait |5"},
+    {"ab|\ncd", {kShift | Qt::Key_Down}, "ab^\ncd|"},
+    {"a|b\nc", {kShift | Qt::Key_End}, "a^b|\nc"},
+    {"ab\nc|d", {kShift | kCtrl | Qt::Key_Home}, "|ab\nc^d"},
+    {"a|b\nc", {kCtrl | Qt::Key_A}, "^ab\nc|"},
+    // the clipboard and undo belong to the owner; menu shortcuts that no menu took do nothing
+    {"a^b|c", {kCtrl | Qt::Key_C}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_X}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_V}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_Z}, "a^b|c"},
+    {"a^b|c", {kShift | Qt::Key_Delete}, "a^b|c"},
+    {"ab|c", {kCtrl | Qt::Key_H}, "ab|c"},
+    {"ab|c", {kCtrl | Qt::Key_J}, "ab|c"},
+    {"ab|c", {kCtrl | Qt::Key_K}, "ab|c"},
+    {"ab|c", {kCtrl | Qt::Key_U}, "ab|c"},
+};
+
+INSTANTIATE_TEST_SUITE_P(, Keys, testing::ValuesIn(kKeyCases));
+
+TEST_F(Input, PagesKeepTheColumnAndScroll) {
+    std::string lines = "abc|def";
+    for (int i = 0; i < 100; ++i) lines += i % 3 == 0 ? "\n" : "\nabcdef";
+    put(lines);
+    const Offset start = view_.box().caret();
+    QTest::keyClick(&view_, Qt::Key_PageDown);
+    QTest::keyClick(&view_, Qt::Key_PageDown);
+    const Long line = view_.box().GetLineFromChar(view_.box().SelStart());
+    EXPECT_EQ(line, 2 * (view_.rowsPerPage() - 1));
+    EXPECT_GT(view_.firstVisibleLine().value(), 0U);
+    QTest::keyClick(&view_, Qt::Key_PageUp);
+    QTest::keyClick(&view_, Qt::Key_PageUp);
+    EXPECT_EQ(view_.box().caret(), start);
+    EXPECT_EQ(view_.firstVisibleLine().value(), 0U);
+    QTest::keyClick(&view_, Qt::Key_Down, kCtrl);
+    EXPECT_EQ(view_.firstVisibleLine().value(), 1U);
+    EXPECT_EQ(view_.box().caret(), start);
+}
+
+TEST_F(Input, LockedBoxKeepsItsTextAndLetsTheCaretMove) {
+    put("a^bc|d\ne");
+    view_.box().SetLocked(true);
+    for (const int key : {Qt::Key_X, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return})
+        QTest::keyClick(&view_, static_cast<Qt::Key>(key));
+    EXPECT_EQ(marked(), "a^bc|d\ne");
+    QTest::keyClick(&view_, Qt::Key_End);
+    EXPECT_EQ(marked(), "abcd|\ne");
+}
+
+// --- Key events -------------------------------------------------------------------------------
+
+struct EventCase {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    const char16_t* text;
+    const char* events;
+};
+
+class KeyEvents : public Input, public testing::WithParamInterface<EventCase> {};
+
+TEST_P(KeyEvents, AreRaisedWithTheirCodes) {
+    std::string log;
+    view_.onKeyDown = [&](int& code, int shift) {
+        log += "down " + std::to_string(code) + ' ' + std::to_string(shift) + ' ';
+    };
+    view_.onKeyPress = [&](int& ascii) { log += "press " + std::to_string(ascii) + ' '; };
+    view_.onKeyUp = [&](int& code, int shift) {
+        log += "up " + std::to_string(code) + ' ' + std::to_string(shift) + ' ';
+    };
+    for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(kind, GetParam().key, GetParam().modifiers,
+                        QString::fromUtf16(GetParam().text));
+        QApplication::sendEvent(&view_, &event);
+    }
+    EXPECT_EQ(log, GetParam().events);
+}
+
+const EventCase kEventCases[] = {
+    {Qt::Key_A, {}, u"a", "down 65 0 press 97 up 65 0 "},
+    {Qt::Key_A, kShift, u"A", "down 65 1 press 65 up 65 1 "},
+    {Qt::Key_5, Qt::KeypadModifier, u"5", "down 101 0 press 53 up 101 0 "},
+    {Qt::Key_Period, {}, u".", "down 190 0 press 46 up 190 0 "},
+    {Qt::Key_ParenLeft, kShift, u"(", "down 57 1 press 40 up 57 1 "},
+    {Qt::Key_Enter, Qt::KeypadModifier, u"\r", "down 13 0 press 13 up 13 0 "},
+    {Qt::Key_Backspace, {}, u"\b", "down 8 0 press 8 up 8 0 "},
+    {Qt::Key_Tab, {}, u"\t", "down 9 0 press 9 up 9 0 "},
+    {Qt::Key_Backtab, kShift, u"\t", "down 9 1 press 9 up 9 1 "},
+    {Qt::Key_Escape, {}, u"\x1b", "down 27 0 press 27 up 27 0 "},
+    {Qt::Key_Delete, {}, u"\x7f", "down 46 0 up 46 0 "},
+    {Qt::Key_Up, {}, u"", "down 38 0 up 38 0 "},
+    {Qt::Key_F5, {}, u"", "down 116 0 up 116 0 "},
+    // commands
+    {Qt::Key_Z, kCtrl, u"\x1a", "down 90 2 press 26 up 90 2 "},
+    {Qt::Key_C, kCtrl | kShift, u"\x03", "down 67 3 up 67 3 "},
+    {Qt::Key_Insert, kShift, u"", "down 45 1 press 22 up 45 1 "},
+    {Qt::Key_Delete, kShift, u"", "down 46 1 press 24 up 46 1 "},
+    {Qt::Key_Insert, kCtrl, u"", "down 45 2 press 3 up 45 2 "},
+    {Qt::Key_F, Qt::AltModifier, u"f", "down 70 4 up 70 4 "},
+    // AltGr in its two forms, a key of no own code, several characters, characters that do not fit
+    {Qt::Key_BraceLeft, Qt::GroupSwitchModifier, u"{", "down 219 0 press 123 up 219 0 "},
+    {Qt::Key_Q, kCtrl | Qt::AltModifier, u"@", "down 81 6 press 64 up 81 6 "},
+    {Qt::Key_Eacute, {}, u"\u00e9", "down 231 0 press 233 up 231 0 "},
+    {0, {}, u"ab\r\n", "down 231 0 press 97 press 98 press 13 up 231 0 "},
+    {0, {}, u"\u0101\u4e2d", "down 231 0 press 97 press 63 up 231 0 "},
+};
+
+INSTANTIATE_TEST_SUITE_P(, KeyEvents, testing::ValuesIn(kEventCases));
+
+TEST_F(Input, AutoRepeatRaisesKeyUpOnce) {
+    int ups = 0;
+    view_.onKeyUp = [&](int&, int) { ++ups; };
+    for (const bool repeats : {true, true, false}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, {}, "a", repeats);
+        QApplication::sendEvent(&view_, &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, {}, "a", repeats);
+        QApplication::sendEvent(&view_, &release);
+    }
+    EXPECT_EQ(marked(), "aaa|");
+    EXPECT_EQ(ups, 1);
+}
+
+TEST_F(Input, HandlersConsumeAndExchangeKeys) {
+    int presses = 0;
+    view_.onKeyDown = [](int& code, int) {
+        if (code == 38 || code == 88 || code == 46) code = 0;
+    };
+    view_.onKeyPress = [&](int& ascii) {
+        ++presses;
+        if (ascii == '[') ascii = '{';
+        if (ascii == 'q' || ascii == 8) ascii = 0;
+        if (ascii == 'n') ascii = 13;
+    };
+    put("ab\nc|d");
+    QTest::keyClick(&view_, Qt::Key_Up);
+    QTest::keyClick(&view_, Qt::Key_X);
+    QTest::keyClick(&view_, Qt::Key_Delete);
+    EXPECT_EQ(presses, 0);
+    QTest::keyClick(&view_, Qt::Key_Backspace);
+    QTest::keyClick(&view_, 'q');
+    EXPECT_EQ(marked(), "ab\nc|d");
+    QTest::keyClick(&view_, '[');
+    QTest::keyClick(&view_, 'n');
+    EXPECT_EQ(marked(), "ab\nc{\n|d");
+}
+
+TEST_F(Input, HandlersMayEditAtAnyMoment) {
+    put("|");
+    bool offering = false;
+    view_.box().onChange = [&] {
+        if (std::exchange(offering, true)) return;
+        view_.box().SetSelText("offer");
+        view_.box().SetSelStart(view_.box().SelStart() - 5);
+        view_.box().SetSelLength(5);
+        offering = false;
+    };
+    QTest::keyClick(&view_, Qt::Key_T);
+    EXPECT_EQ(marked(), "t^offer|");
+    QTest::keyClick(&view_, Qt::Key_R);
+    EXPECT_EQ(marked(), "tr^offer|");
+
+    view_.box().onChange = nullptr;
+    view_.onKeyDown = [&](int&, int) { view_.box().SetText("short"); };
+    put("a much longer text with the caret at its end|");
+    QTest::keyClick(&view_, Qt::Key_Backspace);
+    EXPECT_EQ(marked(), "|short");
+    QTest::keyClick(&view_, Qt::Key_Down, kShift);
+    EXPECT_EQ(view_.box().Text(), "short");
+}
+
+// --- Shortcuts and focus -----------------------------------------------------------------------
+
+struct ShortcutCase {
+    const char* shortcut;
+    bool menuGetsIt;
+};
+
+class Shortcuts : public testing::TestWithParam<ShortcutCase> {};
+
+TEST_P(Shortcuts, GoToTheMenuOrTheView) {
+    QMainWindow window;
+    auto* view = new RichTextView(&window);
+    window.setCentralWidget(view);
+    QAction entry(&window);
+    entry.setShortcut(QKeySequence::fromString(GetParam().shortcut));
+    bool triggered = false;
+    QObject::connect(&entry, &QAction::triggered, [&] { triggered = true; });
+    window.addAction(&entry);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    view->setFocus();
+    bool seen = false;
+    view->onKeyDown = [&](int&, int) { seen = true; };
+    const QKeyCombination key = entry.shortcut()[0];
+    QTest::keyClick(view, key.key(), key.keyboardModifiers());
+    EXPECT_EQ(triggered, GetParam().menuGetsIt);
+    EXPECT_NE(seen, GetParam().menuGetsIt);
+}
+
+const ShortcutCase kShortcutCases[] = {
+    {"Ctrl+N", true},  {"Ctrl+J", true},     {"Ctrl+K", true},     {"Ctrl+H", true},
+    {"Ctrl+U", true},  {"Ctrl+A", true},     {"Ctrl+Y", true},     {"F5", true},
+    {"Alt+F", true},   {"Ctrl+Z", false},    {"Ctrl+C", false},    {"Ctrl+V", false},
+    {"Ctrl+X", false}, {"Del", false},       {"X", false},         {"Home", false},
+    {"Return", false}, {"Ctrl+Left", false}, {"Shift+Ins", false}, {"Esc", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(, Shortcuts, testing::ValuesIn(kShortcutCases));
+
+TEST(TextInputFocus, CtrlTabLeavesTheView) {
+    QWidget window;
+    QLineEdit before(&window);
+    RichTextView view(&window);
+    QLineEdit after(&window);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    view.setFocus();
+    bool seen = false;
+    view.onKeyDown = [&](int&, int) { seen = true; };
+    QTest::keyClick(&view, Qt::Key_Tab, kCtrl);
+    EXPECT_TRUE(after.hasFocus());
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Backtab, kCtrl | kShift);
+    EXPECT_TRUE(before.hasFocus());
+    EXPECT_FALSE(seen);
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Tab);
+    EXPECT_TRUE(view.hasFocus());
+    EXPECT_EQ(view.box().Text(), "\t");
+}
+
+// --- Mouse ------------------------------------------------------------------------------------
+
+TEST_F(Input, ClickAndDragSelectCharacters) {
+    put("|first line\nsecond");
+    press(3);
+    EXPECT_EQ(marked(), "fir|st line\nsecond");
+    drag(pixel(8));
+    EXPECT_EQ(marked(), "fir^st li|ne\nsecond");
+    drag(pixel(14));
+    release(14);
+    EXPECT_EQ(marked(), "fir^st line\nse|cond");
+    press(1, kShift);
+    release(1);
+    EXPECT_EQ(marked(), "f|ir^st line\nsecond");
+    drag(pixel(6));
+    EXPECT_EQ(marked(), "f|ir^st line\nsecond") << "moves after the release";
+}
+
+TEST_F(Input, DoubleClickSelectsWordsAndGoesOnByWords) {
+    put("|wait 500 {sound}\nnext_one");
+    doubleClick(6);
+    EXPECT_EQ(marked(), "wait ^500| {sound}\nnext_one");
+    drag(pixel(12));
+    EXPECT_EQ(marked(), "wait ^500 {sound|}\nnext_one");
+    drag(pixel(1));
+    release(1);
+    EXPECT_EQ(marked(), "|wait 500^ {sound}\nnext_one");
+    doubleClick(9);
+    EXPECT_EQ(marked(), "wait 500 ^{|sound}\nnext_one");
+    release(9);
+    doubleClick(26);
+    EXPECT_EQ(marked(), "wait 500 {sound}\n^next_one|");
+    release(26);
+}
+
+TEST_F(Input, TripleClickSelectsLinesWithTheirBreaks) {
+    put("one\ntwo\nthree|");
+    doubleClick(6);
+    release(6);
+    press(6);
+    EXPECT_EQ(marked(), "one\n^two\n|three");
+    drag(pixel(1));
+    EXPECT_EQ(marked(), "|one\ntwo\n^three");
+    drag(pixel(12));
+    release(12);
+    EXPECT_EQ(marked(), "one\n^two\nthree|");
+
+    QTest::qWait(QApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    press(1);
+    release(1);
+    doubleClick(1);
+    release(1);
+    QTest::qWait(QApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    press(1);
+    release(1);
+    EXPECT_EQ(marked(), "o|ne\ntwo\nthree") << "a late third click is a first one";
+}
+
+TEST_F(Input, PressOnTheSelectionKeepsItUntilTheRelease) {
+    put("one ^two| three");
+    press(5);
+    EXPECT_EQ(marked(), "one ^two| three");
+    drag(pixel(5) + QPoint(1, 0));
+    EXPECT_EQ(marked(), "one ^two| three");
+    release(5);
+    EXPECT_EQ(marked(), "one t|wo three");
+
+    put("one ^two| three");
+    press(5, {}, Qt::RightButton);
+    release(5, Qt::RightButton);
+    EXPECT_EQ(marked(), "one ^two| three");
+    press(1, {}, Qt::RightButton);
+    release(1, Qt::RightButton);
+    EXPECT_EQ(marked(), "o|ne two three");
+}
+
+TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
+    put("|one two");
+    QStringList log;
+    double x = 0;
+    const auto note = [&](const char* name) {
+        return [&log, &x, name](int button, int shift, double atX, double) {
+            log << QString("%1 %2 %3").arg(name).arg(button).arg(shift);
+            x = atX;
+        };
+    };
+    view_.onMouseDown = note("down");
+    view_.onMouseMove = note("move");
+    view_.onMouseUp = note("up");
+    view_.onClick = [&] { log << "click"; };
+    view_.onDblClick = [&] { log << "double"; };
+    QTest::mousePress(view_.viewport(), Qt::LeftButton, kShift | Qt::AltModifier, {30, 5});
+    EXPECT_DOUBLE_EQ(x, Twips::fromPixels(30));
+    drag({31, 5});
+    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, {31, 5});
+    EXPECT_EQ(log, QStringList({"down 1 5", "move 1 0", "up 1 0", "click"}));
+
+    log.clear();
+    QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, {30, 5});
+    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, {-30, 5});
+    press(1, {}, Qt::RightButton);
+    release(1, Qt::RightButton);
+    EXPECT_EQ(log, QStringList({"down 1 0", "up 1 0", "down 2 0", "up 2 0"}));
+
+    log.clear();
+    doubleClick(1);
+    release(1);
+    EXPECT_EQ(log, QStringList({"double", "up 1 0"}));
+
+    view_.onMouseDown = [&](int, int, double, double) { view_.box().SetText(""); };
+    press(5);
+    release(5);
+    EXPECT_EQ(marked(), "|");
+}
+
+TEST_F(Input, DraggingBeyondTheEdgeScrollsOn) {
+    std::string lines = "|start";
+    for (int i = 0; i < 300; ++i) lines += "\nline";
+    put(lines);
+    press(0);
+    drag({5, view_.viewport()->height() + 60});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() > 40; }, 5000));
+    const Range far = view_.box().selection();
+    EXPECT_EQ(far.begin(), Offset(0));
+    EXPECT_GT(far.length(), 40U * 6);
+    drag({5, -200});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() == 0; }, 5000));
+    release(0);
+    EXPECT_LT(view_.box().selection().length(), 6U);
+}
+
+TEST_F(Input, MiddleClickPastesThePrimarySelection) {
+    QClipboard* clipboard = QApplication::clipboard();
+    if (!clipboard->supportsSelection()) GTEST_SKIP() << "this system has no primary selection";
+    put("one |two\nthree");
+    QTest::keyClick(&view_, Qt::Key_Down, kShift);
+    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthre");
+    view_.box().select(Offset(0), Offset(3));
+    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthre") << "code selects nothing";
+    press(0, {}, Qt::MiddleButton);
+    release(0, Qt::MiddleButton);
+    EXPECT_EQ(marked(), "two\nthre|one two\nthree");
+    view_.box().SetSelStart(0);
+    view_.box().SetSelLength(1000);
+    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthreone two\nthree");
+    view_.box().SetLocked(true);
+    press(0, {}, Qt::MiddleButton);
+    release(0, Qt::MiddleButton);
+    EXPECT_EQ(view_.box().Text(), "two\r\nthreone two\r\nthree");
+}
+
+TEST(TextMimeDataTest, KeepsTheTextOfItsTime) {
+    const CodePage page = CodePage::windows(1252);
+    Rope text("a\r\n\x80 c");
+    const TextMimeData data(text, {Offset(1), Offset(5)}, page);
+    text.replace({Offset(0), Offset(4)}, "");
+    EXPECT_TRUE(data.hasText());
+#ifdef Q_OS_WIN
+    EXPECT_EQ(data.text(), QString::fromUtf8("\r\n\u20ac "));
+#else
+    EXPECT_EQ(data.text(), QString::fromUtf8("\n\u20ac "));
+#endif
+    EXPECT_FALSE(data.hasUrls());
+}
+
+// --- Drag and drop ----------------------------------------------------------------------------
+
+class Drops : public Input {
+  protected:
+    /// Hovers over the character at `offset` and drops there; true when the drop was taken.
+    bool dropAt(std::size_t offset, const QMimeData& data) {
+        const QPoint at = pixel(offset);
+        QDragEnterEvent enter(at, kActions, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view_.viewport(), &enter);
+        QDragMoveEvent move(at, kActions, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view_.viewport(), &move);
+        if (!move.isAccepted()) return false;
+        QDropEvent drop(at, kActions, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view_.viewport(), &drop);
+        return drop.isAccepted();
+    }
+    static constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction;
+};
+
+TEST_F(Drops, TextFromOutsideIsInsertedAndSelected) {
+    int presses = 0;
+    view_.onKeyPress = [&](int&) { ++presses; };
+    QMimeData data;
+    data.setText(QString::fromUtf8("x\ny\u2192"));
+    put("ab^cd|ef");
+    EXPECT_TRUE(dropAt(1, data));
+    EXPECT_EQ(marked(), "a^x\ny?|bcdef");
+    EXPECT_EQ(presses, 0);
+    view_.box().SetLocked(true);
+    EXPECT_FALSE(dropAt(1, data));
+    EXPECT_EQ(marked(), "a^x\ny?|bcdef");
+}
+
+TEST_F(Drops, AFileIsOpenedAndNeverInserted) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("/tmp/a map.script")});
+    put("a|b");
+    EXPECT_FALSE(dropAt(1, data)) << "nobody opens files here";
+    QStringList opened;
+    view_.onFileDropped = [&](const QString& path) { opened << path; };
+    EXPECT_TRUE(dropAt(1, data));
+    view_.box().SetLocked(true);
+    EXPECT_TRUE(dropAt(1, data));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(opened, QStringList({"/tmp/a map.script", "/tmp/a map.script"}));
+    EXPECT_EQ(marked(), "a|b");
+}
+
+struct InnerDrag {
+    const char* name;
+    std::size_t target;
+    Qt::KeyboardModifiers modifiers;
+    const char* expected;
+};
+
+class InnerDrags : public Drops, public testing::WithParamInterface<InnerDrag> {};
+
+TEST_P(InnerDrags, MoveOrCopyTheSelection) {
+    put("one ^two |three\nfour");
+    // the toolkit's drag runs a loop of its own, in which the drop takes place
+    QTimer::singleShot(0, [&] {
+        QMimeData data;
+        data.setText("unused");
+        const QPoint at = pixel(GetParam().target);
+        QDropEvent drop(at, kActions, &data, Qt::LeftButton, GetParam().modifiers);
+        QApplication::sendEvent(view_.viewport(), &drop);
+        EXPECT_TRUE(drop.isAccepted());
+        QTest::keyClick(&view_, Qt::Key_Escape);
+        QDrag::cancel();
+    });
+    press(5);
+    drag(pixel(5) + QPoint(QApplication::styleHints()->startDragDistance() + 1, 0));
+    EXPECT_EQ(marked(), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(, InnerDrags,
+                         testing::Values(InnerDrag{"back", 0, {}, "^two |one three\nfour"},
+                                         InnerDrag{"forth", 15, {}, "one three\n^two |four"},
+                                         InnerDrag{"copy", 0, kCtrl, "^two |one two three\nfour"},
+                                         InnerDrag{"onItself", 6, {}, "one ^two |three\nfour"}));
+
+// --- Input methods ----------------------------------------------------------------------------
+
+class Composing : public Input {
+  protected:
+    void compose(const QString& preedit) {
+        QInputMethodEvent event(preedit, {});
+        QApplication::sendEvent(&view_, &event);
+    }
+    void commit(const QString& text, int from = 0, int length = 0) {
+        QInputMethodEvent event;
+        event.setCommitString(text, from, length);
+        QApplication::sendEvent(&view_, &event);
+    }
+    QVariant ask(Qt::InputMethodQuery query) { return view_.inputMethodQuery(query); }
+};
+
+TEST_F(Composing, CommitsLikeTyping) {
+    std::string seen;
+    view_.onKeyPress = [&](int& ascii) {
+        seen += static_cast<char>(ascii);
+        if (ascii == 'x') ascii = 0;
+    };
+    put("a^bc|d");
+    compose("ni");
+    EXPECT_EQ(view_.preedit(), "ni");
+    EXPECT_EQ(marked(), "a^bc|d");
+    commit(QString::fromUtf8("\u00e9x\u4e2d"));
+    EXPECT_EQ(marked(), "a\xE9?|d");
+    EXPECT_EQ(seen, "\xE9x?");
+    EXPECT_EQ(view_.preedit(), "");
+    commit("new", -2, 2);
+    EXPECT_EQ(marked(), "anew|d");
+    commit("", -1, 2);
+    EXPECT_EQ(marked(), "ane|");
+    commit("z", -100, 100);
+    EXPECT_EQ(marked(), "z|");
+}
+
+TEST_F(Composing, ClickAndLossOfFocusCommit) {
+    put("abc|");
+    compose("xy");
+    press(0);
+    release(0);
+    EXPECT_EQ(marked(), "|abcxy");
+    EXPECT_EQ(view_.preedit(), "");
+    compose("z");
+    QFocusEvent lost(QEvent::FocusOut);
+    QApplication::sendEvent(&view_, &lost);
+    EXPECT_EQ(marked(), "z|abcxy");
+    view_.box().SetLocked(true);
+    commit("q");
+    EXPECT_EQ(marked(), "z|abcxy");
+}
+
+TEST_F(Composing, AnswersAboutTheCaretsLine) {
+    put("first\nsec^on|d\nthird");
+    EXPECT_TRUE(ask(Qt::ImEnabled).toBool());
+    EXPECT_EQ(ask(Qt::ImSurroundingText).toString(), "second");
+    EXPECT_EQ(ask(Qt::ImCursorPosition).toInt(), 5);
+    EXPECT_EQ(ask(Qt::ImAnchorPosition).toInt(), 3);
+    EXPECT_EQ(ask(Qt::ImAbsolutePosition).toInt(), 12);
+    EXPECT_EQ(ask(Qt::ImCurrentSelection).toString(), "on");
+    EXPECT_EQ(ask(Qt::ImTextBeforeCursor).toString(), "first\r\nsecon");
+    EXPECT_EQ(ask(Qt::ImTextAfterCursor).toString(), "d\r\nthird");
+    EXPECT_TRUE(ask(Qt::ImCursorRectangle).toRect().intersects(view_.rect()));
+    view_.box().SetLocked(true);
+    EXPECT_FALSE(ask(Qt::ImEnabled).toBool());
+    EXPECT_TRUE(ask(Qt::ImReadOnly).toBool());
+}
+
+TEST_F(Composing, AnswersForAHugeLineStaySmall) {
+    view_.box().SetText(std::string(300000, 'a') + std::string(300000, 'b'));
+    view_.box().SetSelStart(300000);
+    EXPECT_EQ(ask(Qt::ImSurroundingText).toString(), QString(500, 'a') + QString(500, 'b'));
+    EXPECT_EQ(ask(Qt::ImCursorPosition).toInt(), 500);
+    EXPECT_EQ(ask(Qt::ImTextBeforeCursor).toString(), QString(1000, 'a'));
+    view_.box().select(Offset(0), Offset(600000));
+    EXPECT_EQ(ask(Qt::ImCurrentSelection).toString(), QString());
+    EXPECT_EQ(ask(Qt::ImAnchorPosition).toInt(), 0);
+}
+
+}  // namespace
+}  // namespace brindlex
