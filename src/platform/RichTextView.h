@@ -1,22 +1,31 @@
 #pragma once
 
 #include <QAbstractScrollArea>
-#include <QCursor>
+#include <QBasicTimer>
 #include <QInputMethodEvent>
 #include <QPixmap>
+#include <QRegion>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/CodePage.h"
 #include "platform/ColorValue.h"
 #include "platform/text/RichTextBox.h"
 
 class QPagedPaintDevice;
+class QPainter;
+class QScrollEvent;
+class QScrollPrepareEvent;
 
 namespace brindlex {
 
 class LineLayouts;
+class LineStyle;
+class ShownLines;
 class TextInput;
+class TextRows;
+struct LineSelection;
 
 /// A RichTextBox on the screen. It lays out only the lines that show, keeps the layouts of lines
 /// that did not change and repaints only the lines that did.
@@ -75,8 +84,10 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// 0 default (the I-beam), 1 arrow, 2 cross, 3 I-beam, 11 hourglass, 99 MouseIcon ...
     Long MousePointer() const;
     void SetMousePointer(Long pointer);
-    /// Twips at which lines wrap; 0 wraps at the right edge of the view. Lines in the sense of
-    /// GetLineFromChar and its kin are those of the text, however they wrap.
+    /// Twips at which lines wrap; 0 wraps at the right edge of the view, and kNoWrap or more never
+    /// wraps. A line of more than 10,000 bytes never does. Lines in the sense of GetLineFromChar
+    /// and its kin are those of the text, however they wrap.
+    static constexpr double kNoWrap = 100'000;
     double RightMargin() const;
     void SetRightMargin(double twips);
 
@@ -126,6 +137,9 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Shows where a drag would drop; unset hides it.
     void setDropCaret(std::optional<Offset> offset);
 
+    /// How many lines were laid out so far; for tests and benchmarks.
+    std::size_t layoutsMade() const;
+
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     QSize sizeHint() const override;
 
@@ -139,6 +153,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -157,10 +173,71 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void formatChanged(Range range) override;
     void selectionChanged() override;
 
+    // --- Keeping the screen in step: changes are collected and shown once, from the event loop ----
+    void changed();
+    void sync();
+    void fitStyle();
+    void appearanceChanged();
+    void settle() const;
+    void scrollToCaret() const;
+    void scrollToColumn(qreal x, qreal width) const;
+    void clampTop() const;
+    void updateScrollBars();
+    void updateHorizontalBar() const;
+    void scrollRows(Long rows);
+    ShownLines linesToShow() const;
+    void updateCarets(const ShownLines& lines);
+
+    // --- Painting and places -----------------------------------------------------------------------
+    void paintLines(QPainter& painter, const QRegion& region) const;
+    void paintCarets(QPainter& painter) const;
+    LineSelection selectionIn(LineIndex line, Range content) const;
+    bool highlights() const;
+    QPalette::ColorGroup highlightGroup() const;
+    bool caretShows() const;
+    QRectF placeRect(Offset offset) const;
+    QRect caretRectAt(Offset offset) const;
+    int caretWidth() const;
+    qreal textLeft() const;
+    qreal viewHeight() const;
+
+    void restartBlinking();
+    void touchScroll(QScrollEvent& event);
+    void prepareTouchScroll(QScrollPrepareEvent& event) const;
+
     const CodePage& codePage_;
     RichTextBox box_;
+    std::unique_ptr<LineStyle> style_;
     std::unique_ptr<LineLayouts> layouts_;
+    std::unique_ptr<TextRows> rows_;
     std::unique_ptr<TextInput> input_;
+    std::unique_ptr<ShownLines> shown_;  ///< what was last given to the screen
+
+    bool redraw_ = true;
+    bool pending_ = false;     ///< something changed since the last sync
+    bool syncPosted_ = false;  ///< and an event for it is on its way
+    mutable bool syncing_ = false;
+    mutable bool showCaret_ = false;  ///< the caret moved and is to come into view
+    mutable qreal contentWidth_ = 0;  ///< of the widest line seen
+    QRegion held_;                    ///< painted with redraw off, or between change and sync
+    Offset lastCaret_;
+    QRect shownCaret_;
+    QRect shownDropCaret_;
+    std::optional<Offset> dropCaret_;
+    QBasicTimer blinking_;
+    bool blinkOn_ = true;
+    bool overwrite_ = false;
+    QPointF wheel_;  ///< scrolled by the wheel, less than a row or a pixel
+
+    bool autoVerbMenu_ = false;
+    ColorValue backColor_{0x80000005};
+    double bulletIndent_ = 0;
+    QString fileName_;
+    std::optional<QFont> font_;
+    bool hideSelection_ = true;
+    QPixmap mouseIcon_;
+    Long mousePointer_ = 0;
+    double rightMargin_ = 0;
 };
 
 }  // namespace brindlex

@@ -1,0 +1,67 @@
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include "platform/LineLayouts.h"
+#include "platform/LineStyle.h"
+#include "platform/RichTextView.h"
+#include "platform/ShownLines.h"
+#include "platform/TextRows.h"
+
+namespace brindlex {
+
+void RichTextView::paintEvent(QPaintEvent* event) {
+    // the screen is held for the state as of the next sync, where one is due
+    if (!redraw_ || pending_) held_ += event->region();
+    if (!redraw_) return;
+    QPainter painter(viewport());
+    const QColor background = backColor_.resolve(palette());
+    for (const QRect& rect : event->region()) painter.fillRect(rect, background);
+    paintLines(painter, event->region());
+    paintCarets(painter);
+}
+
+void RichTextView::paintLines(QPainter& painter, const QRegion& region) const {
+    const QPalette::ColorGroup group = highlightGroup();
+    const HighlightColors colors{palette().color(group, QPalette::Highlight),
+                                 palette().color(group, QPalette::HighlightedText)};
+    const QRectF area = region.boundingRect();
+    const qreal left = textLeft() - horizontalScrollBar()->value();
+    painter.setPen(style_->color(0));
+    rows_->visit(viewHeight(), [&](LineIndex line, const LineLayout& layout, qreal top) {
+        const QRectF strip(0, top, viewport()->width(), layout.height());
+        if (!region.intersects(strip.toAlignedRect())) return;
+        painter.setClipRect(strip);
+        layout.paint(painter, {left, top}, strip & area,
+                     selectionIn(line, box_.lineContent(line)), colors);
+    });
+    painter.setClipping(false);
+}
+
+void RichTextView::paintCarets(QPainter& painter) const {
+    const QColor color = style_->color(0);
+    if (dropCaret_ && shownDropCaret_.isValid()) {
+        QRect bar = caretRectAt(*dropCaret_);
+        bar.setWidth(caretWidth());
+        painter.fillRect(bar, color);
+    }
+    if (!caretShows()) return;
+    QColor ink = color;
+    constexpr int kBlockAlpha = 110;  // the character stays readable
+    if (overwrite_) ink.setAlpha(kBlockAlpha);
+    painter.fillRect(caretRectAt(box_.caret()), ink);
+}
+
+bool RichTextView::caretShows() const {
+    return blinkOn_ && hasFocus() && isEnabled() && layouts_->preedit().cursorVisible &&
+           shown_->shows(box_.rope().lineOf(box_.caret()));
+}
+
+bool RichTextView::highlights() const { return hasFocus() || !hideSelection_; }
+
+QPalette::ColorGroup RichTextView::highlightGroup() const {
+    if (!isEnabled()) return QPalette::Disabled;
+    return hasFocus() ? QPalette::Active : QPalette::Inactive;
+}
+
+}  // namespace brindlex

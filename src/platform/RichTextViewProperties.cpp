@@ -1,0 +1,135 @@
+#include <QPageLayout>
+#include <iterator>
+
+#include "platform/Files.h"
+#include "platform/LineStyle.h"
+#include "platform/RichTextView.h"
+#include "platform/TextPrinter.h"
+#include "platform/TextRows.h"
+#include "platform/Twips.h"
+
+namespace brindlex {
+namespace {
+
+constexpr Long kCustomPointer = 99;
+/// By the value of MousePointer, from 0.
+constexpr Qt::CursorShape kCursors[] = {
+    Qt::IBeamCursor,      // default
+    Qt::ArrowCursor,      // arrow
+    Qt::CrossCursor,      // cross
+    Qt::IBeamCursor,      // I-beam
+    Qt::ArrowCursor,      // icon
+    Qt::SizeAllCursor,    // size
+    Qt::SizeBDiagCursor,  // size north-east to south-west
+    Qt::SizeVerCursor,    // size north to south
+    Qt::SizeFDiagCursor,  // size north-west to south-east
+    Qt::SizeHorCursor,    // size west to east
+    Qt::UpArrowCursor,    // up arrow
+    Qt::WaitCursor,       // hourglass
+    Qt::ForbiddenCursor,  // no drop
+    Qt::BusyCursor,       // arrow and hourglass
+    Qt::WhatsThisCursor,  // arrow and question mark
+    Qt::SizeAllCursor,    // size all
+};
+
+constexpr int kRichText = 0;
+
+}  // namespace
+
+bool RichTextView::AutoVerbMenu() const { return autoVerbMenu_; }
+void RichTextView::SetAutoVerbMenu(bool on) { autoVerbMenu_ = on; }
+
+ColorValue RichTextView::BackColor() const { return backColor_; }
+
+void RichTextView::SetBackColor(ColorValue color) {
+    backColor_ = color;
+    appearanceChanged();
+}
+
+Long RichTextView::BorderStyle() const { return frameShape() == NoFrame ? 0 : 1; }
+
+void RichTextView::SetBorderStyle(Long style) {
+    setFrameStyle(style == 0 ? QFrame::NoFrame : QFrame::StyledPanel | QFrame::Sunken);
+}
+
+double RichTextView::BulletIndent() const { return bulletIndent_; }
+
+void RichTextView::SetBulletIndent(double twips) {
+    bulletIndent_ = twips;
+    appearanceChanged();
+}
+
+QString RichTextView::FileName() const { return fileName_; }
+
+void RichTextView::SetFileName(const QString& path) {
+    if (!path.isEmpty()) LoadFile(path, kRichText);
+    fileName_ = path;
+}
+
+QFont RichTextView::Font() const { return font_.value_or(font()); }
+
+void RichTextView::SetFont(const QFont& font) {
+    font_ = font;
+    setFont(font);  // for whoever asks the widget, as input methods do
+    constexpr double kHalfPoints = 2;
+    box_.setBaseFont(codePage_.fromUnicode(font.family()),
+                     qRound(QFontInfo(font).pointSizeF() * kHalfPoints));
+    appearanceChanged();
+}
+
+bool RichTextView::HideSelection() const { return hideSelection_; }
+
+void RichTextView::SetHideSelection(bool hide) {
+    hideSelection_ = hide;
+    changed();
+}
+
+QPixmap RichTextView::MouseIcon() const { return mouseIcon_; }
+
+void RichTextView::SetMouseIcon(const QPixmap& icon) {
+    mouseIcon_ = icon;
+    SetMousePointer(mousePointer_);
+}
+
+Long RichTextView::MousePointer() const { return mousePointer_; }
+
+void RichTextView::SetMousePointer(Long pointer) {
+    mousePointer_ = pointer;
+    const bool known = pointer >= 0 && pointer < static_cast<Long>(std::size(kCursors));
+    if (pointer == kCustomPointer && !mouseIcon_.isNull())
+        viewport()->setCursor(QCursor(mouseIcon_));
+    else
+        viewport()->setCursor(kCursors[known ? pointer : 0]);
+}
+
+double RichTextView::RightMargin() const { return rightMargin_; }
+
+void RichTextView::SetRightMargin(double twips) {
+    rightMargin_ = twips;
+    fitStyle();
+}
+
+bool RichTextView::LoadFile(const QString& path, int type) {
+    const std::optional<std::string> bytes = Files::read(path);
+    if (!bytes) return false;
+    if (type != kRichText)
+        box_.SetText(*bytes);
+    else if (!box_.SetTextRTF(*bytes))
+        return false;
+    fileName_ = path;
+    return true;
+}
+
+bool RichTextView::SaveFile(const QString& path, int type) const {
+    return Files::write(path, type == kRichText ? box_.TextRTF() : box_.Text());
+}
+
+void RichTextView::SelPrint(QPagedPaintDevice& device) const {
+    const Range whole{Offset(0), Offset(box_.length())};
+    TextPrinter printer(box_, codePage_, device);
+    printer.setFont(Font());
+    printer.setBulletIndent(bulletIndent_);
+    printer.print(box_.selection().empty() ? whole : box_.selection());
+}
+
+}  // namespace brindlex

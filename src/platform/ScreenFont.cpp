@@ -1,0 +1,21 @@
+#include "platform/ScreenFont.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+
+namespace brindlex {
+
+QFont screenFont(const QFont& font) {
+    QFont shown = font;
+    shown.setKerning(false);
+    shown.setStyleStrategy(QFont::PreferNoShaping);
+    if (QFontDatabase::hasFamily(font.family())) return shown;
+    shown.setStyleHint(QFont::Monospace);
+    const QFontInfo substitute(shown);
+    shown.setFamilies({substitute.fixedPitch()
+                           ? substitute.family()
+                           : QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
+    return shown;
+}
+
+}  // namespace brindlex

@@ -1,0 +1,251 @@
+#include "platform/ShortLine.h"
+
+#include <QTextOption>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace brindlex {
+namespace {
+
+const QChar kBullet(u'\u2022');
+/// Wider than any line that is laid out whole, and far from the limits of the layout's arithmetic.
+constexpr qreal kNoEnd = 1e7;
+
+bool runsRightToLeft(QStringView text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) {
+        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+    });
+}
+
+}  // namespace
+
+ShortLine::ShortLine(const LineText& line, const LineStyle& style)
+    : style_(style),
+      layout_(QString(), style.font(), style.device()),
+      length_(line.content.length()) {
+    if (line.preedit && !line.preedit->text.isEmpty()) {
+        preeditColumn_ = line.preeditColumn;
+        preeditLength_ = static_cast<int>(line.preedit->text.size());
+    }
+    setText(line);
+    setFormats(line);
+    setOptions(line.paragraph);
+    breakIntoRows(line.paragraph);
+}
+
+// --- Laying out ----------------------------------------------------------------------------------
+
+void ShortLine::setText(const LineText& line) {
+    QString text;
+    text.reserve(static_cast<qsizetype>(length_) + preeditLength_);
+    line.box.rope().visitPieces(line.content, [&](std::string_view piece) {
+        style_.appendTo(text, piece);
+        return true;
+    });
+    if (preeditLength_ > 0)
+        text.insert(static_cast<qsizetype>(preeditColumn_), line.preedit->text);
+    bidirectional_ = (style_.hasRightToLeft() || preeditLength_ > 0) && runsRightToLeft(text);
+    layout_.setText(text);
+}
+
+void ShortLine::setFormats(const LineText& line) {
+    QList<QTextLayout::FormatRange> formats;
+    const auto add = [&](std::size_t begin, std::size_t end, const CharFormat& format) {
+        QTextLayout::FormatRange range;
+        range.start = inLayout(begin);
+        range.length = inLayout(end - 1) + 1 - range.start;
+        range.format = style_.charFormat(format);
+        formats.append(range);
+    };
+    line.box.visitFormats(line.content, [&](Range run, const CharFormat& format) {
+        makeRoom(format);
+        const std::size_t begin = run.begin() - line.content.begin();
+        const std::size_t end = run.end() - line.content.begin();
+        const std::size_t cut = std::clamp(preeditColumn_, begin, end);
+        if (begin < cut) add(begin, cut, format);
+        if (cut < end) add(cut, end, format);
+    });
+    addStandIns(line, formats);
+    for (int i = 0; preeditLength_ > 0 && i < line.preedit->formats.size(); ++i) {
+        formats.append(line.preedit->formats[i]);
+        formats.back().start += static_cast<int>(preeditColumn_);
+    }
+    layout_.setFormats(formats);
+}
+
+void ShortLine::makeRoom(const CharFormat& format) {
+    const qreal offset = style_.fromTwips(format.charOffset);
+    offsets_.up = std::max(offsets_.up, offset);
+    offsets_.down = std::max(offsets_.down, -offset);
+}
+
+void ShortLine::addStandIns(const LineText& line, QList<QTextLayout::FormatRange>& formats) const {
+    QTextLayout::FormatRange range;
+    range.length = 1;
+    std::size_t column = 0;
+    line.box.rope().visitPieces(line.content, [&](std::string_view piece) {
+        for (const char byte : piece) {
+            if (style_.isStandIn(static_cast<unsigned char>(byte))) {
+                range.start = inLayout(column);
+                range.format.setForeground(style_.standInColor());
+                formats.append(range);
+            }
+            ++column;
+        }
+        return true;
+    });
+}
+
+void ShortLine::setOptions(const ParagraphFormat& paragraph) {
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setTextDirection(Qt::LeftToRight);
+    option.setTabStopDistance(style_.tabDistance());
+    option.setWrapMode(style_.wraps() ? QTextOption::WrapAtWordBoundaryOrAnywhere
+                                      : QTextOption::NoWrap);
+    QList<QTextOption::Tab> tabs;
+    const qreal textLeft = edges(paragraph, true).first;
+    for (const std::int32_t stop : paragraph.tabs)
+        if (style_.fromTwips(stop) > textLeft)
+            tabs.append(QTextOption::Tab(style_.fromTwips(stop) - textLeft, QTextOption::LeftTab));
+    option.setTabs(tabs);
+    layout_.setTextOption(option);
+    layout_.setCacheEnabled(true);
+}
+
+std::pair<qreal, qreal> ShortLine::edges(const ParagraphFormat& paragraph, bool first) const {
+    qreal left = style_.fromTwips(paragraph.indent);
+    if (!first) left += style_.fromTwips(paragraph.hangingIndent);
+    if (paragraph.bullet) left += style_.bulletWidth();
+    left = std::max(0.0, left);
+    const qreal room = style_.wraps() ? style_.wrapWidth() : style_.availableWidth();
+    return {left, room - left - style_.fromTwips(paragraph.rightIndent)};
+}
+
+void ShortLine::breakIntoRows(const ParagraphFormat& paragraph) {
+    if (paragraph.bullet) bulletLeft_ = std::max(0.0, style_.fromTwips(paragraph.indent));
+    layout_.beginLayout();
+    for (QTextLine row = layout_.createLine(); row.isValid(); row = layout_.createLine()) {
+        const auto [left, room] = edges(paragraph, rows_.empty());
+        row.setLeadingIncluded(true);
+        row.setLineWidth(style_.wraps() ? std::max(1.0, room) : kNoEnd);
+        placeRow(row, paragraph, left, room);
+    }
+    layout_.endLayout();
+}
+
+void ShortLine::placeRow(QTextLine row, const ParagraphFormat& paragraph, qreal left, qreal room) {
+    const qreal spare = std::max(0.0, room - row.naturalTextWidth());
+    if (paragraph.alignment == Alignment::Right) left += spare;
+    if (paragraph.alignment == Alignment::Center) left += spare / 2;
+    PlacedRow placed;
+    placed.textLeft = style_.wholePixels(left);
+    placed.baseline = style_.wholePixels(row.ascent() + offsets_.up);
+    placed.box.begin = fromLayout(row.textStart());
+    placed.box.end = fromLayout(row.textStart() + row.textLength());
+    placed.box.top = rows_.empty() ? 0 : rows_.back().box.top + rows_.back().box.height;
+    placed.box.height = style_.wholePixels(placed.baseline + row.descent() + row.leading() + offsets_.down);
+    placed.box.width = placed.textLeft + row.naturalTextWidth();
+    row.setPosition({placed.textLeft, placed.box.top + placed.baseline - row.ascent()});
+    width_ = std::max(width_, placed.box.width);
+    rows_.push_back(placed);
+}
+
+// --- Places --------------------------------------------------------------------------------------
+
+int ShortLine::inLayout(std::size_t column) const {
+    const int shift = column >= preeditColumn_ ? preeditLength_ : 0;
+    return static_cast<int>(column) + shift;
+}
+
+std::size_t ShortLine::fromLayout(int position) const {
+    const std::size_t place = static_cast<std::size_t>(position);
+    if (place <= preeditColumn_) return place;
+    return std::max(preeditColumn_, place - static_cast<std::size_t>(preeditLength_));
+}
+
+int ShortLine::boundary(std::size_t column) const {
+    return column == preeditColumn_ ? static_cast<int>(column) : inLayout(column);
+}
+
+qreal ShortLine::xOf(std::size_t column) const {
+    return xInLayout(boundary(std::min(column, length_)));
+}
+
+qreal ShortLine::preeditX(int cursor) const {
+    return xInLayout(static_cast<int>(preeditColumn_) + std::clamp(cursor, 0, preeditLength_));
+}
+
+qreal ShortLine::xInLayout(int position) const {
+    const QTextLine row = layout_.lineForTextPosition(position);
+    return row.isValid() ? row.cursorToX(position) : rows_.front().textLeft;
+}
+
+std::size_t ShortLine::columnAt(std::size_t row, qreal x) const {
+    const std::size_t column = fromLayout(layout_.lineAt(static_cast<int>(row)).xToCursor(x));
+    // the end of a row that is not the last is the start of the next one
+    const bool ofNextRow = row + 1 < rows_.size() && column >= rows_[row].box.end;
+    return ofNextRow ? std::max(rows_[row].box.begin + 1, rows_[row].box.end) - 1 : column;
+}
+
+std::optional<std::size_t> ShortLine::characterAt(std::size_t row, qreal x) const {
+    const PlacedRow& placed = rows_[row];
+    if (x < placed.textLeft || x >= placed.box.width) return std::nullopt;
+    const QTextLine line = layout_.lineAt(static_cast<int>(row));
+    const std::size_t column = fromLayout(line.xToCursor(x, QTextLine::CursorOnCharacter));
+    if (column >= placed.box.end) return std::nullopt;
+    return column;
+}
+
+// --- Painting ------------------------------------------------------------------------------------
+
+void ShortLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
+                      const LineSelection& selection, const HighlightColors& colors) const {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const Row& box = rows_[row].box;
+        if (origin.y() + box.top + box.height > clip.top() && origin.y() + box.top < clip.bottom())
+            fillSelected(painter, origin, row, selection, colors.background);
+    }
+    if (bulletLeft_) paintBullet(painter, origin);
+    QList<QTextLayout::FormatRange> selected;
+    if (selection.begin < selection.end) {
+        QTextLayout::FormatRange range;
+        range.start = inLayout(selection.begin);
+        range.length = boundary(selection.end) - range.start;
+        range.format.setForeground(colors.text);
+        selected.append(range);
+    }
+    layout_.draw(&painter, origin, selected, clip);
+}
+
+void ShortLine::fillSelected(QPainter& painter, QPointF origin, std::size_t row,
+                             const LineSelection& selection, const QColor& color) const {
+    const Row& box = rows_[row].box;
+    const std::size_t begin = std::max(selection.begin, box.begin);
+    const std::size_t end = std::min(selection.end, box.end);
+    const QTextLine line = layout_.lineAt(static_cast<int>(row));
+    const auto fill = [&](qreal left, qreal right) {
+        const QRectF area(std::min(left, right), box.top, std::abs(right - left), box.height);
+        painter.fillRect(area.translated(origin), color);
+    };
+    if (begin < end && !bidirectional_)
+        fill(line.cursorToX(inLayout(begin)), line.cursorToX(boundary(end)));
+    for (std::size_t column = begin; bidirectional_ && column < end; ++column)
+        fill(line.cursorToX(inLayout(column)), line.cursorToX(inLayout(column), QTextLine::Trailing));
+    if (selection.lineBreak && row + 1 == rows_.size())
+        fill(box.width, box.width + style_.averageAdvance() / 2);
+}
+
+void ShortLine::paintBullet(QPainter& painter, QPointF origin) const {
+    painter.setFont(style_.font());
+    painter.setPen(style_.color(0));
+    painter.drawText(origin + QPointF(*bulletLeft_, rows_.front().baseline), kBullet);
+}
+
+void ShortLine::paintRow(QPainter& painter, std::size_t row, QPointF origin) const {
+    const QPointF corner = origin - QPointF(0, rows_[row].box.top);
+    if (bulletLeft_ && row == 0) paintBullet(painter, corner);
+    layout_.lineAt(static_cast<int>(row)).draw(&painter, corner);
+}
+
+}  // namespace brindlex
