@@ -1,0 +1,105 @@
+#include "support/FakeDesktop.h"
+
+#include <gtest/gtest.h>
+
+namespace brindlex {
+namespace {
+
+QString describe(const MessageBox& box) {
+    const QStringList icons{"no", "information", "warning", "question", "critical"};
+    const QStringList buttons{"Ok", "Yes, No", "Yes, No, Cancel"};
+    return QStringLiteral("a box titled \"%1\", %2 icon, buttons %3: \"%4\"")
+        .arg(box.title, icons[static_cast<int>(box.icon)], buttons[static_cast<int>(box.buttons)],
+             box.text);
+}
+
+QString describe(const FileQuestion& question) {
+    return QStringLiteral("a file to %1, titled \"%2\", from \"%3\", filters \"%4\"")
+        .arg(question.save ? "save" : "open", question.title, question.folder,
+             question.filters.join('|'));
+}
+
+QString describe(const char* what, const QString& title, const QString& start) {
+    return QStringLiteral("a %1, titled \"%2\", from \"%3\"").arg(what, title, start);
+}
+
+}  // namespace
+
+FakeDesktop::~FakeDesktop() {
+    for (const Expected& expected : expected_)
+        ADD_FAILURE() << "Not asked for " << qUtf8Printable(expected.question);
+}
+
+void FakeDesktop::expectBox(const MessageBox& box, BoxAnswer answer,
+                            std::function<void()> meanwhile) {
+    expected_.push_back({describe(box), answer, std::move(meanwhile)});
+}
+
+void FakeDesktop::expectFile(const FileQuestion& question, const FileAnswer& answer,
+                             std::function<void()> meanwhile) {
+    expected_.push_back({describe(question), answer, std::move(meanwhile)});
+}
+
+void FakeDesktop::expectFolder(const QString& title, const QString& folder,
+                               const std::optional<QString>& answer) {
+    expected_.push_back({describe("folder", title, folder), answer, {}});
+}
+
+void FakeDesktop::expectColor(const QString& title, const QColor& color,
+                              const std::optional<QColor>& answer) {
+    expected_.push_back({describe("colour", title, color.name()), answer, {}});
+}
+
+void FakeDesktop::expectFont(const QString& title, const QFont& font,
+                             const std::optional<QFont>& answer) {
+    expected_.push_back({describe("font", title, font.toString()), answer, {}});
+}
+
+template <typename T>
+T FakeDesktop::take(const QString& question, const T& otherwise) {
+    if (expected_.empty()) {
+        ADD_FAILURE() << "Asked without cause for " << qUtf8Printable(question);
+        return otherwise;
+    }
+    const Expected next = expected_.front();
+    expected_.pop_front();
+    EXPECT_EQ(question.toStdString(), next.question.toStdString());
+    if (next.meanwhile) next.meanwhile();
+    const T* answer = std::get_if<T>(&next.answer);
+    return answer ? *answer : otherwise;
+}
+
+BoxAnswer FakeDesktop::showBox(QWidget*, const MessageBox& box) {
+    const bool justOk = box.buttons == BoxButtons::Ok;
+    const bool yesNo = box.buttons == BoxButtons::YesNo;
+    return take(describe(box), justOk ? BoxAnswer::Ok : yesNo ? BoxAnswer::No : BoxAnswer::Cancel);
+}
+
+FileAnswer FakeDesktop::askFile(QWidget*, const FileQuestion& question) {
+    return take(describe(question), FileAnswer(Cancelled{}));
+}
+
+std::optional<QString> FakeDesktop::askFolder(QWidget*, const QString& title,
+                                              const QString& folder) {
+    return take(describe("folder", title, folder), std::optional<QString>());
+}
+
+std::optional<QColor> FakeDesktop::askColor(QWidget*, const QString& title, const QColor& color) {
+    return take(describe("colour", title, color.name()), std::optional<QColor>());
+}
+
+std::optional<QFont> FakeDesktop::askFont(QWidget*, const QString& title, const QFont& font) {
+    return take(describe("font", title, font.toString()), std::optional<QFont>());
+}
+
+bool FakeDesktop::openDocument(const QString& pathOrUrl) {
+    openedDocuments_ += pathOrUrl;
+    return documentsOpen_;
+}
+
+void FakeDesktop::setBusyPointer(bool busy) {
+    if (busy && !busyPointer_) ++busyTimes_;
+    busyPointer_ = busy;
+}
+
+}  // namespace brindlex
