@@ -228,25 +228,6 @@ TEST(RichTextBox, HandlersMayEditAndSelect) {
     EXPECT_EQ(events.list, (Names{"SelChange 5/7", "SelChange 0/3", "Change 0/3", "Change 0/3"}));
 }
 
-TEST(RichTextBox, TheObserverIsToldBeforeTheHandlers) {
-    struct Observer : RichTextObserver {
-        void textChanged(const TextEdit&) override { told += 't'; }
-        void formatChanged(Range) override { told += 'f'; }
-        void selectionChanged() override { told += 's'; }
-        std::string told;
-    } observer;
-    RichTextBox box;
-    box.setObserver(&observer);
-    Names seen;
-    box.onSelChange = [&] { seen.push_back(observer.told); };
-    box.SetSelText("abc");
-    EXPECT_EQ(seen, Names{"ts"});
-    const ColorRun red{3, 0xFF};
-    box.colorRuns(Offset(0), {&red, 1});
-    box.colorRuns(Offset(0), {&red, 1});
-    EXPECT_EQ(observer.told, "tsf") << "colours that are there already are no change";
-}
-
 TEST(RichTextBox, AMoveIsTwoEditsThatCanBeUndoneOneByOne) {
     RichTextBox box;
     box.SetText("one two three");
