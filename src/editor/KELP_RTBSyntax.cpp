@@ -1,5 +1,6 @@
 #include "editor/KELP_RTBSyntax.h"
 
+#include <QEvent>
 #include <algorithm>
 #include <array>
 
@@ -62,7 +63,12 @@ void KELP_RTBSyntax::connectView() {
 }
 
 void KELP_RTBSyntax::resizeEvent(QResizeEvent*) {
-    rtb().setGeometry(rect());
+    rtb().setGeometry(contentsRect());
+}
+
+bool KELP_RTBSyntax::event(QEvent* event) {
+    if (event->type() == QEvent::ContentsRectChange) rtb().setGeometry(contentsRect());
+    return RichTextHost::event(event);
 }
 
 void KELP_RTBSyntax::rtb_SelChange() {

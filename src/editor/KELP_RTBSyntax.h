@@ -22,8 +22,8 @@ struct EditorCommands {
     std::function<void()> cut;
 };
 
-/// The script editor: one rich text view over the control's whole area, the lists and colours of
-/// the syntax, and the colouring of the text after each change.
+/// The script editor: one rich text view over the control's area within its margins, the lists and
+/// colours of the syntax, and the colouring of the text after each change.
 ///
 /// Positions are 0-based offsets into Text, in which a line break counts two. Texts are bytes of
 /// the system's code page.
@@ -158,6 +158,7 @@ class KELP_RTBSyntax : public RichTextHost {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void connectView();
