@@ -118,37 +118,46 @@ struct TextOf {
     QString operator()(Color color) const { return state.ColorValues[color.index]; }
 };
 
-void writeKey(SettingsStore& store, const char* key, const QString& value) {
-    store.write(Settings::kApplication, Settings::kSection, QString::fromLatin1(key), value);
+/// Writes every key with the value that `valueOf` gives its setting, all at once.
+template <typename ValueOf>
+void writeAll(SettingsStore& store, ValueOf valueOf) {
+    SettingsStore::Values values;
+    for (const Setting& setting : kSettings)
+        values.emplace_back(QString::fromLatin1(setting.key), valueOf(setting));
+    store.write(Settings::kApplication, Settings::kSection, values);
 }
 
-QString readKey(const SettingsStore& store, const char* key) {
-    return store.read(Settings::kApplication, Settings::kSection, QString::fromLatin1(key));
+/// The stored text; nothing when there is none.
+std::optional<QString> readKey(const SettingsStore& store, const char* key) {
+    const QString name = QString::fromLatin1(key);
+    const QString text = store.read(Settings::kApplication, Settings::kSection, name);
+    const bool there =
+        !text.isEmpty() || store.contains(Settings::kApplication, Settings::kSection, name);
+    return there ? std::optional(text) : std::nullopt;
 }
 
 }  // namespace
 
 bool Settings::isFirstRun(const SettingsStore& store) {
-    return readKey(store, kSettings[0].key).isEmpty();
+    return readKey(store, kSettings[0].key).value_or(QString()).isEmpty();
 }
 
 void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
-    for (const Setting& setting : kSettings)
-        writeKey(store, setting.key, firstValueOf(setting, state));
+    writeAll(store, [&state](const Setting& setting) { return firstValueOf(setting, state); });
 }
 
 void Settings::read(const SettingsStore& store, AppState& state) {
     for (const Setting& setting : kSettings) {
-        const QString text = readKey(store, setting.key);
-        if (!text.isEmpty() && std::visit(Taker{state, text}, setting.field)) continue;
+        const std::optional<QString> text = readKey(store, setting.key);
+        if (text && std::visit(Taker{state, *text}, setting.field)) continue;
         const QString firstValue = firstValueOf(setting, state);
         std::visit(Taker{state, firstValue}, setting.field);
     }
 }
 
 void Settings::write(SettingsStore& store, const AppState& state) {
-    for (const Setting& setting : kSettings)
-        writeKey(store, setting.key, std::visit(TextOf{state}, setting.field));
+    writeAll(store,
+             [&state](const Setting& setting) { return std::visit(TextOf{state}, setting.field); });
 }
 
 int leadingNumber(const QString& text) {

@@ -13,8 +13,13 @@ QRect at(double left, double top, double width, double height) {
     return {start, QSize(std::max(0, end.x() - start.x()), std::max(0, end.y() - start.y()))};
 }
 
-std::ostream& operator<<(std::ostream& out, const QRect& r) {
-    return out << r.x() << ',' << r.y() << ' ' << r.width() << 'x' << r.height();
+std::string shown(const QRect& r) {
+    return QStringLiteral("%1,%2 %3x%4")
+        .arg(r.x())
+        .arg(r.y())
+        .arg(r.width())
+        .arg(r.height())
+        .toStdString();
 }
 
 class MainLayoutTest : public ShellTest {
@@ -26,8 +31,7 @@ class MainLayoutTest : public ShellTest {
     }
     QRect place(const char* name) { return control(name).geometry(); }
     void expectPlace(const char* name, const QRect& expected) {
-        const QRect is = place(name);
-        EXPECT_TRUE(is == expected) << name << ": " << is << ", not " << expected;
+        EXPECT_EQ(shown(place(name)), shown(expected)) << name;
     }
     double innerWidth() { return Twips::fromPixels(control("SB1").parentWidget()->width()); }
     double innerHeight() { return Twips::fromPixels(control("SB1").parentWidget()->height()); }
