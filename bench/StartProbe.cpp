@@ -21,7 +21,8 @@ class FirstPaint : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::UpdateRequest && event->type() != QEvent::Paint) return false;
         watched->removeEventFilter(this);
-        QMetaObject::invokeMethod(this, [this] { report(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { report(); }, Qt::QueuedConnection);
         return false;
     }
 
