@@ -22,7 +22,7 @@ QColor withLightness(const QColor& color, double lightness) {
         .toRgb();
 }
 
-/// The colour nearest to `color` on the way to black or white that can be read.
+/// A colour of the same hue, on the way to black or white, that can be read.
 QColor moved(const QColor& color, const QColor& background, bool lighter) {
     double unreadable = color.toHsl().lightnessF();
     double readable = lighter ? 1 : 0;
@@ -34,7 +34,9 @@ QColor moved(const QColor& color, const QColor& background, bool lighter) {
             ReadableColor::kReadable;
         (enough ? readable : unreadable) = middle;
     }
-    return withLightness(color, readable);
+    // light on dark takes the place of dark on light, so that what was strong stays strong
+    const double mirrored = 1 - color.toHsl().lightnessF();
+    return withLightness(color, lighter ? std::max(readable, mirrored) : std::min(readable, mirrored));
 }
 
 }  // namespace
@@ -43,7 +45,7 @@ ReadableColor::ReadableColor(const QColor& background)
     : background_(background), dark_(contrast(background, Qt::white) > contrast(background, Qt::black)) {}
 
 double ReadableColor::contrast(const QColor& a, const QColor& b) {
-    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
     return (high + 0.05) / (low + 0.05);
 }
 

@@ -6,7 +6,8 @@
 namespace brindlex {
 
 /// Colours of text as they show on one background. A colour that cannot be read there is shown
-/// lighter or darker, in its own hue, until its contrast (in the sense of WCAG 2) is kReadable.
+/// lighter or darker, in its own hue, so that its contrast (in the sense of WCAG 2) is kReadable at
+/// least.
 ///
 /// Scripts are coloured for a light page. On a light background a colour is therefore left as it
 /// was chosen unless it all but vanishes; on a dark one all that is hard to read is changed.

@@ -103,10 +103,13 @@ void RichTextView::scrollToColumn(qreal x, qreal width) const {
 
 void RichTextView::updateScrollBars() {
     const RowPlace top = rows_->top();
-    const qreal bottom = rows_->visit(viewHeight(), [&](LineIndex, const LineLayout& layout, qreal) {
+    LineIndex lastSeen;
+    const auto see = [&](LineIndex line, const LineLayout& layout, qreal) {
         contentWidth_ = std::max(contentWidth_, layout.width());
-    });
-    const bool endShows = bottom <= viewHeight();
+        lastSeen = line;
+    };
+    const qreal bottom = rows_->visit(viewHeight(), see);
+    const bool endShows = bottom <= viewHeight() && lastSeen.value() == box_.rope().breakCount();
     const Long lines = static_cast<Long>(box_.rope().breakCount()) + 1;
     const Long line = static_cast<Long>(top.line.value());
     // the bar counts lines; the end of a last line of several rows is one step further

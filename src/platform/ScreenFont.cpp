@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QStringList>
 
 namespace brindlex {
 
@@ -12,9 +13,10 @@ QFont screenFont(const QFont& font) {
     if (QFontDatabase::hasFamily(font.family())) return shown;
     shown.setStyleHint(QFont::Monospace);
     const QFontInfo substitute(shown);
-    shown.setFamilies({substitute.fixedPitch()
-                           ? substitute.family()
-                           : QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
+    const QString family = substitute.fixedPitch()
+                               ? substitute.family()
+                               : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    shown.setFamilies(QStringList(family));
     return shown;
 }
 
