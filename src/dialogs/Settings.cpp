@@ -92,7 +92,7 @@ struct Taker {
     }
     bool operator()(LastingFlag flag) const {
         const auto number = wholeNumber(text);
-        if (number == 0 || number == 1) state.*flag.field = *number == 1;
+        if (number && (*number == 0 || *number == 1)) state.*flag.field = *number == 1;
         return number.has_value();
     }
     bool operator()(Minutes minutes) const {

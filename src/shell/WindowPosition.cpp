@@ -3,7 +3,10 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 #include <QWidget>
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 
 #include "platform/SettingsStore.h"
@@ -14,6 +17,9 @@ namespace {
 
 const QString kApplication = QStringLiteral("Brindlex");
 const QString kSection = QStringLiteral("Options");
+
+/// Some window systems give a window that was maximised another frame, and tell nobody when.
+constexpr std::chrono::milliseconds kFrameComes(100);
 
 // The window states of the product.
 enum State { StateNormal = 0, StateMinimised = 1, StateMaximised = 2 };
@@ -125,12 +131,16 @@ void WindowPosition::funFull_Click() {
 }
 
 void WindowPosition::funDefault_Click() {
+    const bool frameStays = stateOf(window_) == StateNormal;
     window_.setWindowState(Qt::WindowNoState);
     const QSize size(Twips::toPixels(13470), Twips::toPixels(11970));
     const QRect screen = screenOf(window_)->geometry();
     const QSize free = screen.size() - size;
     setFrame(QRect(screen.topLeft() + QPoint(free.width() / 2, free.height() / 2), size));
-    frameToCome_.reset();
+    if (frameStays)
+        frameToCome_.reset();
+    else
+        QTimer::singleShot(kFrameComes, &window_, [this] { frameIsKnown(); });
 }
 
 }  // namespace brindlex

@@ -99,9 +99,12 @@ void frmMain::wireEditor() {
 }
 
 void frmMain::makeShortcuts() {
-    auto* openMenu = new QShortcut(QKeySequence(Qt::Key_F10), this);
-    connect(openMenu, &QShortcut::activated, this,
-            [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });
+    const auto onKey = [this](const QKeySequence& key, auto handler) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, handler);
+    };
+    onKey(Qt::Key_F10, [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });
+    // Tab is a character in the editor, so the way out of it is another key.
+    onKey(Qt::CTRL | Qt::Key_F6, [this] { focusNextChild(); });
 }
 
 void frmMain::setTabOrders() {

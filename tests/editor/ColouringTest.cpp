@@ -110,6 +110,9 @@ TEST(Colouring, AnEditColoursTheLinesThatItTouched) {
         editor.SetText(randomText(random, 12));
         std::vector<ColorRef> expected;
         editor.onChange = [&] {
+            if (random.oneIn(4)) {  // also between CR and LF
+                editor.SetSelStart(static_cast<Long>(random.below(editor.Text().size() + 1)));
+            }
             paintAll(editor, kUntouched);
             expected.assign(editor.Text().size(), kUntouched);
             NaiveColouring(editor).paintChange(

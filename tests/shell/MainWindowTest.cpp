@@ -127,6 +127,8 @@ TEST_F(MainWindowTest, ShortcutsReachTheirEntriesFromTheEditor) {
     EXPECT_EQ(editor().SelText(), "battery");
     QTest::keyClick(&editor().rtb(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(folder.get("scripts/battery.script"), "batteryspawn\r\n\r\n");
+    QTest::keyClick(&editor().rtb(), Qt::Key_F6, Qt::ControlModifier);
+    EXPECT_EQ(window().focusWidget(), &control("TreeView1"));
     QTest::keyClick(&editor().rtb(), Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(panels(window()), "");
 }
