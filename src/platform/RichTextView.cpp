@@ -125,9 +125,9 @@ void RichTextView::sync() {
     if (!redraw_ || syncing_) return;
     fitStyle();
     settle();
-    clampTop();
-    updateScrollBars();
     pending_ = false;
+    clampTop();
+    updateScrollBars();  // a bar that comes or goes makes another sync due
     ShownLines lines = linesToShow();
     QRegion region = lines.changedSince(*shown_) + std::exchange(held_, {});
     *shown_ = std::move(lines);
@@ -182,7 +182,6 @@ void RichTextView::appearanceChanged() {
     style_->setBackground(backColor_.resolve(palette()));
     style_->setBulletIndent(bulletIndent_);
     layouts_->clear();
-    contentWidth_ = 0;
     fitStyle();
     held_ = viewport()->rect();
     changed();
@@ -286,11 +285,10 @@ void RichTextView::showEvent(QShowEvent* event) {
 void RichTextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {
-        case QEvent::PaletteChange:
         case QEvent::StyleChange:
-        case QEvent::FontChange:
-        case QEvent::EnabledChange:
-        case QEvent::ActivationChange: return appearanceChanged();
+        case QEvent::FontChange: contentWidth_ = 0; [[fallthrough]];
+        case QEvent::PaletteChange:
+        case QEvent::EnabledChange: return appearanceChanged();
         default: return;
     }
 }

@@ -70,6 +70,7 @@ QFont RichTextView::Font() const { return font_.value_or(font()); }
 
 void RichTextView::SetFont(const QFont& font) {
     font_ = font;
+    contentWidth_ = 0;
     setFont(font);  // for whoever asks the widget, as input methods do
     constexpr double kHalfPoints = 2;
     box_.setBaseFont(codePage_.fromUnicode(font.family()),

@@ -1,0 +1,258 @@
+#include "platform/LineLayouts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "platform/LongLine.h"
+#include "platform/ReadableColor.h"
+#include "platform/ScreenFont.h"
+#include "platform/ShortLine.h"
+#include "text/Random.h"
+
+namespace brindlex {
+namespace {
+
+using test::Random;
+
+/// A box and what lays out its lines; the layouts hear of every change.
+class LaidOutBox : public RichTextObserver {
+  public:
+    LaidOutBox() {
+        QFont font("Courier New");
+        font.setPointSizeF(9.75);
+        style.setFont(font);
+        box.setObserver(this);
+    }
+
+    LineText line(LineIndex index) const {
+        return {box, box.lineContent(index), box.paragraphAt(index), nullptr, 0};
+    }
+
+    const CodePage codePage = CodePage::windows(1252);
+    RichTextBox box{codePage.characters()};
+    LineStyle style{codePage};
+    LineLayouts layouts{box, style};
+
+  private:
+    void textChanged(const TextEdit& edit) override { layouts.textChanged(edit); }
+    void formatChanged(Range range) override { layouts.formatChanged(range); }
+    void selectionChanged() override {}
+};
+
+void colorSome(RichTextBox& box, Random& random) {
+    const std::size_t begin = random.below(box.length() + 1);
+    const ColorRun run{static_cast<std::uint32_t>(random.below(box.length() - begin + 1)),
+                       static_cast<ColorRef>(random.below(3) * 0x8000)};
+    box.colorRuns(Offset(begin), std::span(&run, 1));
+}
+
+void formatSome(RichTextBox& box, Random& random) {
+    box.SetSelStart(static_cast<Long>(random.below(box.length() + 1)));
+    box.SetSelLength(static_cast<Long>(random.below(40)));
+    if (random.oneIn(2))
+        box.SetSelBold(random.oneIn(2));
+    else
+        box.SetSelCharOffset(static_cast<Long>(random.below(3)) * 60 - 60);
+}
+
+void editSome(RichTextBox& box, Random& random, const std::string& alphabet, std::size_t most) {
+    const std::size_t begin = random.below(box.length() + 1);
+    const std::size_t end = std::min(box.length(), begin + random.below(most));
+    box.userReplace({Offset(begin), Offset(end)}, random.text(random.below(most), alphabet));
+}
+
+/// That an amended layout places every column as one made from nothing does.
+void expectSame(const LineLayout& amended, const LineLayout& fresh, std::size_t columns) {
+    ASSERT_EQ(amended.rowCount(), fresh.rowCount());
+    for (std::size_t row = 0; row < fresh.rowCount(); ++row) {
+        ASSERT_EQ(amended.row(row).begin, fresh.row(row).begin);
+        ASSERT_EQ(amended.row(row).end, fresh.row(row).end);
+    }
+    for (std::size_t column = 0; column <= columns; ++column) {
+        const qreal x = fresh.xOf(column);
+        ASSERT_NEAR(amended.xOf(column), x, 0.05) << "column " << column;
+        ASSERT_EQ(amended.columnAt(amended.rowOf(column), x + 0.1), column) << "x " << x;
+    }
+}
+
+TEST(LineLayouts, FollowRandomChangesAsIfMadeAnew) {
+    for (const std::uint64_t seed : test::seeds(6)) {
+        SCOPED_TRACE(seed);
+        Random random(seed);
+        LaidOutBox laidOut;
+        laidOut.style.setLongLine(60);  // so that short and long lines take turns
+        laidOut.box.SetText(random.text(2000, "abc d\t\n"));
+        for (int step = 0; step < 300; ++step) {
+            const std::size_t kind = random.below(8);
+            if (kind == 0) colorSome(laidOut.box, random);
+            if (kind == 1) formatSome(laidOut.box, random);
+            if (kind > 1) editSome(laidOut.box, random, "ab\tcdef gh\n", 30);
+            const LineIndex line(random.below(laidOut.box.rope().breakCount() + 1));
+            LaidOutBox fresh;
+            fresh.style.setLongLine(60);
+            const LineText text = laidOut.line(line);
+            std::unique_ptr<LineLayout> anew;
+            if (text.content.length() > 60)
+                anew = std::make_unique<LongLine>(text, fresh.style);
+            else
+                anew = std::make_unique<ShortLine>(text, fresh.style);
+            expectSame(laidOut.layouts.at(line), *anew, text.content.length());
+            if (testing::Test::HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST(LineLayouts, PiecesStandWhereTheWholeLineHasThem) {
+    for (const std::uint64_t seed : test::seeds(4)) {
+        SCOPED_TRACE(seed);
+        Random random(seed);
+        LaidOutBox laidOut;
+        laidOut.box.SetText(random.text(9000, "iM. \t\x01\xE4(_"));
+        for (int i = 0; i < 10; ++i) formatSome(laidOut.box, random);
+        const bool ownTabs = random.oneIn(2);
+        laidOut.box.SetSelStart(0);
+        if (ownTabs) laidOut.box.SetSelTabCount(5);
+        const LineText text = laidOut.line(LineIndex(0));
+        const ShortLine whole(text, laidOut.style);
+        const LongLine pieces(text, laidOut.style);
+        EXPECT_NEAR(pieces.xOf(9000), whole.width(), 0.5);
+        EXPECT_NEAR(pieces.width(), whole.width(), 0.5);
+        for (std::size_t column = 0; column <= 9000; column += 1 + random.below(50)) {
+            ASSERT_NEAR(pieces.xOf(column), whole.xOf(column), 0.5) << "column " << column;
+            const qreal x = whole.xOf(column) + 2;
+            ASSERT_EQ(pieces.columnAt(0, x), whole.columnAt(0, x));
+            ASSERT_EQ(pieces.characterAt(0, x), whole.characterAt(0, x));
+        }
+    }
+}
+
+TEST(LineLayouts, ALineOfMegabytesIsMeasuredWhereItIsAskedFor) {
+    LaidOutBox laidOut;
+    laidOut.box.SetText(std::string(4'000'000, 'a'));
+    const qreal advance = laidOut.style.averageAdvance();
+    const LineLayout& line = laidOut.layouts.at(LineIndex(0));
+    EXPECT_NEAR(line.width(), 4e6 * advance, 1);
+    EXPECT_NEAR(line.xOf(3'999'999), 3'999'999 * advance, 1);
+    laidOut.box.userReplace({Offset(5), Offset(5)}, "\t");
+    EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(4'000'001),
+                3'999'995 * advance + laidOut.style.tabDistance(), 1);
+    laidOut.box.userReplace({Offset(10), Offset(3'900'000)}, "");
+    EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(100'011), 100'005 * advance + laidOut.style.tabDistance(), 1);
+    EXPECT_EQ(laidOut.layouts.made(), 1U) << "the layout follows edits";
+}
+
+TEST(LineLayouts, AChangeLaysOutItsLineAlone) {
+    struct Case {
+        const char* name;
+        std::function<void(RichTextBox&)> change;
+        std::size_t made;
+    };
+    const auto replace = [](std::size_t begin, std::size_t end, const char* text) {
+        return [=](RichTextBox& box) { box.userReplace({Offset(begin), Offset(end)}, text); };
+    };
+    const Case cases[] = {
+        {"a character", replace(12, 12, "x"), 1},
+        {"a line break", replace(12, 12, "\r\n"), 2},
+        {"two lines become one", replace(4, 8, ""), 1},
+        {"a colour", [](RichTextBox& box) {
+             const ColorRun run{3, 0xFF};
+             box.colorRuns(Offset(9), std::span(&run, 1));
+         }, 1},
+        {"a colour that is there already", [](RichTextBox& box) {
+             const ColorRun run{3, 0};
+             box.colorRuns(Offset(9), std::span(&run, 1));
+         }, 0},
+        {"a format of a paragraph", [](RichTextBox& box) {
+             box.SetSelStart(14);
+             box.SetSelBullet(true);
+         }, 1},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        LaidOutBox laidOut;
+        std::string text;
+        for (int line = 0; line < 20; ++line) text += "line\r\n";
+        laidOut.box.SetText(text);
+        const auto layOutAll = [&] {
+            for (std::size_t line = 0; line <= laidOut.box.rope().breakCount(); ++line)
+                laidOut.layouts.at(LineIndex(line));
+            return laidOut.layouts.made();
+        };
+        const std::size_t before = layOutAll();
+        row.change(laidOut.box);
+        EXPECT_EQ(layOutAll() - before, row.made);
+    }
+}
+
+TEST(LineLayouts, RowsAreCutAtTheWidthAndCoverTheLine) {
+    LaidOutBox laidOut;
+    for (const qreal width : {1.0, 8.0, 100.0, 333.0}) {
+        SCOPED_TRACE(width);
+        laidOut.style.setWidth(width, width);
+        laidOut.box.SetText("some words that wrap, and averyveryveryverylongoneinbetween\tx");
+        const ShortLine line(laidOut.line(LineIndex(0)), laidOut.style);
+        std::size_t column = 0;
+        for (std::size_t row = 0; row < line.rowCount(); ++row) {
+            ASSERT_EQ(line.row(row).begin, column);
+            ASSERT_GT(line.row(row).end, column);
+            column = line.row(row).end;
+            EXPECT_TRUE(width < 100 || line.row(row).width <= width);
+        }
+        EXPECT_EQ(column, laidOut.box.length());
+    }
+}
+
+TEST(LineLayouts, EveryByteIsSeenAndKeepsTheRowsHeight) {
+    LaidOutBox laidOut;
+    laidOut.box.SetText("a");
+    const qreal height = ShortLine(laidOut.line(LineIndex(0)), laidOut.style).height();
+    for (int byte = 0; byte < 256; ++byte) {
+        if (byte == '\r' || byte == '\n') continue;
+        SCOPED_TRACE(byte);
+        std::string text = "a?b";
+        text[1] = static_cast<char>(byte);
+        laidOut.box.SetText(text);
+        const ShortLine line(laidOut.line(LineIndex(0)), laidOut.style);
+        EXPECT_GT(line.xOf(2), line.xOf(1) + 1);
+        EXPECT_EQ(line.height(), height);
+        EXPECT_EQ(line.rowCount(), 1U);
+    }
+}
+
+TEST(LineStyle, AFontThatIsNotInstalledGivesWayToAFixedPitchOne) {
+    for (const char* family : {"Courier New", "No Such Font At All"})
+        EXPECT_TRUE(QFontInfo(screenFont(QFont(family))).fixedPitch()) << family;
+}
+
+// --- Colours -------------------------------------------------------------------------------------
+
+TEST(ReadableColor, OnADarkPageEveryColourCanBeReadInItsHue) {
+    Random random(7);
+    for (const QColor& page : {QColor(Qt::black), QColor(30, 30, 30), QColor(0, 43, 54)}) {
+        const ReadableColor colors(page);
+        for (int i = 0; i < 500; ++i) {
+            const QColor color = QColor::fromRgb(static_cast<QRgb>(random.below(0x1000000)));
+            const QColor shown = colors.shown(color.rgb());
+            EXPECT_GE(ReadableColor::contrast(shown, page), 4.4) << color.name().toStdString();
+            // near white and in greys a hue is lost to rounding
+            if (color.hslSaturation() < 60 || shown.lightness() > 220) continue;
+            const int turn = std::abs(shown.hslHue() - color.hslHue());
+            EXPECT_LE(std::min(turn, 360 - turn), 6) << color.name().toStdString();
+        }
+        EXPECT_EQ(colors.shown(qRgb(0, 0, 0)), QColor(Qt::white)) << "what was strong stays strong";
+    }
+}
+
+TEST(ReadableColor, OnALightPageColoursAreAsChosenUnlessTheyVanish) {
+    const ReadableColor colors(Qt::white);
+    for (const QRgb chosen : {qRgb(0, 0, 0), qRgb(0, 128, 0), qRgb(255, 0, 255), qRgb(128, 128, 255),
+                              qRgb(0, 192, 0), qRgb(192, 0, 0)})
+        EXPECT_EQ(colors.shown(chosen).rgb(), qRgb(qRed(chosen), qGreen(chosen), qBlue(chosen)));
+    for (const QRgb pale : {qRgb(255, 255, 255), qRgb(255, 255, 0), qRgb(250, 250, 255)})
+        EXPECT_GE(ReadableColor::contrast(colors.shown(pale), Qt::white), 4.4);
+}
+
+}  // namespace
+}  // namespace brindlex
