@@ -20,19 +20,22 @@ class FlagHold {
     bool& flag_;
 };
 
-/// Stops repainting for as long as it lives, then repaints what changed.
+/// Stops repainting for as long as it lives; the outermost one lets it go on.
 class RedrawPause {
   public:
-    explicit RedrawPause(RichTextView& view) : view_(view) { view_.setRedraw(false); }
+    explicit RedrawPause(RichTextView& view) : view_(view), redraw_(view.redraw()) {
+        view_.setRedraw(false);
+    }
     ~RedrawPause() {
-        view_.setRedraw(true);
-        view_.Refresh();
+        view_.setRedraw(redraw_);
+        if (redraw_) view_.Refresh();
     }
     RedrawPause(const RedrawPause&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
 
   private:
     RichTextView& view_;
+    bool redraw_;
 };
 
 /// The start of the line of the last character before `from`: a caret at column 0 takes the line
@@ -74,14 +77,21 @@ void KELP_RTBSyntax::ReColorize() {
     const RedrawPause pause(rtb());
     const Offset anchor = box().anchor();
     const Offset caret = box().caret();
+    const Offset end(box().length());
+    box().select(end, end);
     if (onChange) onChange();
     if (!colorizing_) colorize(Range(Offset(), Offset(box().length())));
     box().select(anchor, caret);
+    prevSelStart_ = curSelStart_ = SelStart();
 }
 
 void KELP_RTBSyntax::rtb_Change() {
+    const Long before = prevSelStart_;
     if (onChange) onChange();
-    if (!colorizing_) colorize(changedLines());
+    if (colorizing_) return;
+    // An edit inside the handler, as completion makes it, has coloured its own line alone.
+    prevSelStart_ = std::min(prevSelStart_, before);
+    colorize(changedLines());
 }
 
 /// From the line of the older caret position to the line of the newer one. When the older position

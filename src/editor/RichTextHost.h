@@ -27,7 +27,8 @@ class RichTextHost : public QWidget {
     void SetBorderStyle(Long style) { rtb_.SetBorderStyle(style); }
     double BulletIndent() const { return rtb_.BulletIndent(); }
     void SetBulletIndent(double twips) { rtb_.SetBulletIndent(twips); }
-    bool Enabled() const { return rtb_.isEnabled(); }
+    /// Of the view itself, also while what it stands in is disabled.
+    bool Enabled() const { return !rtb_.testAttribute(Qt::WA_ForceDisabled); }
     void SetEnabled(bool on) { rtb_.setEnabled(on); }
     QString filename() const { return rtb_.FileName(); }
     void SetFilename(const QString& path) { rtb_.SetFileName(path); }
@@ -100,6 +101,7 @@ class RichTextHost : public QWidget {
     Long GetLineFromChar(Long offset) const { return box().GetLineFromChar(offset); }
     bool LoadFile(const QString& path, int fileType = 0) { return rtb_.LoadFile(path, fileType); }
     bool SaveFile(const QString& path, int flags = 0) const { return rtb_.SaveFile(path, flags); }
+    /// A paged device starts its document by itself.
     void SelPrint(QPagedPaintDevice& device) const { rtb_.SelPrint(device); }
     void Span(std::string_view set, bool forward = true, bool negate = false) {
         box().Span(set, forward, negate);

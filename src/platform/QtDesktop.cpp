@@ -1,5 +1,6 @@
 #include "platform/QtDesktop.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -114,6 +115,17 @@ QUrl webPage(const QString& text) {
     return web ? url : QUrl();
 }
 
+/// The toolkit asks before it takes a file of exactly the name that was typed, but names that
+/// differ in case alone are one file to the program.
+bool mayReplaceNamesake(QtDesktop& desktop, QWidget& dialog, const QString& path) {
+    const QString onDisk = Files::toSystemPath(path);
+    if (onDisk == path || !QFileInfo::exists(onDisk)) return true;
+    const QString question = QFileInfo(onDisk).fileName() +
+                             QStringLiteral(" already exists.\nDo you want to replace it?");
+    return desktop.showBox(&dialog, {question, dialog.windowTitle(), BoxIcon::Warning,
+                                     BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
 }  // namespace
 
 QtDesktop::~QtDesktop() {
@@ -131,7 +143,10 @@ BoxAnswer QtDesktop::showBox(QWidget* owner, const MessageBox& box) {
     dialog.setStandardButtons(set.buttons);
     dialog.setDefaultButton(set.first);
     dialog.setEscapeButton(set.escape);
-    return answerOf(dialog.exec());
+    dialog.exec();
+    // A box that is taken away without an answer counts as one that the user escaped.
+    QAbstractButton* clicked = dialog.clickedButton();
+    return answerOf(clicked ? dialog.standardButton(clicked) : set.escape);
 }
 
 FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
@@ -141,8 +156,11 @@ FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
     dialog.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filterLines(question.filters));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return Cancelled{};
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString path = QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+        if (!question.save || mayReplaceNamesake(*this, dialog, path)) return path;
+    }
+    return Cancelled{};
 }
 
 std::optional<QString> QtDesktop::askFolder(QWidget* owner, const QString& title,

@@ -74,7 +74,6 @@ Commands::Commands(frmMain& window, QMenuBar& menuBar) : owner_(window) {
             menus.insert(made->objectName(), made);
         }
     }
-    entry(QStringLiteral("funShowCmd")).setChecked(true);
 }
 
 QAction& Commands::entry(const QString& name) const {

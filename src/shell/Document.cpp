@@ -62,6 +62,17 @@ class Document::LoadingTime {
     QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
 };
 
+/// A command's turn, if no other has it.
+class Document::Turn {
+  public:
+    explicit Turn(Document& document) : isMine_(!document.busy_), busy_(document.busy_, true) {}
+    explicit operator bool() const { return isMine_; }
+
+  private:
+    bool isMine_;
+    QScopedValueRollback<bool> busy_;
+};
+
 Document::Document(Surroundings surroundings) : surroundings_(std::move(surroundings)) {
     setTitle(QStringLiteral("Brindlex"));
 }
@@ -110,22 +121,30 @@ void Document::reportUnreadable() {
 
 // --- Putting a text into the editor --------------------------------------------------------------
 
-bool Document::load(std::string FileText) {
+namespace {
+
+/// What the user does meanwhile waits, so that no second load begins in the middle of this one.
+void yield() {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+void Document::load(std::string FileText, void (Document::*become)()) {
+    const QScopedValueRollback busy(busy_, true);
     const QScopedValueRollback loading(loading_, true);
     {
         const LoadingTime loadingTime(*this);
-        if (!yield()) return false;
+        yield();
         surroundings_.editor.SetText(FileText);
     }
     FileText = {};
     surroundings_.panes.showLine(surroundings_.editor.GetCurrentLine());
-    return yield();
-}
-
-bool Document::yield() const {
-    // What the user does meanwhile waits, so that no second load begins in the middle of this one.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    return !ended_;
+    const Rope loaded = surroundings_.editor.rtb().box().rope();
+    yield();
+    (this->*become)();
+    // Input methods and screen readers may have edited it in the yield.
+    if (!(surroundings_.editor.rtb().box().rope() == loaded)) textChanged();
 }
 
 void Document::becomeUntitled() {
@@ -151,25 +170,23 @@ void Document::takeName(const QString& path) {
 
 void Document::startNew() {
     if (!surroundings_.state.GetPresetEnabled) return NewFile();
-    if (load(readPreset().value_or(std::string()))) becomeUntitled();
+    load(readPreset().value_or(std::string()), &Document::becomeUntitled);
 }
 
 void Document::startWith(QString commandLine) {
     takeName(commandLine.remove('"'));
     MapName_ = baseName() + ".map";
-    if (load(Files::read(FilePath_).value_or(std::string()))) becomeNamed();
+    load(Files::read(FilePath_).value_or(std::string()), &Document::becomeNamed);
 }
 
 // --- Operations ----------------------------------------------------------------------------------
 
 void Document::NewFile() {
-    if (surroundings_.state.GetPresetEnabled) {
-        std::optional<std::string> preset = readPreset();
-        if (!preset || !load(std::move(*preset))) return;
-    } else {
+    if (!surroundings_.state.GetPresetEnabled) {
         surroundings_.editor.SetText({});
+        return becomeUntitled();
     }
-    becomeUntitled();
+    if (auto preset = readPreset()) load(std::move(*preset), &Document::becomeUntitled);
 }
 
 std::optional<std::string> Document::readPreset() {
@@ -203,8 +220,7 @@ void Document::openPath(const QString& path) {
     if (!FileText) return reportUnreadable();
     takeName(path);
     MapName_ = baseName() + ".map";
-    if (!load(std::move(*FileText))) return;
-    becomeNamed();
+    load(std::move(*FileText), &Document::becomeNamed);
     startAutoSave();
 }
 
@@ -241,13 +257,23 @@ void Document::write(const QString& path) const {
 
 bool Document::offerToSave(const QString& question, const QString& title) {
     if (!Dirty_) return true;
+    const QScopedValueRollback busy(busy_, true);
     const BoxAnswer answer = surroundings_.desktop.showBox(
         &surroundings_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
-    if (answer == BoxAnswer::Yes) funSave_Click();
+    if (answer == BoxAnswer::Yes) save();
     return answer != BoxAnswer::Cancel;
 }
 
+void Document::save() {
+    if (HasFileName_)
+        SaveCurrent();
+    else
+        SaveAs();
+}
+
 void Document::funNew_Click() {
+    const Turn turn(*this);
+    if (!turn) return;
     const QString question =
         HasFileName_ ? "Do you want to save " + displayName() + '?' : "Do you want to save?";
     if (offerToSave(question, QStringLiteral("Save?"))) NewFile();
@@ -258,22 +284,28 @@ QString Document::openQuestion() const {
 }
 
 void Document::funOpen_Click() {
-    if (offerToSave(openQuestion(), QStringLiteral("Save?"))) OpenFile();
+    const Turn turn(*this);
+    if (turn && offerToSave(openQuestion(), QStringLiteral("Save?"))) OpenFile();
 }
 
 void Document::openDropped(const QString& path) {
-    if (loading_) return;
-    if (offerToSave(openQuestion(), QStringLiteral("Save?"))) openPath(path);
+    const Turn turn(*this);
+    if (turn && offerToSave(openQuestion(), QStringLiteral("Save?"))) openPath(path);
 }
 
 void Document::funSave_Click() {
-    if (HasFileName_)
-        SaveCurrent();
-    else
-        SaveAs();
+    const Turn turn(*this);
+    if (turn) save();
+}
+
+void Document::funSaveAs_Click() {
+    const Turn turn(*this);
+    if (turn) SaveAs();
 }
 
 void Document::funSavePreset_Click() {
+    const Turn turn(*this);
+    if (!turn) return;
     const BoxAnswer answer = surroundings_.desktop.showBox(
         &surroundings_.window,
         {.text = QStringLiteral("Are you sure you want to change the preset?\r\nWhile it is not "

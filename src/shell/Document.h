@@ -51,8 +51,11 @@ class Document {
 
     /// The text of the editor has changed.
     void textChanged();
-    /// The program ends: a load that waits in a yield is not carried on.
-    void end() { ended_ = true; }
+    /// A command waits for the user, or for a yield of a load. Commands take turns: one that comes
+    /// in meanwhile does nothing.
+    bool busy() const { return busy_; }
+    /// A text is being put into the editor; its name and state may not be its own yet.
+    bool loading() const { return loading_; }
 
     // --- At start ------------------------------------------------------------------------------
     /// Fixes what the dialogs start from.
@@ -73,14 +76,17 @@ class Document {
     void funNew_Click();
     void funOpen_Click();
     void funSave_Click();
+    void funSaveAs_Click();
     void funSavePreset_Click();
     /// As funOpen_Click, for a file that is named already.
     void openDropped(const QString& path);
     /// Offers to save unsaved text in front of something that would lose it; false to let that be.
+    /// Not for use while the document is busy.
     bool offerToSave(const QString& question, const QString& title);
 
   private:
     class LoadingTime;
+    class Turn;
 
     QString inProgramFolder(const char* name) const;
     QString openQuestion() const;
@@ -89,8 +95,8 @@ class Document {
     void openPath(const QString& path);
     void takeName(const QString& path);
     void write(const QString& path) const;
-    bool load(std::string FileText);
-    bool yield() const;
+    void load(std::string FileText, void (Document::*become)());
+    void save();
     void becomeUntitled();
     void becomeNamed();
     void setTitle(const QString& title);
@@ -106,8 +112,8 @@ class Document {
     bool HasFileName_ = false;
     bool Dirty_ = false;
     bool EditorReady_ = false;
+    bool busy_ = false;
     bool loading_ = false;
-    bool ended_ = false;
 };
 
 }  // namespace brindlex

@@ -26,11 +26,13 @@ void EditCommands::funPaste_Click() {
 }
 
 void EditCommands::insert(const QString& text) {
-    const std::string bytes = CodePage::system().fromUnicode(text);
-    const Long start = editor_.SelStart();
-    editor_.SetSelText(bytes);
-    editor_.SetSelStart(start);
-    editor_.SetSelLength(static_cast<Long>(bytes.size()));
+    const RichTextBox& box = editor_.rtb().box();
+    const std::size_t kept = box.length() - box.selection().length();
+    editor_.SetSelText(CodePage::system().fromUnicode(text));
+    // Counted, for line ends in the text may have become longer.
+    const auto inserted = static_cast<Long>(box.length() - kept);
+    editor_.SetSelStart(editor_.SelStart() - inserted);
+    editor_.SetSelLength(inserted);
 }
 
 }  // namespace brindlex

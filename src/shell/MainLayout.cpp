@@ -109,7 +109,13 @@ void MainLayout::arrangeWithEntities(double w, double h) {
 }
 
 void MainLayout::arrangeAlone(double w, double h) {
-    move(SB2_, SB2_.twips);
+    // The strip stays where it is, for as long as the window is too small to show it there, at the
+    // window's end.
+    const QRectF kept = SB2_.twips;
+    QRectF shown = kept;
+    shown.moveTop(std::min(kept.top(), h - SB1_.twips.height() - kept.height()));
+    move(SB2_, shown);
+    SB2_.twips = kept;
     move(txtError_, txtError_.twips);
     move(editor_, {editor_.twips.left(), editor_.twips.top(), w, h});
 }

@@ -1,6 +1,7 @@
 #include "shell/Module1.h"
 
 #include <QApplication>
+#include <QSessionManager>
 #include <algorithm>
 
 #include "editor/ScriptSyntax.h"
@@ -16,18 +17,23 @@ Program::Program(Surroundings surroundings) : surroundings_(std::move(surroundin
 
 Program::~Program() = default;
 
-bool Program::ended() const {
-    return frmMain_ && frmMain_->ended();
-}
-
 void Main(Program& program) {
     program.state_.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
     program.state_.Keywords = scriptKeywords();
     program.state_.BlockNames = {"game_manager"};
     program.frmMain_ = std::make_unique<frmMain>(program.state_, program.surroundings_);
     program.frmMain_->Form_Load();
-    if (!program.ended()) program.frmMain_->show();
+    program.frmMain_->show();
 }
+
+namespace {
+
+/// The end of the session asks about unsaved text as the end of the program does.
+void askAtLogOut(Program& program, QSessionManager& session) {
+    if (session.allowsInteraction() && !program.mainWindow().close()) session.cancel();
+}
+
+}  // namespace
 
 int runProgram(int argc, char** argv) {
     const QApplication application(argc, argv);
@@ -40,7 +46,9 @@ int runProgram(int argc, char** argv) {
                      .commandLine = QCoreApplication::arguments().mid(1).join(' '),
                      .endProgram = [] { QCoreApplication::exit(0); }});
     Main(program);
-    return program.ended() ? 0 : QApplication::exec();
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &program.mainWindow(),
+                     [&program](QSessionManager& session) { askAtLogOut(program, session); });
+    return QApplication::exec();
 }
 
 bool FileExists(const QString& path) {

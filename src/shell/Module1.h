@@ -33,8 +33,6 @@ class Program {
 
     AppState& state() { return state_; }
     frmMain& mainWindow() { return *frmMain_; }
-    /// Whether the program has ended itself, which it may do while it starts.
-    bool ended() const;
 
   private:
     friend void Main(Program& program);

@@ -30,7 +30,11 @@ CaptionLabel* makeLabel(QWidget* parent, const char* name) {
 SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent)
     : funShowCmd_(funShowCmd), funScriptTar_(funScriptTar) {
     TreeView1_ = makeTree(parent, "TreeView1", "Script reference");
-    TreeView2_ = makeTree(parent, "TreeView2", "Scriptnames and targetnames of the map");
+    entityPane_ = new QWidget(parent);
+    TreeView2_ = makeTree(entityPane_, "TreeView2", "Scriptnames and targetnames of the map");
+    auto* fill = new QVBoxLayout(entityPane_);
+    fill->setContentsMargins(0, 0, 0, 0);
+    fill->addWidget(TreeView2_);
     auto* pane = new QFrame(parent);
     pane->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     pane->setObjectName(QStringLiteral("Picture1"));
@@ -55,7 +59,7 @@ void SidePanels::show(SidePanel panel) {
     const bool entities = panel == SidePanel::Entities;
     TreeView1_->setVisible(commands);
     Picture1_->setVisible(commands);
-    TreeView2_->setVisible(entities);
+    entityPane_->setVisible(entities);
     funShowCmd_.setChecked(commands);
     funScriptTar_.setChecked(entities);
 }

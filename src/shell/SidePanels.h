@@ -24,6 +24,8 @@ class SidePanels {
 
     QTreeWidget& TreeView1() { return *TreeView1_; }
     QTreeWidget& TreeView2() { return *TreeView2_; }
+    /// What TreeView2 fills: has its place in the window.
+    QWidget& entityPane() { return *entityPane_; }
     QWidget& Picture1() { return *Picture1_; }
     CaptionLabel& Label3() { return *Label3_; }
     CaptionLabel& Label4() { return *Label4_; }
@@ -41,6 +43,7 @@ class SidePanels {
     QAction& funScriptTar_;
     QTreeWidget* TreeView1_;
     QTreeWidget* TreeView2_;
+    QWidget* entityPane_;  // carries TreeView2, which takes no margins of its own
     QWidget* Picture1_;
     CaptionLabel* Label3_;
     CaptionLabel* Label4_;

@@ -5,7 +5,6 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QMenuBar>
-#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTreeWidget>
 
@@ -19,6 +18,8 @@
 
 namespace brindlex {
 namespace {
+
+constexpr int kCloseAgainMilliseconds = 50;
 
 QWidget* makeToolBar(QWidget* parent) {
     auto* strip = new QWidget(parent);
@@ -80,7 +81,7 @@ MainLayout::Controls frmMain::controls() {
             *editor_,
             sidePanels_.TreeView1(),
             sidePanels_.Picture1(),
-            sidePanels_.TreeView2(),
+            sidePanels_.entityPane(),
             errorLine_.SB2(),
             errorLine_.txtError(),
             statusPanes_.SB1()};
@@ -167,20 +168,19 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::Form_QueryUnload(bool& Cancel) {
-    const QScopedValueRollback asking(asking_, true);
     Cancel =
         !document_.offerToSave("Do you want to save changes to " + document_.displayName() + '?',
                                QStringLiteral("Brindlex"));
     if (Cancel) return;
     ended_ = true;
-    document_.end();
     surroundings_.endProgram();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    // The system may ask to close again while the question is open.
-    bool cancel = asking_;
-    if (!asking_ && !ended_) Form_QueryUnload(cancel);
+    // In a yield of a load the text and its name do not belong together yet.
+    if (document_.loading()) QTimer::singleShot(kCloseAgainMilliseconds, this, [this] { close(); });
+    bool cancel = document_.busy();
+    if (!cancel && !ended_) Form_QueryUnload(cancel);
     event->setAccepted(!cancel);
 }
 

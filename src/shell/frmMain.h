@@ -32,12 +32,11 @@ class frmMain : public QWidget {
     ~frmMain() override;
 
     // --- The window's own events ---------------------------------------------------------------
-    /// To be called once, before the window is shown. The window may end the program meanwhile.
+    /// To be called once, before the window is shown.
     void Form_Load();
     void Form_Resize();
     /// Asks about unsaved text and ends the program, unless the user cancels.
     void Form_QueryUnload(bool& Cancel);
-    bool ended() const { return ended_; }
 
     // --- What others use -----------------------------------------------------------------------
     KELP_RTBSyntax& KELP_RTBSyntax1() { return *editor_; }
@@ -59,7 +58,7 @@ class frmMain : public QWidget {
     void funNew_Click() { document_.funNew_Click(); }
     void funOpen_Click() { document_.funOpen_Click(); }
     void funSave_Click() { document_.funSave_Click(); }
-    void funSaveAs_Click() { document_.SaveAs(); }
+    void funSaveAs_Click() { document_.funSaveAs_Click(); }
     void funSavePreset_Click() { document_.funSavePreset_Click(); }
     void funClose_Click() { close(); }
     // --- Menu Edit -----------------------------------------------------------------------------
@@ -118,7 +117,6 @@ class frmMain : public QWidget {
     std::unique_ptr<frmOptions> options_;
     Long CaretPosition_ = 0;
     bool FormLoaded_ = false;
-    bool asking_ = false;
     bool ended_ = false;
     bool painted_ = false;
 };

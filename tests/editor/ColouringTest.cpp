@@ -110,13 +110,14 @@ TEST(Colouring, AnEditColoursTheLinesThatItTouched) {
         editor.SetText(randomText(random, 12));
         std::vector<ColorRef> expected;
         editor.onChange = [&] {
+            const Long before = editor.PrevSelStart();
             if (random.oneIn(4)) {  // also between CR and LF
                 editor.SetSelStart(static_cast<Long>(random.below(editor.Text().size() + 1)));
             }
             paintAll(editor, kUntouched);
             expected.assign(editor.Text().size(), kUntouched);
             NaiveColouring(editor).paintChange(
-                editor.Text(), static_cast<std::size_t>(editor.PrevSelStart()),
+                editor.Text(), static_cast<std::size_t>(std::min(before, editor.PrevSelStart())),
                 static_cast<std::size_t>(editor.SelStart()), expected);
         };
         for (int edit = 0; edit < 300; ++edit) {

@@ -84,10 +84,10 @@ TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
     editor.SetSelStart(3);
     writeDown();
     editor.SetText("wait");
-    EXPECT_EQ(log, (Log{"SelChange", "Change!", "Change"}));
+    EXPECT_EQ(log, (Log{"SelChange", "Change!", "SelChange", "Change", "SelChange"}));
     log.clear();
     EXPECT_TRUE(editor.SetTextRTF("{\\rtf1 set\\par wait}"));
-    EXPECT_EQ(log, (Log{"Change!", "Change"}));
+    EXPECT_EQ(log, (Log{"Change!", "SelChange", "Change", "SelChange"}));
     EXPECT_EQ(colorAt(0), 4U);
     expectColoured();
 }
@@ -96,8 +96,13 @@ TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
     editor.SetText("wait set\r\nwait\r\n// set");
     editor.rtb().box().select(Offset(14), Offset(3));
     writeDown();
+    editor.onChange = [&] {
+        log.push_back("Change");
+        EXPECT_EQ(editor.SelStart(), 22);
+        EXPECT_EQ(editor.SelLength(), 0);
+    };
     editor.ReColorize();
-    EXPECT_EQ(log, Log{"Change"});
+    EXPECT_EQ(log, (Log{"SelChange", "Change", "SelChange"}));
     EXPECT_EQ(editor.rtb().box().anchor(), Offset(14));
     EXPECT_EQ(editor.rtb().box().caret(), Offset(3));
 }

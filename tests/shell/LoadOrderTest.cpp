@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QTest>
 #include <QTimer>
 
 #include "ShellTest.h"
@@ -75,8 +76,8 @@ TEST_F(LoadOrderTest, GoesStepByStep) {
     pointer.expectFile(openDialog(), folder.path("scripts/next.script"), [this] { note(); });
     trigger("funOpen");
     EXPECT_EQ(notes.join(", ").toStdString(),
-              "hourglass, editor hidden, pane hidden, yield, SelChange, Change, Change, arrow, "
-              "editor shown, pane shown, yield");
+              "hourglass, editor hidden, pane hidden, yield, SelChange, Change, SelChange, Change, "
+              "SelChange, arrow, editor shown, pane shown, yield");
     EXPECT_EQ(editor().Text(), "a\r\nb");
     EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 1");
     EXPECT_EQ(title(), "next.script - Brindlex");
@@ -95,15 +96,34 @@ TEST_F(LoadOrderTest, GivesTheFocusBack) {
     EXPECT_EQ(window().focusWidget(), &errors);
 }
 
-TEST_F(LoadOrderTest, AWindowClosedInAYieldEndsTheProgramAndLoadsNoMore) {
+TEST_F(LoadOrderTest, WhatComesInAYieldWaitsOrDoesNothing) {
     start();
     folder.put("scripts/next.script", "next");
-    desktop.expectFile(openDialog(), folder.path("scripts/next.script"),
-                       [this] { QTimer::singleShot(0, &window(), [this] { window().close(); }); });
+    desktop.expectFile(openDialog(), folder.path("scripts/next.script"), [this] {
+        QTimer::singleShot(0, &window(), [this] {
+            window().close();
+            for (const char* name : {"funNew", "funOpen", "funSave", "funSaveAs"}) trigger(name);
+        });
+    });
     trigger("funOpen");
-    EXPECT_EQ(ends, 1);
-    EXPECT_EQ(editor().Text(), "preset\r\n");
-    EXPECT_FALSE(desktop.busyPointer());
+    EXPECT_EQ(title(), "next.script - Brindlex");
+    EXPECT_EQ(folder.get("scripts/next.script"), "next");
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return ends == 1; }));
+}
+
+TEST_F(LoadOrderTest, AnEditInTheLastYieldIsUnsaved) {
+    start();
+    folder.put("scripts/next.script", "next");
+    desktop.expectFile(openDialog(), folder.path("scripts/next.script"), [this] {
+        QTimer::singleShot(0, &window(), [this] {
+            QTimer::singleShot(0, &window(), [this] { editor().SetSelText("late "); });
+        });
+    });
+    trigger("funOpen");
+    EXPECT_EQ(editor().Text(), "late next");
+    EXPECT_TRUE(document().Dirty());
+    EXPECT_EQ(title(), "next.script - Brindlex*");
 }
 
 TEST_F(LoadOrderTest, AFileDroppedInAYieldDoesNotLoadIntoALoad) {

@@ -29,7 +29,14 @@ class MainLayoutTest : public ShellTest {
         start();
         QCoreApplication::processEvents();
     }
-    QRect place(const char* name) { return control(name).geometry(); }
+    /// Within the part of the window below the menu.
+    QRect place(const char* name) {
+        const QWidget& shownControl = control(name);
+        const QWidget* frame = shownControl.parentWidget();
+        if (frame == control("SB1").parentWidget() || frame == &control("SB2"))
+            return shownControl.geometry();
+        return frame->geometry();
+    }
     void expectPlace(const char* name, const QRect& expected) {
         EXPECT_EQ(shown(place(name)), shown(expected)) << name;
     }
@@ -73,7 +80,7 @@ TEST_F(MainLayoutTest, AloneOnlyTheEditorMoves) {
     for (const QSize& size : kSizes) {
         window().resize(size);
         expectPlace("KELP_RTBSyntax1", at(0, 360, innerWidth(), innerHeight()));
-        expectPlace("SB2", at(0, 10260, 13815, 615));
+        expectPlace("SB2", at(0, std::min(10260.0, innerHeight() - 270 - 615), 13815, 615));
         expectPlace("txtError", at(75, 75, 13575, 450));
         expectPlace("SB1", at(0, innerHeight() - 270, innerWidth(), 270));
     }
@@ -88,6 +95,9 @@ TEST_F(MainLayoutTest, WhatTheStripsCoverStaysOutOfTheView) {
             window().resize(size);
             QCoreApplication::processEvents();
             const int clear = std::min(place("SB1").top(), place("SB2").top());
+            const QWidget& tree = control("TreeView2");  // no margins of its own
+            EXPECT_LE(tree.mapTo(&window(), tree.rect().bottomLeft()).y(),
+                      control("SB2").mapTo(&window(), QPoint()).y());
             const QRect view = editor().rtb().geometry().translated(editor().pos());
             EXPECT_LE(view.y() + view.height(), clear) << panel << ' ' << size.height();
             EXPECT_GT(view.y() + view.height(), clear - 4) << panel << ' ' << size.height();

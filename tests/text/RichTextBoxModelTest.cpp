@@ -79,12 +79,18 @@ class Model {
         const auto [from, to] = whole(std::min(range.begin().value(), text.size()),
                                       std::min(range.end().value(), text.size()));
         if (locked || isProtected(from, to)) return false;
+        if ((caret < from || caret > to) && !caretGoesTo(from)) return false;
         const std::string in = fitting(incoming, from, to);
         CharFormat format = inherited(from, to);
         format.isProtected = false;
         if (next_ && whole(caret, caret).first == from) format = *next_;
         put(from, to, in, format, from + in.size());
         return true;
+    }
+    bool caretGoesTo(std::size_t place) {
+        const std::string before = text;
+        select(Offset(place), Offset(place));
+        return text == before;
     }
     bool userMove(Range range, Offset target) {
         const auto [from, to] = whole(std::min(range.begin().value(), text.size()),
@@ -95,6 +101,7 @@ class Model {
             select(Offset(from), Offset(to));
             return true;
         }
+        if (!caretGoesTo(place)) return false;
         const std::vector<std::size_t> source(serials_.begin() + index(from),
                                               serials_.begin() + index(to));
         const std::size_t firstNew = nextSerial_;

@@ -81,6 +81,8 @@ void RichTextBox::select(Offset anchor, Offset caret) {
 bool RichTextBox::userReplace(Range range, std::string_view text) {
     const Range removed = wholePairs(rope_, clamped(range));
     if (!userMayReplace(removed)) return false;
+    const bool isAtCaret = removed.begin() <= caret_ && caret_ <= removed.end();
+    if (!isAtCaret && !caretGoesTo(removed.begin())) return false;
     const std::optional<FormatId> chosen = chosenFormat(removed);
     insert(removed, text, chosen ? *chosen : withoutProtection(inheritedFormat(removed)));
     return true;
@@ -97,6 +99,7 @@ bool RichTextBox::userMove(Range range, Offset target) {
     const std::string text = rope_.bytes(source);
     const std::vector<FormatRun> formats =
         charFormats_.runs({source.begin().value(), source.end().value()});
+    if (!caretGoesTo(place)) return false;
     TrackedRange original(tracked_, source);
     const Happening insertion =
         apply({place, place}, {.text = text, .characters = formats}, place + text.size());
@@ -106,6 +109,13 @@ bool RichTextBox::userMove(Range range, Offset target) {
     if (!original.isBroken()) edit(original.range(), {}, original.range().begin());
     if (!moved.isBroken()) select(moved.range().begin(), moved.range().end());
     return true;
+}
+
+/// Moves the caret; false when a handler changed the text meanwhile.
+bool RichTextBox::caretGoesTo(Offset place) {
+    const Rope before = rope_;
+    select(place, place);
+    return rope_ == before;
 }
 
 bool RichTextBox::userMayReplace(Range range) const {

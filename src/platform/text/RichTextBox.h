@@ -104,7 +104,9 @@ class RichTextBox {
     Range selection() const;
 
     // --- What the user does --------------------------------------------------------------------
-    /// Replaces a stretch on the user's behalf and puts the caret behind the new text. Refused
+    /// Replaces a stretch on the user's behalf and puts the caret behind the new text. A caret that
+    /// is elsewhere goes to the stretch first, with its own SelChange, so that handlers find each
+    /// edit at the caret; a handler that changes the text then calls the replacement off. Refused
     /// (false, nothing changed) when the box is locked, when a protected character would go, and
     /// between two protected characters. Cut to what MaxLength leaves room for. The new text does
     /// not become protected by its neighbour, so that the user can correct it.
@@ -247,6 +249,7 @@ class RichTextBox {
     void insertFragment(Range removed, const RichTextFragment& fragment, CaretPlace place);
     void keepPartLines(Range removed, std::vector<FormatRun>& paragraphs) const;
     std::size_t roomWithout(Range removed) const;
+    bool caretGoesTo(Offset place);
     bool userMayReplace(Range range) const;
     /// The format set for the next text, if what replaces `removed` is that text.
     std::optional<FormatId> chosenFormat(Range removed) const;
