@@ -86,6 +86,10 @@ qreal LineStyle::wholePixels(qreal height) const {
     return std::ceil(height * pixelRatio_ - kRoundingError) / pixelRatio_;
 }
 
+qreal LineStyle::baseRowHeight() const {
+    return wholePixels(wholePixels(base().ascent) + base().descent);
+}
+
 qreal LineStyle::bulletWidth() const {
     const QFontMetricsF metrics =
         device_ ? QFontMetricsF(font_, device_) : QFontMetricsF(font_);

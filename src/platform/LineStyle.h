@@ -76,7 +76,8 @@ class LineStyle {
     const Advances& advances(const CharFormat& format) const;
     /// The width of a character of the control's own font; for estimates.
     qreal averageAdvance() const { return base().width['x']; }
-    qreal baseRowHeight() const { return wholePixels(base().ascent + base().descent); }
+    /// The height of a row without other fonts.
+    qreal baseRowHeight() const;
 
   private:
     const Advances& base() const;

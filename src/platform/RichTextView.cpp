@@ -84,6 +84,7 @@ void RichTextView::textChanged(const TextEdit& edit) {
     const bool isNewText = edit.removed.length() == lengthBefore && lengthBefore > 0;
     layouts_->textChanged(edit);
     rows_->textChanged(edit);
+    if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));
     if (isNewText) {
         contentWidth_ = 0;
         rows_->setTop({});

@@ -155,7 +155,9 @@ void RichTextView::wheelEvent(QWheelEvent* event) {
                                : QPointF(notches.x() * lines * 3 * style_->averageAdvance(),
                                          notches.y() * lines * style_->baseRowHeight());
     wheel_ -= pixels;
-    const qreal rows = std::trunc(wheel_.y() / style_->baseRowHeight());
+    constexpr qreal kRoundingError = 1e-6;
+    const qreal rows =
+        std::trunc(wheel_.y() / style_->baseRowHeight() + std::copysign(kRoundingError, wheel_.y()));
     const int columns = static_cast<int>(wheel_.x());
     wheel_ -= QPointF(columns, rows * style_->baseRowHeight());
     scrollRows(static_cast<Long>(rows));
