@@ -8,6 +8,7 @@
 #include "bench/ScriptGenerator.h"
 #include "bench/ToolkitEditor.h"
 #include "editor/KELP_RTBSyntax.h"
+#include "editor/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
 
 namespace brindlex::bench {
@@ -35,7 +36,7 @@ class Typist {
     explicit Typist(QWidget& target) : target_(target) {}
     void typeNext() {
         const QChar c = kText[at_++ % kText.size()];
-        const int key = c == u'\n' ? Qt::Key_Return : c.toUpper().unicode();
+        const int key = c == u'\n' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, c == u'\n' ? u"\r"_qs : QString(c));
         QApplication::sendEvent(&target_, &press);
     }

@@ -58,15 +58,24 @@ class Generator {
 
     std::string action() {
         switch (below(9)) {
-            case 0: return "wait " + number(5000);
-            case 1: return "setstate " + name() + " invisible";
-            case 2: return "trigger " + name() + " " + name();
-            case 3: return "wm_announce \"The " + name() + " has been destroyed!\"";
-            case 4: return "accum " + number(8) + " abort_if_not_equal " + number(3);
-            case 5: return "globalaccum " + number(8) + " inc 1";
-            case 6: return "// " + name() + " waits for the " + name() + " here";
-            case 7: return "gotomarker " + name() + " " + number(300) + " wait relative";
-            default: return "alertentity " + name() + "\t// once a round";
+            case 0:
+                return "wait " + number(5000);
+            case 1:
+                return "setstate " + name() + " invisible";
+            case 2:
+                return "trigger " + name() + " " + name();
+            case 3:
+                return "wm_announce \"The " + name() + " has been destroyed!\"";
+            case 4:
+                return "accum " + number(8) + " abort_if_not_equal " + number(3);
+            case 5:
+                return "globalaccum " + number(8) + " inc 1";
+            case 6:
+                return "// " + name() + " waits for the " + name() + " here";
+            case 7:
+                return "gotomarker " + name() + " " + number(300) + " wait relative";
+            default:
+                return "alertentity " + name() + "\t// once a round";
         }
     }
 
@@ -76,6 +85,8 @@ class Generator {
 
 }  // namespace
 
-std::string generateScript(std::size_t bytes) { return Generator().script(bytes); }
+std::string generateScript(std::size_t bytes) {
+    return Generator().script(bytes);
+}
 
 }  // namespace brindlex::bench

@@ -11,17 +11,18 @@
 
 namespace {
 
-/// Ends the process when the window has painted for the first time, with the milliseconds since
-/// the process began its work on standard output.
+/// Ends the process when a window has painted for the first time, with the milliseconds since the
+/// process began its work on standard output.
 class FirstPaint : public QObject {
   public:
-    FirstPaint(QWidget& window, const QElapsedTimer& clock) : clock_(clock) {
-        window.installEventFilter(this);
+    explicit FirstPaint(const QElapsedTimer& clock) : clock_(clock) {
+        QCoreApplication::instance()->installEventFilter(this);
     }
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::UpdateRequest && event->type() != QEvent::Paint) return false;
-        watched->removeEventFilter(this);
-        QMetaObject::invokeMethod(this, [this] { report(); }, Qt::QueuedConnection);
+        if (event->type() != QEvent::Paint || !watched->isWidgetType()) return false;
+        QCoreApplication::instance()->removeEventFilter(this);
+        QMetaObject::invokeMethod(
+            this, [this] { report(); }, Qt::QueuedConnection);
         return false;
     }
 
@@ -41,10 +42,10 @@ class FirstPaint : public QObject {
 int main(int argc, char** argv) {
     QElapsedTimer clock;
     clock.start();
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
+    const FirstPaint firstPaint(clock);
     if (argc == 2 && qstrcmp(argv[1], "empty") == 0) {
         QWidget window;
-        const FirstPaint firstPaint(window, clock);
         window.resize(930, 740);
         window.show();
         return QApplication::exec();
@@ -53,7 +54,6 @@ int main(int argc, char** argv) {
     brindlex::QtDesktop desktop;
     brindlex::SettingsStore settings(folder.path());
     brindlex::Program program({desktop, settings, folder.path(), {}, [] {}});
-    const FirstPaint firstPaint(program.mainWindow(), clock);
     brindlex::Main(program);
     return QApplication::exec();
 }

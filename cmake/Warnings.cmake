@@ -7,6 +7,10 @@ else()
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Werror)
 endif()
 target_include_directories(brindlex_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 sees an overlap in `"literal" + string` where there is none.
+  target_compile_options(brindlex_options INTERFACE -Wno-restrict)
+endif()
 if(BRINDLEX_SANITIZE)
   target_compile_options(brindlex_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -16,12 +16,18 @@ int number(Offset offset) {
 
 }  // namespace
 
-AccessibleEvents::AccessibleEvents(RichTextView& view) : view_(view) {
+Audience Audience::system() {
+    return {&QAccessible::isActive,
+            [](QAccessibleEvent& event) { QAccessible::updateAccessibility(&event); }};
+}
+
+AccessibleEvents::AccessibleEvents(RichTextView& view, Audience audience)
+    : view_(view), audience_(std::move(audience)) {
     installRichTextAccessible();
 }
 
 void AccessibleEvents::textChanged(const TextEdit& edit) {
-    if (!QAccessible::isActive()) {
+    if (!audience_.listens()) {
         known_ = Rope();
         return;
     }
@@ -36,18 +42,18 @@ void AccessibleEvents::tellRemoved(const TextEdit& edit) {
     if (edit.removed.empty() || known_.size() != before) return;
     QAccessibleTextRemoveEvent event(&view_, number(edit.removed.begin()),
                                      told(known_, edit.removed.begin(), edit.removed.length()));
-    QAccessible::updateAccessibility(&event);
+    audience_.tell(event);
 }
 
 void AccessibleEvents::tellInserted(const TextEdit& edit) {
     if (edit.inserted == 0) return;
     QAccessibleTextInsertEvent event(&view_, number(edit.removed.begin()),
                                      told(view_.box().rope(), edit.removed.begin(), edit.inserted));
-    QAccessible::updateAccessibility(&event);
+    audience_.tell(event);
 }
 
 void AccessibleEvents::selectionChanged() {
-    if (!QAccessible::isActive()) return;
+    if (!audience_.listens()) return;
     const RichTextBox& box = view_.box();
     if (known_.empty()) known_ = box.rope();
     const Range before = std::exchange(selection_, box.selection());
@@ -55,11 +61,11 @@ void AccessibleEvents::selectionChanged() {
         QAccessibleTextSelectionEvent event(&view_, number(selection_.begin()),
                                             number(selection_.end()));
         event.setCursorPosition(number(box.caret()));
-        QAccessible::updateAccessibility(&event);
+        audience_.tell(event);
     }
     if (std::exchange(caret_, box.caret()) != box.caret()) {
         QAccessibleTextCursorEvent event(&view_, number(box.caret()));
-        QAccessible::updateAccessibility(&event);
+        audience_.tell(event);
     }
 }
 

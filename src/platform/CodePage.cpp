@@ -137,7 +137,7 @@ std::optional<NamedPage> characterSetOf(const QString& localeName) {
 
 QString environmentLocale() {
     for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const QString name = qEnvironmentVariable(variable);
+        QString name = qEnvironmentVariable(variable);
         if (!name.isEmpty()) return name;
     }
     return QLocale::system().name();

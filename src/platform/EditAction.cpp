@@ -47,7 +47,6 @@ constexpr StandardRow kStandardKeys[] = {
     {QKeySequence::SelectAll, {Kind::SelectAll}},
     {QKeySequence::Deselect, {Kind::Deselect}},
     {QKeySequence::Delete, {Kind::Delete, Motion::NextCharacter}},
-    {QKeySequence::Backspace, {Kind::Delete, Motion::PreviousCharacter}},
     {QKeySequence::DeleteStartOfWord, {Kind::Delete, Motion::PreviousWord}},
     {QKeySequence::DeleteEndOfWord, {Kind::Delete, Motion::NextWord}},
     {QKeySequence::DeleteEndOfLine, {Kind::Delete, Motion::LineEnd}},
@@ -61,6 +60,7 @@ struct ChordRow {
 };
 
 constexpr ChordRow kChords[] = {
+    {Qt::Key_Backspace, Qt::NoModifier, {Kind::Delete, Motion::PreviousCharacter}},
     {Qt::Key_Backspace, Qt::ShiftModifier, {Kind::Delete, Motion::PreviousCharacter}},
     {Qt::Key_Up, Qt::ControlModifier, {Kind::ScrollUp}},
     {Qt::Key_Down, Qt::ControlModifier, {Kind::ScrollDown}},

@@ -11,18 +11,16 @@ namespace brindlex {
 inline constexpr int kOtherKeyCode = 231;
 
 /// The values of KeyAscii that the view itself gives a meaning.
-enum KeyAscii : int {
-    kAsciiCopy = 3,
-    kAsciiBackspace = 8,
-    kAsciiTab = 9,
-    kAsciiCtrlEnter = 10,
-    kAsciiEnter = 13,
-    kAsciiPaste = 22,
-    kAsciiCut = 24,
-    kAsciiUndo = 26,
-    kAsciiEscape = 27,
-    kAsciiCtrlBackspace = 127,
-};
+inline constexpr int kAsciiCopy = 3;
+inline constexpr int kAsciiBackspace = 8;
+inline constexpr int kAsciiTab = 9;
+inline constexpr int kAsciiCtrlEnter = 10;
+inline constexpr int kAsciiEnter = 13;
+inline constexpr int kAsciiPaste = 22;
+inline constexpr int kAsciiCut = 24;
+inline constexpr int kAsciiUndo = 26;
+inline constexpr int kAsciiEscape = 27;
+inline constexpr int kAsciiCtrlBackspace = 127;
 
 /// The virtual key code of a key: 13 Enter, 65 A, 38 Up ... Shifted signs give the code of their
 /// key on an American keyboard, as '(' gives 57.

@@ -85,7 +85,7 @@ void KeyInput::typeText(const QString& text) {
 }
 
 void KeyInput::typeByte(char byte) {
-    const int ascii = byte == '\n' ? static_cast<int>(kAsciiEnter) : static_cast<unsigned char>(byte);
+    const int ascii = byte == '\n' ? kAsciiEnter : static_cast<unsigned char>(byte);
     put(afterKeyPress(ascii));
 }
 

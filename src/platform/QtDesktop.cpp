@@ -96,8 +96,7 @@ QString filterLine(const QString& name, const QString& patterns) {
 
 QStringList filterLines(const QStringList& pairs) {
     QStringList lines;
-    for (qsizetype i = 0; i + 1 < pairs.size(); i += 2)
-        lines += filterLine(pairs[i], pairs[i + 1]);
+    for (qsizetype i = 0; i + 1 < pairs.size(); i += 2) lines += filterLine(pairs[i], pairs[i + 1]);
     return lines;
 }
 

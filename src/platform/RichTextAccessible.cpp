@@ -152,15 +152,17 @@ int RichTextAccessible::offsetAtPoint(const QPoint& point) const {
 }
 
 void RichTextAccessible::scrollToSubstring(int start, int end) {
-    const Range range = clamped(start, end);
-    const auto line = static_cast<Long>(box().rope().lineOf(range.begin()).value());
-    const auto first = static_cast<Long>(view().firstVisibleLine().value());
-    if (line < first) view().lineScroll(line - first);
-    if (line >= first + view().rowsPerPage())
-        view().lineScroll(line - first - view().rowsPerPage() + 1);
-    const QRect place = view().characterRect(range.begin());
-    const int right = view().viewport()->width() - place.width();
+    const Offset begin = clamped(start, end).begin();
+    const QRect shown = view().viewport()->rect();
+    QRect place = view().characterRect(begin);
+    if (place.top() < shown.top() || place.bottom() > shown.bottom()) {
+        const auto line = static_cast<Long>(box().rope().lineOf(begin).value());
+        const auto first = static_cast<Long>(view().firstVisibleLine().value());
+        view().lineScroll(line - first - view().rowsPerPage() / 2);  // into the middle
+        place = view().characterRect(begin);
+    }
     QScrollBar* bar = view().horizontalScrollBar();
+    const int right = shown.width() - place.width();
     bar->setValue(bar->value() + std::min(place.left(), 0) + std::max(place.left() - right, 0));
 }
 

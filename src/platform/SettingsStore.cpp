@@ -115,11 +115,21 @@ QString SettingsStore::pathOf(const QString& application) const {
     return folder_ + '/' + application + QLatin1String(".ini");
 }
 
-QString SettingsStore::read(const QString& application, const QString& section,
-                            const QString& key) const {
+std::optional<QString> SettingsStore::find(const QString& application, const QString& section,
+                                           const QString& key) const {
     for (const Entry& entry : load(pathOf(application)).value_or(Entries{}))
         if (entry.section == section && entry.key == key) return entry.value;
-    return {};
+    return std::nullopt;
+}
+
+QString SettingsStore::read(const QString& application, const QString& section,
+                            const QString& key) const {
+    return find(application, section, key).value_or(QString());
+}
+
+bool SettingsStore::contains(const QString& application, const QString& section,
+                             const QString& key) const {
+    return find(application, section, key).has_value();
 }
 
 void SettingsStore::write(const QString& application, const QString& section, const QString& key,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -24,6 +25,8 @@ class SettingsStore {
 
     /// The stored text; empty when there is none. Reads the file, so it sees what others wrote.
     QString read(const QString& application, const QString& section, const QString& key) const;
+    /// Whether there is a text for the key, be it an empty one.
+    bool contains(const QString& application, const QString& section, const QString& key) const;
     /// Creates or replaces the text of a key. Waits for the disk.
     void write(const QString& application, const QString& section, const QString& key,
                const QString& value);
@@ -32,6 +35,8 @@ class SettingsStore {
 
   private:
     QString pathOf(const QString& application) const;
+    std::optional<QString> find(const QString& application, const QString& section,
+                                const QString& key) const;
 
     QString folder_;
 };

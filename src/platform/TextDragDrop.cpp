@@ -38,10 +38,10 @@ void TextDragDrop::start() {
     const Range range = view_.box().selection();
     const Rope text = view_.box().rope();
     const bool locked = view_.box().Locked();
-    auto* drag = new QDrag(&view_);  // the toolkit deletes it
-    drag->setMimeData(new TextMimeData(text, range, view_.codePage()));
     dragged_ = range;
     droppedHere_ = false;
+    auto* drag = new QDrag(&view_);  // the toolkit deletes it
+    drag->setMimeData(new TextMimeData(text, range, view_.codePage()));
     const QPointer<QWidget> alive(&view_);
     const Qt::DropAction done =
         drag->exec(locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QFont>
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -41,5 +43,22 @@ struct AppState {
     /// The words that completion offers, in the order in which it offers them; some are empty.
     std::vector<std::string> Keywords;
 };
+
+/// `font` with the family and the effects of the editor's font; it keeps its size.
+inline QFont withEditorStyle(QFont font, const AppState& state) {
+    font.setFamily(state.FontName);
+    font.setBold(state.FontBold);
+    font.setItalic(state.FontItalic);
+    font.setUnderline(state.FontUnderline);
+    font.setStrikeOut(state.FontStrikeThru);
+    return font;
+}
+
+/// The editor's font; a size that no screen can show is brought within 1 and 1638 points.
+inline QFont editorFont(const AppState& state) {
+    QFont font = withEditorStyle(QFont(), state);
+    font.setPointSize(std::clamp(state.FontSize, 1, 1638));
+    return font;
+}
 
 }  // namespace brindlex

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QTest>
 #include <random>
+#include <utility>
 
+#include "platform/AccessibleEvents.h"
 #include "platform/RichTextView.h"
 
 namespace brindlex {
@@ -154,58 +156,82 @@ TEST_F(Accessible, BringsAStretchIntoView) {
     }
 }
 
-/// What a screen reader was told since the last look.
-class Told {
-  public:
-    Told() {
-        log().clear();
-        QAccessible::setActive(true);
-        previous_ = QAccessible::installUpdateHandler(&Told::note);
+/// An event in the words "+place text", "-place text", "caret place", "select start end".
+QString described(QAccessibleEvent& event) {
+    switch (event.type()) {
+        case QAccessible::TextInserted: {
+            const auto& insert = static_cast<QAccessibleTextInsertEvent&>(event);
+            return QString("+%1 %2").arg(insert.changePosition()).arg(insert.textInserted());
+        }
+        case QAccessible::TextRemoved: {
+            const auto& remove = static_cast<QAccessibleTextRemoveEvent&>(event);
+            return QString("-%1 %2").arg(remove.changePosition()).arg(remove.textRemoved());
+        }
+        case QAccessible::TextCaretMoved:
+            return QString("caret %1")
+                .arg(static_cast<QAccessibleTextCursorEvent&>(event).cursorPosition());
+        case QAccessible::TextSelectionChanged: {
+            const auto& select = static_cast<QAccessibleTextSelectionEvent&>(event);
+            return QString("select %1 %2").arg(select.selectionStart()).arg(select.selectionEnd());
+        }
+        default:
+            return "other";
     }
-    ~Told() {
-        QAccessible::installUpdateHandler(previous_);
-        QAccessible::setActive(false);
+}
+
+class AccessibleTold : public Accessible {
+  protected:
+    /// Replaces text as code does and tells of it as the view does.
+    void replace(std::size_t begin, std::size_t length, std::string_view text) {
+        view_.box().userReplace(Range::at(Offset(begin), length), text);
+        TextEdit edit;
+        edit.removed = Range::at(Offset(begin), length);
+        edit.inserted = text.size();
+        events_.textChanged(edit);
+        events_.selectionChanged();
     }
-    static QStringList take() { return std::exchange(log(), {}); }
+    void select(std::size_t anchor, std::size_t caret) {
+        view_.box().select(Offset(anchor), Offset(caret));
+        events_.selectionChanged();
+    }
+    QStringList told() { return std::exchange(log_, {}); }
+
+    bool listens_ = true;
 
   private:
-    static QStringList& log() {
-        static QStringList lines;
-        return lines;
-    }
-    static void note(QAccessibleEvent* event) {
-        if (dynamic_cast<RichTextView*>(event->object()) == nullptr) return;
-        if (event->type() == QAccessible::TextInserted) {
-            const auto& insert = *static_cast<QAccessibleTextInsertEvent*>(event);
-            log() << QString("+%1 %2").arg(insert.changePosition()).arg(insert.textInserted());
-        } else if (event->type() == QAccessible::TextRemoved) {
-            const auto& remove = *static_cast<QAccessibleTextRemoveEvent*>(event);
-            log() << QString("-%1 %2").arg(remove.changePosition()).arg(remove.textRemoved());
-        } else if (event->type() == QAccessible::TextCaretMoved) {
-            const auto& move = *static_cast<QAccessibleTextCursorEvent*>(event);
-            log() << QString("caret %1").arg(move.cursorPosition());
-        } else if (event->type() == QAccessible::TextSelectionChanged) {
-            const auto& select = *static_cast<QAccessibleTextSelectionEvent*>(event);
-            log()
-                << QString("select %1 %2").arg(select.selectionStart()).arg(select.selectionEnd());
-        }
-    }
-    QAccessible::UpdateHandler previous_;
+    QStringList log_;
+    AccessibleEvents events_{view_,
+                             {[this] { return listens_; },
+                              [this](QAccessibleEvent& event) { log_ << described(event); }}};
 };
 
-TEST_F(Accessible, TellsEditsCaretAndSelection) {
+TEST_F(AccessibleTold, EditsCaretAndSelection) {
     setText("one two");
-    const Told told;
-    view_.box().SetSelStart(3);
-    EXPECT_EQ(Told::take(), QStringList({"caret 3"}));
-    view_.box().SetSelLength(4);
-    EXPECT_EQ(Told::take(), QStringList({"select 3 7", "caret 7"}));
-    view_.box().SetSelText("!");
-    EXPECT_EQ(Told::take(), QStringList({"-3  two", "+3 !", "select 4 4", "caret 4"}));
-    view_.box().SetText(std::string(1000000, 'x'));
-    const QStringList big = Told::take();
+    select(3, 3);
+    EXPECT_EQ(told(), QStringList({"caret 3"}));
+    select(3, 7);
+    EXPECT_EQ(told(), QStringList({"select 3 7", "caret 7"}));
+    replace(3, 4, "!");
+    EXPECT_EQ(told(), QStringList({"-3  two", "+3 !", "select 4 4", "caret 4"}));
+    replace(4, 0, "");
+    EXPECT_EQ(told(), QStringList());
+    replace(0, 4, std::string(1000000, 'x'));
+    const QStringList big = told();
     ASSERT_EQ(big.size(), 3);
-    EXPECT_LE(big[1].size(), 11000);
+    EXPECT_LE(big[1].size(), 11000) << "nobody listens to a megabyte";
+}
+
+TEST_F(AccessibleTold, NothingOfWhatHappenedBeforeSomebodyListened) {
+    setText("one two");
+    listens_ = false;
+    select(3, 3);
+    replace(0, 3, "1");
+    EXPECT_EQ(told(), QStringList());
+    listens_ = true;
+    replace(0, 1, "one");
+    EXPECT_EQ(told(), QStringList({"+0 one", "caret 3"})) << "the removed text is not known";
+    replace(0, 1, "");
+    EXPECT_EQ(told(), QStringList({"-0 o", "caret 0"}));
 }
 
 }  // namespace

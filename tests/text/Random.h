@@ -4,22 +4,26 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <iomanip>
 #include <iostream>
+#include <numeric>
 #include <random>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace brindlex::test {
 
-/// The seeds of a random test: some that are always the same, and a fresh one, which is printed.
+/// The seeds of a random test: some that are always the same, and one that is fresh, or that the
+/// environment variable BRINDLEX_SEED gives. The last one is printed.
 inline std::vector<std::uint64_t> seeds(std::size_t fixed) {
-    std::vector<std::uint64_t> result;
-    for (std::uint64_t seed = 1; seed <= fixed; ++seed) {
-        result.push_back(seed);
-    }
-    result.push_back(std::random_device{}());
-    std::cout << "fresh seed " << result.back() << std::endl;
+    std::vector<std::uint64_t> result(fixed);
+    std::iota(result.begin(), result.end(), std::uint64_t{1});
+    const char* const given = std::getenv("BRINDLEX_SEED");
+    result.push_back(given ? std::strtoull(given, nullptr, 10) : std::random_device{}());
+    std::cout << "BRINDLEX_SEED=" << result.back() << std::endl;
     return result;
 }
 
@@ -78,28 +82,20 @@ class Journal {
     std::string text_;
 };
 
-/// A text as a C++ literal.
+/// A text as a C++ literal; what is not printable is in octal.
 inline std::string literal(const std::string& text) {
-    std::string result = "\"";
+    std::ostringstream result;
+    result << '"' << std::oct << std::setfill('0');
     for (const char byte : text) {
-        switch (byte) {
-            case '\r':
-                result += "\\r";
-                break;
-            case '\n':
-                result += "\\n";
-                break;
-            case '"':
-                result += "\\\"";
-                break;
-            case '\\':
-                result += "\\\\";
-                break;
-            default:
-                result += byte;
+        const bool plain = byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+        if (plain) {
+            result << byte;
+        } else {
+            result << '\\' << std::setw(3) << unsigned{static_cast<unsigned char>(byte)};
         }
     }
-    return result + '"';
+    result << '"';
+    return result.str();
 }
 
 }  // namespace brindlex::test

@@ -14,7 +14,9 @@
 namespace brindlex {
 namespace {
 
-Range range(std::size_t begin, std::size_t end) { return {Offset(begin), Offset(end)}; }
+Range range(std::size_t begin, std::size_t end) {
+    return {Offset(begin), Offset(end)};
+}
 
 /// The handlers' calls, each with SelStart and length at that time.
 class Events {
@@ -71,14 +73,14 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, LineBreaks,
     testing::Values(
         BreakCase{"", 0, 0, "a\rb\nc\r\nd\n\re\r\r\n", "a\r\nb\r\nc\r\nd\r\n\r\ne\r\n\r\n", 19},
-        BreakCase{"ab\r\ncd", 3, 0, "X", "abX\r\ncd", 3},            // between CR and LF
-        BreakCase{"ab\r\ncd", 3, 0, "\n", "ab\r\n\r\ncd", 4},        // LF directly behind a CR
-        BreakCase{"ab\r\ncd", 2, 0, "\r", "ab\r\n\r\ncd", 4},        // CR in front of a pair
-        BreakCase{"ab\r\ncd", 2, 1, "", "abcd", 2},                  // CR alone goes
-        BreakCase{"ab\r\ncd", 3, 1, "", "abcd", 2},                  // LF alone goes
-        BreakCase{"ab\r\ncd", 3, 2, "\r", "ab\r\nd", 4},             // LF and more give way to CR
-        BreakCase{"a\r\n\r\nb", 2, 2, "", "ab", 1},                  // a half of either pair
-        BreakCase{"a\r\n\r\nb", 1, 2, "", "a\r\nb", 1},              // one of two pairs
+        BreakCase{"ab\r\ncd", 3, 0, "X", "abX\r\ncd", 3},      // between CR and LF
+        BreakCase{"ab\r\ncd", 3, 0, "\n", "ab\r\n\r\ncd", 4},  // LF directly behind a CR
+        BreakCase{"ab\r\ncd", 2, 0, "\r", "ab\r\n\r\ncd", 4},  // CR in front of a pair
+        BreakCase{"ab\r\ncd", 2, 1, "", "abcd", 2},            // CR alone goes
+        BreakCase{"ab\r\ncd", 3, 1, "", "abcd", 2},            // LF alone goes
+        BreakCase{"ab\r\ncd", 3, 2, "\r", "ab\r\nd", 4},       // LF and more give way to CR
+        BreakCase{"a\r\n\r\nb", 2, 2, "", "ab", 1},            // a half of either pair
+        BreakCase{"a\r\n\r\nb", 1, 2, "", "a\r\nb", 1},        // one of two pairs
         BreakCase{"\r\n", 1, 0, "\n\r", "\r\n\r\n\r\n", 4}));
 
 TEST(LineEnds, LongTextsOfAllMixesBecomePairs) {
@@ -160,10 +162,10 @@ TEST(RichTextBox, NegativeNumbersThrowAndLeaveTheBoxAsItWas) {
     box.select(Offset(1), Offset(2));
     Events events(box);
     const std::vector<std::function<void()>> refused = {
-        [&] { box.SetSelStart(-1); },         [&] { box.SetSelLength(-1); },
-        [&] { box.SetMaxLength(-1); },        [&] { box.GetLineFromChar(-1); },
-        [&] { box.Find("a", -1, {}, 0); },    [&] { box.Find("a", 0, -1, 0); },
-        [&] { box.SetSelTabCount(-1); },      [&] { box.SetSelTabs(-1, 5); },
+        [&] { box.SetSelStart(-1); },      [&] { box.SetSelLength(-1); },
+        [&] { box.SetMaxLength(-1); },     [&] { box.GetLineFromChar(-1); },
+        [&] { box.Find("a", -1, {}, 0); }, [&] { box.Find("a", 0, -1, 0); },
+        [&] { box.SetSelTabCount(-1); },   [&] { box.SetSelTabs(-1, 5); },
     };
     for (std::size_t i = 0; i < refused.size(); ++i)
         EXPECT_THROW(refused[i](), std::out_of_range) << "row " << i;
@@ -226,25 +228,6 @@ TEST(RichTextBox, HandlersMayEditAndSelect) {
     EXPECT_EQ(events.list, (Names{"SelChange 5/7", "SelChange 0/3", "Change 0/3", "Change 0/3"}));
 }
 
-TEST(RichTextBox, TheObserverIsToldBeforeTheHandlers) {
-    struct Observer : RichTextObserver {
-        void textChanged(const TextEdit&) override { told += 't'; }
-        void formatChanged(Range) override { told += 'f'; }
-        void selectionChanged() override { told += 's'; }
-        std::string told;
-    } observer;
-    RichTextBox box;
-    box.setObserver(&observer);
-    Names seen;
-    box.onSelChange = [&] { seen.push_back(observer.told); };
-    box.SetSelText("abc");
-    EXPECT_EQ(seen, Names{"ts"});
-    const ColorRun red{3, 0xFF};
-    box.colorRuns(Offset(0), {&red, 1});
-    box.colorRuns(Offset(0), {&red, 1});
-    EXPECT_EQ(observer.told, "tsf") << "colours that are there already are no change";
-}
-
 TEST(RichTextBox, AMoveIsTwoEditsThatCanBeUndoneOneByOne) {
     RichTextBox box;
     box.SetText("one two three");
@@ -261,9 +244,9 @@ TEST(RichTextBox, AMoveLosesNoTextToAHandler) {
         Range edited;  // by the handler, after the insertion
         const char* expected;
     };
-    for (const Row& row : {Row{range(0, 0), "<>two one three"}, Row{range(2, 2), "on<>e two one three"},
-                           Row{range(17, 17), "two one three<>"},
-                           Row{range(9, 10), "two o<>e three"}}) {
+    for (const Row& row :
+         {Row{range(0, 0), "<>two one three"}, Row{range(2, 2), "on<>e two one three"},
+          Row{range(17, 17), "two one three<>"}, Row{range(9, 10), "two o<>e three"}}) {
         RichTextBox box;
         box.SetText("one two three");
         box.onChange = [&, first = true]() mutable {
@@ -371,12 +354,13 @@ TEST(RichTextBox, RichTextComesBackAsItWent) {
     EXPECT_TRUE(events.list.empty());
     other.select(Offset(13), Offset(14));
     EXPECT_TRUE(other.SetSelRTF(box.SelRTF()));
-    EXPECT_EQ(other.Text(), "one\r\ntwo\r\n\r\ntwo\r\nree");
-    EXPECT_EQ(other.SelStart(), 17);
-    EXPECT_TRUE(other.formatAt(Offset(12)).bold);
-    EXPECT_EQ(other.paragraphAt(LineIndex(3)).indent, 0) << "t stands in front, the line is not new";
+    EXPECT_EQ(other.Text(), "one\r\ntwo\r\n\r\nttwo\r\nree");
+    EXPECT_EQ(other.SelStart(), 18);
+    EXPECT_TRUE(other.formatAt(Offset(13)).bold);
+    EXPECT_EQ(other.paragraphAt(LineIndex(3)).indent, 0)
+        << "t stands in front, the line is not new";
     EXPECT_TRUE(other.SetSelRTF("plain\n"));
-    EXPECT_EQ(other.SelStart(), 24);
+    EXPECT_EQ(other.SelStart(), 25);
     other.checkInvariants();
 }
 

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -56,18 +58,19 @@ std::vector<FormatRun> randomRuns(test::Random& random, std::size_t most) {
 }
 
 std::string lineOf(std::size_t begin, std::size_t end, const std::vector<FormatRun>& runs) {
-    std::string line = "list.replace(" + std::to_string(begin) + ", " + std::to_string(end) +
-                       ", std::vector<FormatRun>{";
+    std::ostringstream line;
+    line << "list.replace(" << begin << ", " << end << ", std::vector<FormatRun>{";
     for (const FormatRun& run : runs) {
-        line += "{" + std::to_string(run.length) + ", " + std::to_string(run.format) + "}, ";
+        line << '{' << run.length << ", " << run.format << "}, ";
     }
-    return line + "});";
+    line << "});";
+    return line.str();
 }
 
 TYPED_TEST(RunListTest, BehavesAsAVectorAndKeepsItsCopies) {
     for (const std::uint64_t seed : test::seeds(12)) {
         test::Random random(seed);
-        test::Journal journal("TypeParam list;");
+        test::Journal journal("TypeParam list;\nstd::vector<TypeParam> copies;");
         TypeParam list;
         Formats model;
         std::vector<std::pair<TypeParam, Formats>> copies;
@@ -78,6 +81,7 @@ TYPED_TEST(RunListTest, BehavesAsAVectorAndKeepsItsCopies) {
             auto runs = randomRuns(random, random.oneIn(20) ? 300 : random.oneIn(2) ? 1 : 5);
             journal.add(lineOf(begin, end, runs));
             if (random.oneIn(5)) {
+                journal.add("copies.push_back(list);");
                 copies.emplace_back(list, model);
             }
             if (runs.size() == 1) {

@@ -38,25 +38,24 @@ constexpr std::nullopt_t kUnset = std::nullopt;
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, Find,
-    testing::Values(
-        FindCase{"aaaa", "aa", 0, 4, 0, 0}, FindCase{"aaaa", "aa", 2, 4, 0, 2},
-        FindCase{"aaaa", "aa", 3, 4, 0, -1},               // wholly within the bounds
-        FindCase{"aaaa", "aa", 4, 1, 0, 2},                // backward
-        FindCase{"aaaa", "aa", 2, 0, 0, 0},                //
-        FindCase{"aaaa", "aa", 100, 3, 0, -1},             //
-        FindCase{"abcabc", "bc", kUnset, kUnset, 0, 4},    // from the caret
-        FindCase{"abcabc", "AB", kUnset, 0, 0, 0},         // backward from the caret
-        FindCase{"abcabc", "", 0, 6, 0, -1},               //
-        FindCase{"Wait wait", "wait", 0, 9, 0, 0},         //
-        FindCase{"Wait wait", "wait", 0, 9, 4, 5},         //
-        FindCase{"\xC4pfel", "\xE4PFEL", 0, 5, 0, 0},      // letters of the code page
-        FindCase{"await wait_ wait", "wait", 0, 16, 2, 12},  //
-        FindCase{"wait", "wait", 0, 4, 2, 0},              //
-        FindCase{"wait1", "wait", 0, 4, 2, -1},            // a neighbour past the bound counts
-        FindCase{"aab aa", "aa", 0, 6, 2, 4},              //
-        FindCase{"one\r\ntwo", "e\nt", 0, 8, 0, 2},        // line breaks become CR LF
-        FindCase{"one two", "two", 0, 7, 8, 4},            // no highlight
-        FindCase{"ababac", "abac", 0, 6, 4, 2}));          // falls back within a match
+    testing::Values(FindCase{"aaaa", "aa", 0, 4, 0, 0}, FindCase{"aaaa", "aa", 2, 4, 0, 2},
+                    FindCase{"aaaa", "aa", 3, 4, 0, -1},                 // wholly within the bounds
+                    FindCase{"aaaa", "aa", 4, 1, 0, 2},                  // backward
+                    FindCase{"aaaa", "aa", 2, 0, 0, 0},                  //
+                    FindCase{"aaaa", "aa", 100, 3, 0, -1},               //
+                    FindCase{"abcabc", "bc", kUnset, kUnset, 0, 4},      // from the caret
+                    FindCase{"abcabc", "AB", kUnset, 0, 0, 0},           // backward from the caret
+                    FindCase{"abcabc", "", 0, 6, 0, -1},                 //
+                    FindCase{"Wait wait", "wait", 0, 9, 0, 0},           //
+                    FindCase{"Wait wait", "wait", 0, 9, 4, 5},           //
+                    FindCase{"\xC4pfel", "\xE4PFEL", 0, 5, 0, 0},        // letters of the code page
+                    FindCase{"await wait_ wait", "wait", 0, 16, 2, 12},  //
+                    FindCase{"wait", "wait", 0, 4, 2, 0},                //
+                    FindCase{"wait1", "wait", 0, 4, 2, -1},  // a neighbour past the bound counts
+                    FindCase{"aab aa", "aa", 0, 6, 2, 4},    //
+                    FindCase{"one\r\ntwo", "e\nt", 0, 8, 0, 2},  // line breaks become CR LF
+                    FindCase{"one two", "two", 0, 7, 8, 4},      // no highlight
+                    FindCase{"ababac", "abac", 0, 6, 4, 2}));    // falls back within a match
 
 TEST(Find, StaysWithinASelectionWithoutBounds) {
     RichTextBox box;
@@ -100,8 +99,7 @@ TEST(TextSearch, FindsAcrossThePiecesOfALongText) {
             const Offset begin(random.below(text.size()));
             const Range range{begin, Offset(random.between(begin.value(), text.size()))};
             const std::size_t length = random.between(1, random.oneIn(4) ? 700 : 5);
-            const std::string wanted =
-                text.substr(random.below(text.size() - length), length);
+            const std::string wanted = text.substr(random.below(text.size() - length), length);
             const SearchRules rules{random.oneIn(2), random.oneIn(2),
                                     random.oneIn(2) ? Direction::Forward : Direction::Backward};
             ASSERT_EQ(findText(rope, CharacterTable::latin1(), range, wanted, rules),
@@ -136,16 +134,13 @@ TEST_P(Sets, BoundSpanAndUpTo) {
     EXPECT_EQ(box.SelLength(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, Sets,
-                         testing::Values(SetCase{"ab", true, false, 3, 0, 5},
-                                         SetCase{"ab", true, true, 3, 2, 3},
-                                         SetCase{", ", true, false, 3, 2, 3},
-                                         SetCase{"ab, ", true, false, 3, 5, 3},
-                                         SetCase{"x", true, false, 3, 0, 3},
-                                         SetCase{"b", false, false, 2, 1, 3},
-                                         SetCase{"a", false, false, 3, 0, 2},
-                                         SetCase{"ab", false, false, 0, 3, 3},
-                                         SetCase{"b", false, true, 3, 0, 2}));
+INSTANTIATE_TEST_SUITE_P(
+    Rows, Sets,
+    testing::Values(SetCase{"ab", true, false, 3, 0, 5}, SetCase{"ab", true, true, 3, 2, 3},
+                    SetCase{", ", true, false, 3, 2, 3}, SetCase{"ab, ", true, false, 3, 5, 3},
+                    SetCase{"x", true, false, 3, 0, 3}, SetCase{"b", false, false, 2, 1, 3},
+                    SetCase{"a", false, false, 3, 0, 2}, SetCase{"ab", false, false, 0, 3, 3},
+                    SetCase{"b", false, true, 3, 0, 2}));
 
 }  // namespace
 }  // namespace brindlex

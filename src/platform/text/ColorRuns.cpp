@@ -9,36 +9,47 @@ namespace brindlex {
 
 namespace {
 
-/// The ids of formats in other colours. A script has a handful of colours, so that a small cache
-/// spares nearly every look-up of a whole format.
+/// The ids of formats in other colours. A script has a handful of colours, so that a small hash
+/// table in front spares nearly every look-up of a whole format.
 class ColoredIds {
   public:
     explicit ColoredIds(FormatRuns<CharFormat>& formats) : formats_(formats) {}
 
     FormatId idOf(FormatId base, ColorRef color) {
         if (color == ColorRun::kKeep) return base;
-        Entry& entry = entries_[((color + base) * 0x9E3779B1U) >> 28U];
-        if (!entry.used || entry.base != base || entry.color != color)
-            entry = {base, color, lookUp(base, color), true};
-        return entry.id;
+        std::size_t slot = ((color + base) * 0x9E3779B1U) >> kHashShift;
+        while (!entries_[slot].isFree) {
+            const Entry& entry = entries_[slot];
+            if (entry.base == base && entry.color == color) return entry.id;
+            slot = (slot + 1) % kSlots;
+        }
+        return remember(slot, base, color);
     }
 
   private:
+    static constexpr std::size_t kSlots = 64;
+    static constexpr unsigned kHashShift = 26;  // leaves a number below kSlots
     struct Entry {
-        FormatId base;
-        ColorRef color;
-        FormatId id;
-        bool used;
+        FormatId base = 0;
+        ColorRef color = 0;
+        FormatId id = 0;
+        bool isFree = true;
     };
 
-    FormatId lookUp(FormatId base, ColorRef color) {
+    FormatId remember(std::size_t slot, FormatId base, ColorRef color) {
         CharFormat format = formats_.format(base);
         format.color = color;
-        return formats_.idOf(format);
+        const FormatId id = formats_.idOf(format);
+        if (used_ < kSlots / 2) {
+            entries_[slot] = {base, color, id, false};
+            ++used_;
+        }
+        return id;
     }
 
     FormatRuns<CharFormat>& formats_;
-    std::array<Entry, 16> entries_{};
+    std::array<Entry, kSlots> entries_;
+    std::size_t used_ = 0;
 };
 
 /// Hands out colour runs in parts of any length.

@@ -26,20 +26,25 @@ bool isPair(std::string_view text, std::size_t at) {
 }
 
 std::string pairedCopy(std::string_view text) {
-    std::string out;
-    out.reserve(text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n') +
-                                                       std::count(text.begin(), text.end(), '\r')));
+    std::string out(
+        text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n') +
+                                               std::count(text.begin(), text.end(), '\r')),
+        '\0');
+    char* end = out.data();
     std::size_t begin = 0;
     // Kept over the rounds: many CRs in front of a far LF must not search for it each time.
     std::size_t lf = text.find('\n');
     for (;;) {
         const std::size_t at = std::min(text.substr(0, lf).find('\r', begin), lf);
         if (at == std::string_view::npos) break;
-        out.append(text.substr(begin, at - begin)).append("\r\n");
+        end = std::copy(text.data() + begin, text.data() + at, end);
+        *end++ = '\r';
+        *end++ = '\n';
         begin = at + (isPair(text, at) ? 2 : 1);
         if (lf < begin) lf = text.find('\n', begin);
     }
-    out.append(text.substr(begin));
+    end = std::copy(text.data() + begin, text.data() + text.size(), end);
+    out.resize(static_cast<std::size_t>(end - out.data()));
     return out;
 }
 

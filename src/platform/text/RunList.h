@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "platform/text/FormatTable.h"
@@ -31,6 +30,7 @@ struct RunTraits {
         std::uint64_t length : kLengthBits;
         std::uint64_t format : kFormatBits;
     };
+    static_assert(sizeof(Item) == sizeof(std::uint64_t));
 
     struct Summary {
         std::size_t length = 0;  // units

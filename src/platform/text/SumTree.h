@@ -101,6 +101,11 @@ class SumTree {
         std::size_t parts;
     };
 
+    struct ChildPlace {
+        std::size_t index;
+        std::size_t start;  // the position of its first item within the parent
+    };
+
     static Row dealItems(std::initializer_list<Items> pieces);
     static Row dealNodes(Row nodes);
     static Ref rootOf(Row row);
@@ -110,6 +115,7 @@ class SumTree {
     static void splice(Ref& node, std::size_t begin, std::size_t end, Items items, Row& more);
     static void spliceLeaf(Ref& node, std::size_t begin, std::size_t end, Items items, Row& more);
     static void spliceInner(Ref& node, std::size_t begin, std::size_t end, Items items, Row& more);
+    static ChildPlace findChild(const Inner& inner, std::size_t begin, std::size_t end);
     static std::size_t tidy(std::span<Ref> nodes);
     static void absorb(Ref& left, const Node& right);
     static void setChildren(Inner& inner, std::size_t count);
@@ -297,29 +303,18 @@ template <typename Traits, std::size_t kChunkItems, std::size_t kFanOut>
 void SumTree<Traits, kChunkItems, kFanOut>::spliceInner(Ref& node, std::size_t begin,
                                                         std::size_t end, Items items, Row& more) {
     Inner& inner = node.own().inner();
-    // A border between two children belongs to the one whose items go, or else to the first, so
-    // that no child is copied without need.
-    std::size_t child = 0;
-    std::size_t start = 0;
-    const auto childEnd = [&] { return start + inner.children[child]->summary.length; };
-    while (begin == end ? begin > childEnd() : begin >= childEnd()) {
-        start = childEnd();
-        ++child;
-    }
-
+    auto [child, start] = findChild(inner, begin, end);
     const std::size_t first = child;
-    const std::size_t firstStart = start;
-    const std::size_t firstEnd = std::min(end, childEnd());
+    std::size_t done = start + inner.children[first]->summary.length;
     Row behindFirst;
-    std::size_t done = childEnd();
-    splice(inner.children[first], begin - firstStart, firstEnd - firstStart, items, behindFirst);
-    for (child = first + 1; done < end; ++child) {
-        const std::size_t length = inner.children[child]->summary.length;
+    splice(inner.children[first], begin - start, std::min(end, done) - start, items, behindFirst);
+    while (done < end) {
+        Ref& next = inner.children[++child];
+        const std::size_t length = next->summary.length;
         Row none;
-        splice(inner.children[child], 0, std::min(end - done, length), {}, none);
+        splice(next, 0, std::min(end - done, length), {}, none);
         done += length;
     }
-
     if (behindFirst.empty()) {
         setChildren(inner, tidy({inner.children.data(), inner.count}));
         if (inner.count == 0) {
@@ -335,6 +330,22 @@ void SumTree<Traits, kChunkItems, kFanOut>::spliceInner(Ref& node, std::size_t b
     } else {
         moveRow(dealNodes(std::move(row)), node, more);
     }
+}
+
+/// The first child that a change of [begin, end) touches. A border between two children belongs to
+/// the one whose items go, or else to the first, so that no child is copied without need.
+template <typename Traits, std::size_t kChunkItems, std::size_t kFanOut>
+auto SumTree<Traits, kChunkItems, kFanOut>::findChild(const Inner& inner, std::size_t begin,
+                                                      std::size_t end) -> ChildPlace {
+    ChildPlace place{0, 0};
+    for (const Ref& child : inner.view()) {
+        const std::size_t childEnd = place.start + child->summary.length;
+        if (begin < childEnd || (begin == childEnd && begin == end)) {
+            break;
+        }
+        place = {place.index + 1, childEnd};
+    }
+    return place;
 }
 
 /// Moves the children out into a row, with `behindChild` behind one of them.

@@ -1,0 +1,161 @@
+#include "dialogs/frmOptions.h"
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "dialogs/Settings.h"
+#include "platform/ColorValue.h"
+#include "shell/AppState.h"
+
+namespace brindlex {
+namespace {
+
+template <typename Control>
+Control* make(QWidget* form, const QString& name, const char* accessibleName) {
+    auto* control = new Control(form);
+    control->setObjectName(name);
+    control->setAccessibleName(QString::fromLatin1(accessibleName));
+    return control;
+}
+
+/// A box knows on and off; any other number leaves it as it is.
+void setValue(QCheckBox& box, int value) {
+    if (value == 0 || value == 1) box.setChecked(value == 1);
+}
+
+void take(const QCheckBox& box, int& number, bool& enabled) {
+    enabled = box.isChecked();
+    number = enabled ? 1 : 0;
+}
+
+void setLasting(bool& enabled, int number) {
+    if (number == 0 || number == 1) enabled = number == 1;
+}
+
+void setColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
+    QPalette palette = widget.palette();
+    palette.setColor(role, color);
+    widget.setPalette(palette);
+}
+
+QColor colorOf(const QString& text, const QPalette& palette) {
+    return ColorValue(static_cast<std::uint32_t>(text.toInt())).resolve(palette);
+}
+
+constexpr const char* kColorNames[] = {"Normal text", "Comments", "Strings", "Reserved words",
+                                       "Operators"};
+
+}  // namespace
+
+frmOptions::frmOptions(AppState& state, SettingsStore& settings, OptionsCallbacks mainWindow,
+                       QWidget* owner)
+    : QWidget(owner, Qt::Dialog),
+      state_(state),
+      settings_(settings),
+      mainWindow_(std::move(mainWindow)) {
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(QStringLiteral("Options - Brindlex"));
+    makeControls();
+    Form_Load();
+}
+
+void frmOptions::makeControls() {
+    Check1_ = make<QCheckBox>(this, "Check1", "Load 'game_manager' preset on New File");
+    Check2_ = make<QCheckBox>(this, "Check2", "AutoComplete");
+    Check3_ = make<QCheckBox>(this, "Check3", "Auto Indent");
+    Check4_ = make<QCheckBox>(this, "Check4", "Auto Block Indent");
+    Check5_ = make<QCheckBox>(this, "Check5", "Type a { bracket on [ character");
+    Check6_ = make<QCheckBox>(this, "Check6", "AutoBackup");
+    Option1_ = make<QRadioButton>(this, "Option1", "Script Reference");
+    Option2_ = make<QRadioButton>(this, "Option2", "Scriptname / targetname import");
+    Option3_ = make<QRadioButton>(this, "Option3", "None");
+    Text1_ = make<QLineEdit>(this, "Text1", "W:ET maps directory");
+    txtAutoBackupMins_ = make<QLineEdit>(this, "txtAutoBackupMins", "Minutes between backups");
+    txtFontName_ = make<QLineEdit>(this, "txtFontName", "Font name");
+    txtFontName_->setReadOnly(true);
+    txtFontSize_ = make<QLineEdit>(this, "txtFontSize", "Font size");
+    txtFontSize_->setReadOnly(true);
+    for (std::size_t i = 0; i < picCol_.size(); ++i) {
+        picCol_[i] = make<QFrame>(this, QStringLiteral("picCol%1").arg(i), kColorNames[i]);
+        picCol_[i]->setAutoFillBackground(true);
+        txtCol_[i] = make<QLineEdit>(this, QStringLiteral("txtCol%1").arg(i), kColorNames[i]);
+    }
+}
+
+void frmOptions::Form_Load() {
+    LoadOptions();
+    Text1_->setText(state_.WolfDir);
+}
+
+void frmOptions::LoadOptions() {
+    if (Settings::isFirstRun(settings_)) Settings::writeFirstRun(settings_, state_);
+    Settings::read(settings_, state_);
+    setControls();
+    setFlags();
+    setFontSample();
+    setPanels();
+    txtAutoBackupMins_->setText(QString::number(state_.AutoBackupMins));
+    txtAutoBackupMins_->setEnabled(Check6_->isChecked());
+}
+
+void frmOptions::setControls() {
+    setValue(*Check1_, state_.GetPreset);
+    setValue(*Check2_, state_.AutoComplete);
+    setValue(*Check3_, state_.AutoIndent);
+    setValue(*Check4_, state_.AutoBlockIndent);
+    setValue(*Check5_, state_.TypeOther);
+    setValue(*Check6_, state_.AutoBackup);
+    if (state_.ShowTreeView == 1) Option1_->setChecked(true);
+    if (state_.ShowTreeView == 0) Option2_->setChecked(true);
+    if (state_.ShowTreeView == -1) Option3_->setChecked(true);
+    for (std::size_t i = 0; i < picCol_.size(); ++i) {
+        const QColor color = colorOf(state_.ColorValues[i], palette());
+        setColor(*picCol_[i], QPalette::Window, color);
+        setColor(*txtCol_[i], QPalette::Text, color);
+    }
+}
+
+void frmOptions::setFlags() {
+    setLasting(state_.GetPresetEnabled, state_.GetPreset);
+    setLasting(state_.AutoIndentEnabled, state_.AutoIndent);
+    setLasting(state_.AutoBlockIndentEnabled, state_.AutoBlockIndent);
+    setLasting(state_.TypeOtherEnabled, state_.TypeOther);
+    setLasting(state_.AutoCompleteEnabled, state_.AutoComplete);
+    state_.AutoBackupEnabled = state_.AutoBackup == 1;
+}
+
+void frmOptions::setFontSample() {
+    txtFontName_->setText(state_.FontName);
+    txtFontName_->setFont(withEditorStyle(txtFontName_->font(), state_));
+    txtFontSize_->setText(QString::number(state_.FontSize));
+}
+
+void frmOptions::setPanels() {
+    mainWindow_.hidePanels();
+    if (state_.ShowTreeView == 0) mainWindow_.funScriptTar_Click();
+    if (state_.ShowTreeView == 1) mainWindow_.funShowCmd_Click();
+    mainWindow_.Form_Resize();
+}
+
+void frmOptions::SaveChanges() {
+    takeControls();
+    Settings::write(settings_, state_);
+}
+
+void frmOptions::takeControls() {
+    take(*Check1_, state_.GetPreset, state_.GetPresetEnabled);
+    if (Option1_->isChecked()) state_.ShowTreeView = 1;
+    if (Option2_->isChecked()) state_.ShowTreeView = 0;
+    if (Option3_->isChecked()) state_.ShowTreeView = -1;
+    take(*Check3_, state_.AutoIndent, state_.AutoIndentEnabled);
+    take(*Check4_, state_.AutoBlockIndent, state_.AutoBlockIndentEnabled);
+    take(*Check5_, state_.TypeOther, state_.TypeOtherEnabled);
+    take(*Check2_, state_.AutoComplete, state_.AutoCompleteEnabled);
+    take(*Check6_, state_.AutoBackup, state_.AutoBackupEnabled);
+    state_.AutoBackupMins = leadingNumber(txtAutoBackupMins_->text());
+    state_.WolfDir = Text1_->text();
+}
+
+}  // namespace brindlex

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QFrame;
+class QLineEdit;
+class QRadioButton;
+
+namespace brindlex {
+
+struct AppState;
+class SettingsStore;
+
+/// What the options dialog asks of the main window.
+struct OptionsCallbacks {
+    /// Clears the check marks of both side panels and hides them.
+    std::function<void()> hidePanels;
+    std::function<void()> funShowCmd_Click;
+    std::function<void()> funScriptTar_Click;
+    std::function<void()> Form_Resize;
+};
+
+/// The dialog of all preferences, and the way of the settings between store, AppState and controls.
+/// It is made hidden.
+class frmOptions : public QWidget {
+  public:
+    /// Making it loads the settings. `state` and `settings` must outlive the form.
+    frmOptions(AppState& state, SettingsStore& settings, OptionsCallbacks mainWindow,
+               QWidget* owner);
+
+    /// From the store to AppState, to the controls and to the main window's side panels. An empty
+    /// store is first filled with the first values.
+    void LoadOptions();
+    /// From the controls to AppState, then from AppState to the store. Nothing on the screen
+    /// changes.
+    void SaveChanges();
+
+  private:
+    void Form_Load();
+    void makeControls();
+    void setControls();
+    void setFlags();
+    void setFontSample();
+    void setPanels();
+    void takeControls();
+
+    AppState& state_;
+    SettingsStore& settings_;
+    OptionsCallbacks mainWindow_;
+    QCheckBox* Check1_;  // GetPreset
+    QCheckBox* Check2_;  // AutoComplete
+    QCheckBox* Check3_;  // AutoIndent
+    QCheckBox* Check4_;  // AutoBlockIndent
+    QCheckBox* Check5_;  // TypeOther
+    QCheckBox* Check6_;  // AutoBackup
+    QRadioButton* Option1_;
+    QRadioButton* Option2_;
+    QRadioButton* Option3_;
+    QLineEdit* Text1_;  // WolfDir
+    QLineEdit* txtAutoBackupMins_;
+    QLineEdit* txtFontName_;
+    QLineEdit* txtFontSize_;
+    std::array<QFrame*, 5> picCol_;
+    std::array<QLineEdit*, 5> txtCol_;
+};
+
+}  // namespace brindlex

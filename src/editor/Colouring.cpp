@@ -1,0 +1,124 @@
+// The colouring of KELP_RTBSyntax: which lines a change touches, and putting in their colours.
+
+#include <algorithm>
+
+#include "editor/KELP_RTBSyntax.h"
+#include "editor/LineColorizer.h"
+
+namespace brindlex {
+namespace {
+
+/// Holds a flag for as long as it lives.
+class FlagHold {
+  public:
+    explicit FlagHold(bool& flag) : flag_(flag) { flag_ = true; }
+    ~FlagHold() { flag_ = false; }
+    FlagHold(const FlagHold&) = delete;
+    FlagHold& operator=(const FlagHold&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+/// Stops repainting for as long as it lives, then repaints what changed.
+class RedrawPause {
+  public:
+    explicit RedrawPause(RichTextView& view) : view_(view) { view_.setRedraw(false); }
+    ~RedrawPause() {
+        view_.setRedraw(true);
+        view_.Refresh();
+    }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+  private:
+    RichTextView& view_;
+};
+
+/// The start of the line of the last character before `from`: a caret at column 0 takes the line
+/// above, so that both halves of a line that was split are coloured.
+Offset startOfTouchedLines(const Rope& rope, Offset from) {
+    if (from < Offset(2)) return Offset();
+    return rope.lineStart(rope.lineOf(from - 1));
+}
+
+/// The first end of a line at or behind `caret`. A caret between CR and LF stands behind the end of
+/// its own line.
+Offset endOfTouchedLines(const RichTextBox& box, Offset caret) {
+    const LineIndex line = box.rope().lineOf(caret);
+    const Offset end = box.lineContent(line).end();
+    return end >= caret ? end : box.lineContent(line + 1).end();
+}
+
+}  // namespace
+
+void KELP_RTBSyntax::SetText(std::string_view text) {
+    {
+        const FlagHold hold(colorizing_);
+        box().SetText(text);
+    }
+    ReColorize();
+}
+
+bool KELP_RTBSyntax::SetTextRTF(std::string_view rtf) {
+    bool taken = false;
+    {
+        const FlagHold hold(colorizing_);
+        taken = box().SetTextRTF(rtf);
+    }
+    ReColorize();
+    return taken;
+}
+
+void KELP_RTBSyntax::ReColorize() {
+    const RedrawPause pause(rtb());
+    const Offset anchor = box().anchor();
+    const Offset caret = box().caret();
+    if (onChange) onChange();
+    if (!colorizing_) colorize(Range(Offset(), Offset(box().length())));
+    box().select(anchor, caret);
+}
+
+void KELP_RTBSyntax::rtb_Change() {
+    if (onChange) onChange();
+    if (!colorizing_) colorize(changedLines());
+}
+
+/// From the line of the older caret position to the line of the newer one. When the older position
+/// lies behind, its line is left out; when it lies beyond the end of the text, all lines to the end
+/// count as touched.
+Range KELP_RTBSyntax::changedLines() const {
+    const Offset caret(static_cast<std::size_t>(SelStart()));
+    const Offset before(static_cast<std::size_t>(prevSelStart_));
+    const Offset textEnd(box().length());
+    const Offset start = startOfTouchedLines(box().rope(), std::min(before, caret));
+    return {start, std::max(before, caret) > textEnd ? textEnd : endOfTouchedLines(box(), caret)};
+}
+
+void KELP_RTBSyntax::colorize(Range lines) {
+    const FlagHold hold(colorizing_);
+    const RedrawPause pause(rtb());
+    if (!lines.empty()) ColorizeBlock(lines);
+    prevSelStart_ = curSelStart_ = SelStart();
+}
+
+void KELP_RTBSyntax::ColorizeBlock(Range lines) {
+    commentCharLen_ = static_cast<int>(Syntax_CommentChar().size());
+    stringCharLen_ = static_cast<int>(Syntax_StringChar().size());
+    box().colorRuns(lines.begin(),
+                    colorsOfLines(box().rope(), lines, lists_, stringChar_, classColors()));
+}
+
+ClassColors KELP_RTBSyntax::classColors() const {
+    const auto shown = [this](Long value) {
+        const ColorValue color(static_cast<std::uint32_t>(value));
+        const ColorValue plain =
+            color.isSystem() ? ColorValue::of(color.resolve(palette())) : color;
+        return ColorRef{plain.value() & 0xFFFFFF};
+    };
+    ClassColors colors{};
+    std::ranges::transform(colors_, colors.begin(), shown);
+    return colors;
+}
+
+}  // namespace brindlex

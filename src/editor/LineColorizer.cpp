@@ -1,0 +1,172 @@
+#include "editor/LineColorizer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "editor/RopeLines.h"
+
+namespace brindlex {
+namespace {
+
+enum ByteFlag : std::uint8_t {
+    kBlank = 1,
+    kCommentFirst = 2,
+    kStringFirst = 4,
+    kMayEndWord = kBlank | kCommentFirst | kStringFirst,
+    kDelimiter = 8,
+};
+
+/// What a byte can be, and its lower-case partner.
+struct ByteTraits {
+    std::uint8_t lower = 0;
+    std::uint8_t flags = 0;
+};
+
+/// The empty mark is found in front of every byte.
+bool mayBegin(std::string_view mark, char byte) {
+    return mark.empty() || mark.front() == byte;
+}
+
+/// Room for the colours of ordinary scripts, in which a stretch of one colour takes six bytes or
+/// more.
+std::size_t expectedRuns(Range lines) {
+    return lines.length() / 6 + 16;
+}
+
+/// Cuts lines into words, strings, comments and blanks and gathers the colours of their bytes, line
+/// after line.
+class LineColorizer {
+  public:
+    LineColorizer(const SyntaxLists& lists, std::string_view stringMark, const ClassColors& colors)
+        : classifier_(lists.classifier()),
+          commentMark_(lists.list(ClassComment)),
+          stringMark_(stringMark),
+          colors_(colors) {
+        const auto flag = [this](char byte, ByteFlag bit) {
+            traits_[static_cast<unsigned char>(byte)].flags |= bit;
+        };
+        for (int value = 0; value < 256; ++value) {
+            const char byte = static_cast<char>(value);
+            traits_[static_cast<unsigned char>(byte)].lower =
+                static_cast<std::uint8_t>(lists.characters().lower(byte));
+            if (byte == ' ' || byte == '\t') flag(byte, kBlank);
+            if (mayBegin(commentMark_, byte)) flag(byte, kCommentFirst);
+            if (mayBegin(stringMark_, byte)) flag(byte, kStringFirst);
+            if (classifier_.isDelimiterByte(byte)) flag(byte, kDelimiter);
+        }
+    }
+
+    void colorizeLine(std::string_view line) {
+        for (std::size_t at = 0; at < line.size();) at = colorizeToken(line, at);
+    }
+
+    /// The next bytes keep the colour that they have.
+    void keep(std::size_t count) { paint(count, ColorRun::kKeep); }
+    void reserve(std::size_t runs) { runs_.reserve(runs); }
+    std::vector<ColorRun> take() { return std::move(runs_); }
+
+  private:
+    ByteTraits traits(char byte) const { return traits_[static_cast<unsigned char>(byte)]; }
+
+    std::size_t colorizeToken(std::string_view line, std::size_t at) {
+        if ((traits(line[at]).flags & kMayEndWord) == 0) return colorizeWord(line, at);
+        if (startsComment(line, at)) return at + paintClass(line.size() - at, ClassComment);
+        if (startsString(line, at)) return colorizeString(line, at);
+        if (isBlank(line, at)) return colorizeBlanks(line, at);
+        return colorizeWord(line, at);
+    }
+
+    bool startsComment(std::string_view line, std::size_t at) const {
+        return (traits(line[at]).flags & kCommentFirst) != 0 &&
+               line.substr(at).starts_with(commentMark_);
+    }
+
+    bool startsString(std::string_view line, std::size_t at) const {
+        return (traits(line[at]).flags & kStringFirst) != 0 &&
+               line.substr(at).starts_with(stringMark_);
+    }
+
+    /// A stretch as long as the string mark is compared with the blank. With a longer mark only the
+    /// last byte of a line, where the stretch is cut, can be one.
+    bool isBlank(std::string_view line, std::size_t at) const {
+        return (traits(line[at]).flags & kBlank) != 0 &&
+               (stringMark_.size() == 1 || at + 1 == line.size());
+    }
+
+    bool endsWord(std::string_view line, std::size_t at) const {
+        return startsComment(line, at) || startsString(line, at) || isBlank(line, at);
+    }
+
+    /// A string closes at the first byte of the closing mark: the further bytes of a longer mark
+    /// are looked at again, as words or as the beginning of the next string. The empty mark opens a
+    /// string at one byte and closes it in front of the next, which no token takes.
+    std::size_t colorizeString(std::string_view line, std::size_t at) {
+        const std::size_t close = std::min(line.find(stringMark_, at + 1), line.size());
+        if (close == line.size()) return at + paintClass(close - at, ClassString);
+        if (!stringMark_.empty()) return at + paintClass(close + 1 - at, ClassString);
+        paintClass(close - at, ClassString);
+        keep(1);
+        return close + 1;
+    }
+
+    std::size_t colorizeBlanks(std::string_view line, std::size_t at) {
+        std::size_t end = at + 1;
+        while (end < line.size() && !startsComment(line, end) && !startsString(line, end) &&
+               isBlank(line, end)) {
+            ++end;
+        }
+        return at + paintClass(end - at, ClassNormal);
+    }
+
+    std::size_t colorizeWord(std::string_view line, std::size_t at) {
+        WordHash hash;
+        unsigned flags = 0;
+        std::size_t end = at;
+        do {
+            const ByteTraits byte = traits(line[end]);
+            hash.add(byte.lower);
+            flags |= byte.flags;
+            ++end;
+        } while (end < line.size() &&
+                 ((traits(line[end]).flags & kMayEndWord) == 0 || !endsWord(line, end)));
+        const std::string_view word = line.substr(at, end - at);
+        return at +
+               paintClass(word.size(), classifier_.classOf(word, hash, (flags & kDelimiter) != 0));
+    }
+
+    std::size_t paintClass(std::size_t count, WordClass wordClass) {
+        paint(count, colors_[wordClass]);
+        return count;
+    }
+
+    void paint(std::size_t count, ColorRef color) {
+        const auto length = static_cast<std::uint32_t>(count);
+        if (!runs_.empty() && runs_.back().color == color)
+            runs_.back().length += length;
+        else
+            runs_.push_back({length, color});
+    }
+
+    const WordClassifier& classifier_;
+    std::string_view commentMark_;
+    std::string_view stringMark_;
+    ClassColors colors_;
+    std::array<ByteTraits, 256> traits_;
+    std::vector<ColorRun> runs_;
+};
+
+}  // namespace
+
+std::vector<ColorRun> colorsOfLines(const Rope& rope, Range lines, const SyntaxLists& lists,
+                                    std::string_view stringMark, const ClassColors& colors) {
+    LineColorizer colorizer(lists, stringMark, colors);
+    colorizer.reserve(expectedRuns(lines));
+    forEachLine(rope, lines, [&colorizer](std::string_view line, bool hasBreak) {
+        colorizer.colorizeLine(line);
+        if (hasBreak) colorizer.keep(2);
+    });
+    return colorizer.take();
+}
+
+}  // namespace brindlex

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/RichTextView.h"
+
+namespace brindlex {
+
+/// A widget round one rich text view that hands the view's properties and methods on unchanged.
+/// What they do, what they take and what they refuse stands with RichTextView and RichTextBox.
+class RichTextHost : public QWidget {
+  public:
+    explicit RichTextHost(QWidget* parent = nullptr) : QWidget(parent) {}
+
+    RichTextView& rtb() { return rtb_; }
+    const RichTextView& rtb() const { return rtb_; }
+
+    // --- Appearance and state ------------------------------------------------------------------
+    bool AutoVerbMenu() const { return rtb_.AutoVerbMenu(); }
+    void SetAutoVerbMenu(bool on) { rtb_.SetAutoVerbMenu(on); }
+    ColorValue BackColor() const { return rtb_.BackColor(); }
+    void SetBackColor(ColorValue color) { rtb_.SetBackColor(color); }
+    Long BorderStyle() const { return rtb_.BorderStyle(); }
+    void SetBorderStyle(Long style) { rtb_.SetBorderStyle(style); }
+    double BulletIndent() const { return rtb_.BulletIndent(); }
+    void SetBulletIndent(double twips) { rtb_.SetBulletIndent(twips); }
+    bool Enabled() const { return rtb_.isEnabled(); }
+    void SetEnabled(bool on) { rtb_.setEnabled(on); }
+    QString filename() const { return rtb_.FileName(); }
+    void SetFilename(const QString& path) { rtb_.SetFileName(path); }
+    QFont Font() const { return rtb_.Font(); }
+    void SetFont(const QFont& font) { rtb_.SetFont(font); }
+    bool HideSelection() const { return rtb_.HideSelection(); }
+    void SetHideSelection(bool hide) { rtb_.SetHideSelection(hide); }
+    bool Locked() const { return box().Locked(); }
+    void SetLocked(bool locked) { box().SetLocked(locked); }
+    Long MaxLength() const { return box().MaxLength(); }
+    void SetMaxLength(Long length) { box().SetMaxLength(length); }
+    QPixmap MouseIcon() const { return rtb_.MouseIcon(); }
+    void SetMouseIcon(const QPixmap& icon) { rtb_.SetMouseIcon(icon); }
+    Long MousePointer() const { return rtb_.MousePointer(); }
+    void SetMousePointer(Long pointer) { rtb_.SetMousePointer(pointer); }
+    double RightMargin() const { return rtb_.RightMargin(); }
+    void SetRightMargin(double twips) { rtb_.SetRightMargin(twips); }
+
+    // --- Text ----------------------------------------------------------------------------------
+    std::string Text() const { return box().Text(); }
+    std::string TextRTF() const { return box().TextRTF(); }
+
+    // --- Character format of the selection; unset: mixed ----------------------------------------
+    std::optional<bool> SelBold() const { return box().SelBold(); }
+    void SetSelBold(bool on) { box().SetSelBold(on); }
+    std::optional<bool> SelItalic() const { return box().SelItalic(); }
+    void SetSelItalic(bool on) { box().SetSelItalic(on); }
+    std::optional<bool> SelStrikethru() const { return box().SelStrikethru(); }
+    void SetSelStrikethru(bool on) { box().SetSelStrikethru(on); }
+    std::optional<bool> SelUnderline() const { return box().SelUnderline(); }
+    void SetSelUnderline(bool on) { box().SetSelUnderline(on); }
+    std::optional<ColorRef> SelColor() const { return box().SelColor(); }
+    void SetSelColor(ColorRef color) { box().SetSelColor(color); }
+    std::optional<bool> SelBullet() const { return box().SelBullet(); }
+    void SetSelBullet(bool on) { box().SetSelBullet(on); }
+    std::optional<Long> SelCharOffset() const { return box().SelCharOffset(); }
+    void SetSelCharOffset(Long twips) { box().SetSelCharOffset(twips); }
+    std::optional<bool> SelProtected() const { return box().SelProtected(); }
+    void SetSelProtected(bool on) { box().SetSelProtected(on); }
+    std::string SelRTF() const { return box().SelRTF(); }
+    bool SetSelRTF(std::string_view rtf) { return box().SetSelRTF(rtf); }
+
+    // --- Paragraph format of the lines of the selection; unset: mixed ----------------------------
+    std::optional<Alignment> SelAlignment() const { return box().SelAlignment(); }
+    void SetSelAlignment(Alignment alignment) { box().SetSelAlignment(alignment); }
+    std::optional<Long> SelIndent() const { return box().SelIndent(); }
+    void SetSelIndent(Long twips) { box().SetSelIndent(twips); }
+    std::optional<Long> SelHangingIndent() const { return box().SelHangingIndent(); }
+    void SetSelHangingIndent(Long twips) { box().SetSelHangingIndent(twips); }
+    std::optional<Long> SelRightIndent() const { return box().SelRightIndent(); }
+    void SetSelRightIndent(Long twips) { box().SetSelRightIndent(twips); }
+    std::optional<Long> SelTabCount() const { return box().SelTabCount(); }
+    void SetSelTabCount(Long count) { box().SetSelTabCount(count); }
+    std::optional<Long> SelTabs(Long index) const { return box().SelTabs(index); }
+    void SetSelTabs(Long index, Long twips) { box().SetSelTabs(index, twips); }
+
+    // --- Selection -----------------------------------------------------------------------------
+    Long SelStart() const { return box().SelStart(); }
+    void SetSelStart(Long start) { box().SetSelStart(start); }
+    Long SelLength() const { return box().SelLength(); }
+    void SetSelLength(Long length) { box().SetSelLength(length); }
+    std::string SelText() const { return box().SelText(); }
+    void SetSelText(std::string_view text) { box().SetSelText(text); }
+
+    // --- Methods -------------------------------------------------------------------------------
+    Long Find(std::string_view text, std::optional<Long> start = {}, std::optional<Long> end = {},
+              Long options = 0) {
+        return box().Find(text, start, end, options);
+    }
+    Long GetLineFromChar(Long offset) const { return box().GetLineFromChar(offset); }
+    bool LoadFile(const QString& path, int fileType = 0) { return rtb_.LoadFile(path, fileType); }
+    bool SaveFile(const QString& path, int flags = 0) const { return rtb_.SaveFile(path, flags); }
+    void SelPrint(QPagedPaintDevice& device) const { rtb_.SelPrint(device); }
+    void Span(std::string_view set, bool forward = true, bool negate = false) {
+        box().Span(set, forward, negate);
+    }
+    void UpTo(std::string_view set, bool forward = true, bool negate = false) {
+        box().UpTo(set, forward, negate);
+    }
+    void Refresh() { rtb_.Refresh(); }
+
+  protected:
+    RichTextBox& box() { return rtb_.box(); }
+    const RichTextBox& box() const { return rtb_.box(); }
+
+  private:
+    RichTextView rtb_{this};
+};
+
+}  // namespace brindlex

@@ -1,0 +1,287 @@
+#include "shell/Document.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QTimer>
+#include <QWidget>
+#include <utility>
+
+#include "editor/KELP_RTBSyntax.h"
+#include "platform/Desktop.h"
+#include "platform/Files.h"
+#include "shell/AppState.h"
+#include "shell/ErrorLine.h"
+#include "shell/Module1.h"
+#include "shell/StatusPanes.h"
+
+namespace brindlex {
+namespace {
+
+const QString kTitleEnd = QStringLiteral(" - Brindlex");
+constexpr qsizetype kExtensionLength = 7;  // of ".script"
+
+const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),
+                              QStringLiteral("All files (*.*)"), QStringLiteral("*.*")};
+
+/// A script's name less the length of its usual extension, whatever it really ends in; a name that
+/// is shorter than that loses the extension that it has.
+QString baseNameOf(const QString& fileTitle) {
+    if (fileTitle.size() >= kExtensionLength) return fileTitle.chopped(kExtensionLength);
+    return fileTitle.left(fileTitle.lastIndexOf('.'));
+}
+
+}  // namespace
+
+/// The time in which a text is put into the editor, which is out of sight meanwhile.
+class Document::LoadingTime {
+  public:
+    explicit LoadingTime(Document& document)
+        : document_(document), focus_(document.surroundings_.window.focusWidget()) {
+        document_.EditorReady_ = false;
+        document_.surroundings_.desktop.setBusyPointer(true);
+        setVisible(false);
+    }
+    ~LoadingTime() {
+        document_.EditorReady_ = true;
+        document_.surroundings_.desktop.setBusyPointer(false);
+        setVisible(true);
+        if (focus_) focus_->setFocus();
+    }
+    LoadingTime(const LoadingTime&) = delete;
+    LoadingTime& operator=(const LoadingTime&) = delete;
+
+  private:
+    void setVisible(bool visible) {
+        document_.surroundings_.editor.setVisible(visible);
+        document_.surroundings_.panes.setLineVisible(visible);
+    }
+
+    Document& document_;
+    QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
+};
+
+Document::Document(Surroundings surroundings) : surroundings_(std::move(surroundings)) {
+    setTitle(QStringLiteral("Brindlex"));
+}
+
+QString Document::displayName() const {
+    QStringView name = title_;
+    if (Dirty_) name.chop(1);
+    if (name.endsWith(kTitleEnd)) name.chop(kTitleEnd.size());
+    return name.toString();
+}
+
+QString Document::baseName() const {
+    return baseNameOf(FileTitle_);
+}
+
+void Document::setTitle(const QString& title) {
+    title_ = title;
+    // "[*]" is a place holder of the toolkit unless it stands twice.
+    QString shown = title;
+    surroundings_.window.setWindowTitle(shown.replace(QLatin1String("[*]"), "[*][*]"));
+}
+
+void Document::textChanged() {
+    if (!Dirty_) setTitle(title_ + '*');
+    Dirty_ = true;
+    startAutoSave();
+}
+
+void Document::startAutoSave() {
+    // Starting a timer that runs would put its tick off, with each typed character anew.
+    if (!surroundings_.timerAutoSave.isActive()) surroundings_.timerAutoSave.start();
+}
+
+void Document::initDialogs() {
+    saveFolder_ = surroundings_.state.WolfDir;
+}
+
+QString Document::inProgramFolder(const char* name) const {
+    return surroundings_.programFolder + '/' + QString::fromLatin1(name);
+}
+
+void Document::reportUnreadable() {
+    surroundings_.errors.UpdateError(
+        QStringLiteral("Unknown error involving the script or map file."));
+}
+
+// --- Putting a text into the editor --------------------------------------------------------------
+
+bool Document::load(std::string FileText) {
+    const QScopedValueRollback loading(loading_, true);
+    {
+        const LoadingTime loadingTime(*this);
+        if (!yield()) return false;
+        surroundings_.editor.SetText(FileText);
+    }
+    FileText = {};
+    surroundings_.panes.showLine(surroundings_.editor.GetCurrentLine());
+    return yield();
+}
+
+bool Document::yield() const {
+    // What the user does meanwhile waits, so that no second load begins in the middle of this one.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return !ended_;
+}
+
+void Document::becomeUntitled() {
+    Dirty_ = false;
+    HasFileName_ = false;
+    setTitle("Untitled" + kTitleEnd);
+    FileTitle_.clear();
+    surroundings_.timerAutoSave.stop();
+}
+
+void Document::becomeNamed() {
+    Dirty_ = false;
+    HasFileName_ = true;
+    setTitle(FileTitle_ + kTitleEnd);
+}
+
+void Document::takeName(const QString& path) {
+    FilePath_ = path;
+    FileTitle_ = FileNameOf(path);
+}
+
+// --- At start ------------------------------------------------------------------------------------
+
+void Document::startNew() {
+    if (!surroundings_.state.GetPresetEnabled) return NewFile();
+    if (load(readPreset().value_or(std::string()))) becomeUntitled();
+}
+
+void Document::startWith(QString commandLine) {
+    takeName(commandLine.remove('"'));
+    MapName_ = baseName() + ".map";
+    if (load(Files::read(FilePath_).value_or(std::string()))) becomeNamed();
+}
+
+// --- Operations ----------------------------------------------------------------------------------
+
+void Document::NewFile() {
+    if (surroundings_.state.GetPresetEnabled) {
+        std::optional<std::string> preset = readPreset();
+        if (!preset || !load(std::move(*preset))) return;
+    } else {
+        surroundings_.editor.SetText({});
+    }
+    becomeUntitled();
+}
+
+std::optional<std::string> Document::readPreset() {
+    const QString path = inProgramFolder("preset.txt");
+    if (!FileExists(path)) return std::nullopt;
+    std::optional<std::string> preset = Files::read(path);
+    if (!preset) reportUnreadable();
+    return preset;
+}
+
+std::optional<QString> Document::askForFile(const FileQuestion& question) {
+    const FileAnswer answer = surroundings_.desktop.askFile(&surroundings_.window, question);
+    if (const auto* failure = std::get_if<DialogFailure>(&answer))
+        surroundings_.desktop.showBox(&surroundings_.window,
+                                      {.text = "Error " + QString::number(failure->number) +
+                                               " selecting file.\r\n" + failure->description,
+                                       .title = QStringLiteral("Brindlex")});
+    const auto* path = std::get_if<QString>(&answer);
+    return path ? std::optional(*path) : std::nullopt;
+}
+
+void Document::OpenFile() {
+    const auto path = askForFile({.title = QStringLiteral("Open script file"),
+                                  .folder = surroundings_.state.WolfDir,
+                                  .filters = kFilters});
+    if (path) openPath(*path);
+}
+
+void Document::openPath(const QString& path) {
+    std::optional<std::string> FileText = Files::read(path);
+    if (!FileText) return reportUnreadable();
+    takeName(path);
+    MapName_ = baseName() + ".map";
+    if (!load(std::move(*FileText))) return;
+    becomeNamed();
+    startAutoSave();
+}
+
+void Document::SaveCurrent() {
+    write(FilePath_);
+    becomeNamed();
+}
+
+void Document::SaveAs() {
+    const auto path = askForFile({.title = QStringLiteral("Save script file"),
+                                  .folder = saveFolder_,
+                                  .filters = kFilters,
+                                  .save = true});
+    if (!path) return;
+    takeName(*path);
+    write(FilePath_);
+    becomeNamed();
+}
+
+void Document::write(const QString& path) const {
+    const Rope& text = surroundings_.editor.rtb().box().rope();
+    constexpr std::string_view kEnd = "\r\n";
+    std::string bytes;
+    bytes.reserve(text.size() + kEnd.size());
+    text.visitPieces(Range(Offset(0), Offset(text.size())), [&bytes](std::string_view piece) {
+        bytes += piece;
+        return true;
+    });
+    bytes += kEnd;
+    Files::write(path, bytes);
+}
+
+// --- Commands ------------------------------------------------------------------------------------
+
+bool Document::offerToSave(const QString& question, const QString& title) {
+    if (!Dirty_) return true;
+    const BoxAnswer answer = surroundings_.desktop.showBox(
+        &surroundings_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
+    if (answer == BoxAnswer::Yes) funSave_Click();
+    return answer != BoxAnswer::Cancel;
+}
+
+void Document::funNew_Click() {
+    const QString question =
+        HasFileName_ ? "Do you want to save " + displayName() + '?' : "Do you want to save?";
+    if (offerToSave(question, QStringLiteral("Save?"))) NewFile();
+}
+
+QString Document::openQuestion() const {
+    return "Do you want to save " + displayName();
+}
+
+void Document::funOpen_Click() {
+    if (offerToSave(openQuestion(), QStringLiteral("Save?"))) OpenFile();
+}
+
+void Document::openDropped(const QString& path) {
+    if (loading_) return;
+    if (offerToSave(openQuestion(), QStringLiteral("Save?"))) openPath(path);
+}
+
+void Document::funSave_Click() {
+    if (HasFileName_)
+        SaveCurrent();
+    else
+        SaveAs();
+}
+
+void Document::funSavePreset_Click() {
+    const BoxAnswer answer = surroundings_.desktop.showBox(
+        &surroundings_.window,
+        {.text = QStringLiteral("Are you sure you want to change the preset?\r\nWhile it is not "
+                                "extremely important, there is no option to reset it!"),
+         .title = QStringLiteral("Confirm"),
+         .icon = BoxIcon::Warning,
+         .buttons = BoxButtons::YesNo});
+    if (answer == BoxAnswer::Yes) write(inProgramFolder("preset.txt"));
+}
+
+}  // namespace brindlex

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+class QTimer;
+class QWidget;
+
+namespace brindlex {
+
+class ErrorLine;
+class KELP_RTBSyntax;
+class StatusPanes;
+struct AppState;
+class Desktop;
+struct FileQuestion;
+
+/// The one document of the program: the file that it stands for, its state, and the title of the
+/// window that tells both. The text itself lives in the editor.
+class Document {
+  public:
+    /// What a document works with. All of it outlives the document.
+    struct Surroundings {
+        QWidget& window;  ///< bears the title and owns the dialogs
+        const AppState& state;
+        Desktop& desktop;
+        KELP_RTBSyntax& editor;
+        StatusPanes& panes;
+        ErrorLine& errors;
+        QTimer& timerAutoSave;
+        QString programFolder;  ///< holds preset.txt
+    };
+
+    explicit Document(Surroundings surroundings);
+
+    const QString& FilePath() const { return FilePath_; }
+    /// The file's name without folder; empty for a new document.
+    const QString& FileTitle() const { return FileTitle_; }
+    /// The name of the game's map that belongs to the script, without folder.
+    const QString& MapName() const { return MapName_; }
+    bool HasFileName() const { return HasFileName_; }
+    /// The text has changed since it was last read or saved.
+    bool Dirty() const { return Dirty_; }
+    /// False while a document is being put into the editor, and before the first one was.
+    bool EditorReady() const { return EditorReady_; }
+    const QString& title() const { return title_; }
+    /// What questions call the document: the title without program name and dirty mark.
+    QString displayName() const;
+    /// The script's name without its extension; empty for a new document.
+    QString baseName() const;
+
+    /// The text of the editor has changed.
+    void textChanged();
+    /// The program ends: a load that waits in a yield is not carried on.
+    void end() { ended_ = true; }
+
+    // --- At start ------------------------------------------------------------------------------
+    /// Fixes what the dialogs start from.
+    void initDialogs();
+    /// A new document also when there is no preset to start it from.
+    void startNew();
+    /// Opens the script that the whole command line names, less its double quotes. One that cannot
+    /// be read gives an empty text under that name.
+    void startWith(QString commandLine);
+
+    // --- Operations; they ask for nothing but a file ---------------------------------------------
+    void NewFile();
+    void OpenFile();
+    void SaveCurrent();
+    void SaveAs();
+
+    // --- Commands ------------------------------------------------------------------------------
+    void funNew_Click();
+    void funOpen_Click();
+    void funSave_Click();
+    void funSavePreset_Click();
+    /// As funOpen_Click, for a file that is named already.
+    void openDropped(const QString& path);
+    /// Offers to save unsaved text in front of something that would lose it; false to let that be.
+    bool offerToSave(const QString& question, const QString& title);
+
+  private:
+    class LoadingTime;
+
+    QString inProgramFolder(const char* name) const;
+    QString openQuestion() const;
+    std::optional<std::string> readPreset();
+    std::optional<QString> askForFile(const FileQuestion& question);
+    void openPath(const QString& path);
+    void takeName(const QString& path);
+    void write(const QString& path) const;
+    bool load(std::string FileText);
+    bool yield() const;
+    void becomeUntitled();
+    void becomeNamed();
+    void setTitle(const QString& title);
+    void startAutoSave();
+    void reportUnreadable();
+
+    Surroundings surroundings_;
+    QString FilePath_;
+    QString FileTitle_;
+    QString MapName_;
+    QString title_;
+    QString saveFolder_;
+    bool HasFileName_ = false;
+    bool Dirty_ = false;
+    bool EditorReady_ = false;
+    bool loading_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace brindlex

@@ -1,0 +1,60 @@
+#include "shell/Module1.h"
+
+#include <QApplication>
+#include <algorithm>
+
+#include "editor/ScriptSyntax.h"
+#include "platform/Desktop.h"
+#include "platform/Files.h"
+#include "platform/QtDesktop.h"
+#include "platform/SettingsStore.h"
+#include "shell/frmMain.h"
+
+namespace brindlex {
+
+Program::Program(Surroundings surroundings) : surroundings_(std::move(surroundings)) {}
+
+Program::~Program() = default;
+
+bool Program::ended() const {
+    return frmMain_ && frmMain_->ended();
+}
+
+void Main(Program& program) {
+    program.state_.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
+    program.state_.Keywords = scriptKeywords();
+    program.state_.BlockNames = {"game_manager"};
+    program.frmMain_ = std::make_unique<frmMain>(program.state_, program.surroundings_);
+    program.frmMain_->Form_Load();
+    if (!program.ended()) program.frmMain_->show();
+}
+
+int runProgram(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Brindlex"));
+    QtDesktop desktop;
+    SettingsStore settings;
+    Program program({.desktop = desktop,
+                     .settings = settings,
+                     .programFolder = QCoreApplication::applicationDirPath(),
+                     .commandLine = QCoreApplication::arguments().mid(1).join(' '),
+                     .endProgram = [] { QCoreApplication::exit(0); }});
+    Main(program);
+    return program.ended() ? 0 : QApplication::exec();
+}
+
+bool FileExists(const QString& path) {
+    return Files::exists(path);
+}
+
+QString FileNameOf(const QString& path) {
+    return path.mid(std::max(path.lastIndexOf('\\'), path.lastIndexOf('/')) + 1);
+}
+
+QString BrowseForFolder(Desktop& desktop, const AppState& state, QWidget* owner,
+                        const QString& title) {
+    const QString folder = desktop.askFolder(owner, title, state.WolfDir).value_or(QString());
+    return folder.isEmpty() ? state.WolfDir : folder;
+}
+
+}  // namespace brindlex

@@ -1,0 +1,72 @@
+#include "shell/SidePanels.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "shell/CaptionLabel.h"
+
+namespace brindlex {
+namespace {
+
+QTreeWidget* makeTree(QWidget* parent, const char* name, const char* accessibleName) {
+    auto* tree = new QTreeWidget(parent);
+    tree->setObjectName(QString::fromLatin1(name));
+    tree->setAccessibleName(QString::fromLatin1(accessibleName));
+    tree->setHeaderHidden(true);
+    tree->setUniformRowHeights(true);
+    return tree;
+}
+
+CaptionLabel* makeLabel(QWidget* parent, const char* name) {
+    auto* label = new CaptionLabel(parent);
+    label->setObjectName(QString::fromLatin1(name));
+    return label;
+}
+
+}  // namespace
+
+SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent)
+    : funShowCmd_(funShowCmd), funScriptTar_(funScriptTar) {
+    TreeView1_ = makeTree(parent, "TreeView1", "Script reference");
+    TreeView2_ = makeTree(parent, "TreeView2", "Scriptnames and targetnames of the map");
+    auto* pane = new QFrame(parent);
+    pane->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    pane->setObjectName(QStringLiteral("Picture1"));
+    pane->setAccessibleName(QStringLiteral("Description of the command"));
+    pane->setAutoFillBackground(true);
+    Picture1_ = pane;
+    Label3_ = makeLabel(Picture1_, "Label3");
+    QFont bold = Label3_->font();
+    bold.setBold(true);
+    Label3_->setFont(bold);
+    Label4_ = makeLabel(Picture1_, "Label4");
+    auto* column = new QVBoxLayout(Picture1_);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->addWidget(Label3_);
+    column->addWidget(Label4_, 1);
+    show(SidePanel::None);
+}
+
+void SidePanels::show(SidePanel panel) {
+    shown_ = panel;
+    const bool commands = panel == SidePanel::Commands;
+    const bool entities = panel == SidePanel::Entities;
+    TreeView1_->setVisible(commands);
+    Picture1_->setVisible(commands);
+    TreeView2_->setVisible(entities);
+    funShowCmd_.setChecked(commands);
+    funScriptTar_.setChecked(entities);
+}
+
+void SidePanels::toggle(SidePanel panel) {
+    show(shown_ == panel ? SidePanel::None : panel);
+}
+
+bool SidePanels::haveFocus() const {
+    const QWidget* focus = TreeView1_->window()->focusWidget();
+    return focus && (focus == TreeView1_ || focus == TreeView2_);
+}
+
+}  // namespace brindlex

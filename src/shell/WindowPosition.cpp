@@ -1,0 +1,146 @@
+#include "shell/WindowPosition.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+#include <QWidget>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "platform/SettingsStore.h"
+#include "platform/Twips.h"
+
+namespace brindlex {
+namespace {
+
+const QString kApplication = QStringLiteral("Brindlex");
+const QString kSection = QStringLiteral("Options");
+
+/// Some window systems give a window that was maximised another frame, and tell nobody when.
+constexpr std::chrono::milliseconds kFrameComes(100);
+
+// The window states of the product.
+enum State { StateNormal = 0, StateMinimised = 1, StateMaximised = 2 };
+
+int stateOf(const QWidget& window) {
+    if (window.isMinimized()) return StateMinimised;
+    return window.isMaximized() ? StateMaximised : StateNormal;
+}
+
+Qt::WindowStates statesFor(int state) {
+    switch (state) {
+        case StateMinimised:
+            return Qt::WindowMinimized;
+        case StateMaximised:
+            return Qt::WindowMaximized;
+        default:
+            return Qt::WindowNoState;
+    }
+}
+
+std::optional<int> pixelsOf(const QString& twips) {
+    bool ok = false;
+    const double value = twips.toDouble(&ok);
+    if (!ok || !std::isfinite(value)) return std::nullopt;
+    return Twips::toPixels(value);
+}
+
+/// Twips as the decimal text of a single-precision number.
+QString textOf(int pixels) {
+    return QString::number(float(Twips::fromPixels(pixels)), 'g', 7);
+}
+
+QScreen* screenOf(const QWidget& window) {
+    return window.screen() ? window.screen() : QGuiApplication::primaryScreen();
+}
+
+bool isOnSomeScreen(const QRect& frame) {
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&frame](const QScreen* screen) {
+        return screen->geometry().intersects(frame);
+    });
+}
+
+}  // namespace
+
+WindowPosition::WindowPosition(QWidget& window, SettingsStore& settings)
+    : window_(window), settings_(settings) {}
+
+void WindowPosition::setFirstSize(QSize size) {
+    // The frame is not there yet: room for a usual one.
+    const QSize frame(16, window_.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 16);
+    if (const QScreen* screen = screenOf(window_))
+        size = size.boundedTo(screen->availableSize() - frame);
+    window_.resize(size);
+}
+
+void WindowPosition::restore() {
+    if (read("FormPos_Top").isEmpty()) return;
+    QRect frame(window_.pos(), frameSize());
+    if (const auto top = pixelsOf(read("FormPos_Top"))) frame.moveTop(*top);
+    if (const auto left = pixelsOf(read("FormPos_Left"))) frame.moveLeft(*left);
+    if (const auto width = pixelsOf(read("FormPos_Width"))) frame.setWidth(*width);
+    if (const auto height = pixelsOf(read("FormPos_Height"))) frame.setHeight(*height);
+    // A screen that is gone must not take the window with it.
+    if (!isOnSomeScreen(frame)) frame.moveTopLeft(window_.pos());
+    setFrame(frame);
+    restoreState();
+}
+
+void WindowPosition::restoreState() {
+    const QString state = read("FormPos_State");
+    if (state.isEmpty()) settings_.write(kApplication, kSection, "FormPos_State", "0");
+    window_.setWindowState(statesFor(state.toInt()));
+}
+
+void WindowPosition::frameIsKnown() {
+    if (frameToCome_ && stateOf(window_) == StateNormal)
+        setFrame(QRect(window_.pos(), *frameToCome_));
+    frameToCome_.reset();
+}
+
+void WindowPosition::setFrame(const QRect& pixels) {
+    frameToCome_ = pixels.size();
+    const QSize border = window_.frameGeometry().size() - window_.size();
+    window_.move(pixels.topLeft());
+    window_.resize((pixels.size() - border).expandedTo(QSize(1, 1)));
+}
+
+QSize WindowPosition::frameSize() const {
+    return window_.frameGeometry().size();
+}
+
+QString WindowPosition::read(const char* key) const {
+    return settings_.read(kApplication, kSection, QString::fromLatin1(key));
+}
+
+void WindowPosition::funSavePos_Click() {
+    const QRect frame = window_.frameGeometry();
+    settings_.write(kApplication, kSection,
+                    {{"FormPos_Top", textOf(frame.top())},
+                     {"FormPos_Left", textOf(frame.left())},
+                     {"FormPos_Width", textOf(frame.width())},
+                     {"FormPos_Height", textOf(frame.height())},
+                     {"FormPos_State", QString::number(stateOf(window_))}});
+}
+
+void WindowPosition::funFull_Click() {
+    window_.setWindowState(Qt::WindowMaximized);
+}
+
+void WindowPosition::funDefault_Click() {
+    const bool frameStays = stateOf(window_) == StateNormal;
+    window_.setWindowState(Qt::WindowNoState);
+    const QSize size(Twips::toPixels(13470), Twips::toPixels(11970));
+    const QRect screen = screenOf(window_)->geometry();
+    const QSize free = screen.size() - size;
+    setFrame(QRect(screen.topLeft() + QPoint(free.width() / 2, free.height() / 2), size));
+    if (frameStays)
+        frameToCome_.reset();
+    else
+        QTimer::singleShot(kFrameComes, &window_, [this] { frameIsKnown(); });
+}
+
+}  // namespace brindlex

@@ -1,0 +1,275 @@
+#include "shell/frmMain.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QListWidget>
+#include <QLocale>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTreeWidget>
+
+#include "dialogs/frmOptions.h"
+#include "editor/MainWindowSettings.h"
+#include "editor/ScriptSyntax.h"
+#include "platform/Desktop.h"
+#include "platform/Twips.h"
+#include "shell/AppState.h"
+#include "shell/Module1.h"
+
+namespace brindlex {
+namespace {
+
+QWidget* makeToolBar(QWidget* parent) {
+    auto* strip = new QWidget(parent);
+    strip->setObjectName(QStringLiteral("picToolBar"));
+    strip->setAccessibleName(QStringLiteral("Toolbar"));
+    return strip;
+}
+
+QListWidget* makeCompletionList(QWidget* parent) {
+    auto* list = new QListWidget(parent);
+    list->setObjectName(QStringLiteral("List4"));
+    list->setAccessibleName(QStringLiteral("Words that fit"));
+    list->hide();
+    return list;
+}
+
+}  // namespace
+
+// Of two controls that overlap, the one made later lies above.
+frmMain::frmMain(AppState& state, const Surroundings& surroundings)
+    : state_(state),
+      surroundings_(surroundings),
+      menuBar_(new QMenuBar(this)),
+      inner_(new QWidget(this)),
+      commands_(*this, *menuBar_),
+      editor_(makeEditor()),
+      sidePanels_(commands_.entry("funShowCmd"), commands_.entry("funScriptTar"), inner_),
+      picToolBar_(makeToolBar(inner_)),
+      errorLine_(surroundings.desktop, *this, inner_),
+      statusPanes_(inner_),
+      List4_(makeCompletionList(inner_)),
+      Picture2_(new CompletionTip(inner_)),
+      document_({*this, state, surroundings.desktop, *editor_, statusPanes_, errorLine_,
+                 timerAutoSave_, surroundings.programFolder}),
+      editCommands_(*editor_, surroundings.desktop),
+      layout_(controls()),
+      position_(*this, surroundings.settings) {
+    setObjectName(QStringLiteral("frmMain"));
+    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
+    timerAutoSave_.setInterval(60000);
+    wireEditor();
+    makeShortcuts();
+    setTabOrders();
+    setFirstSize();
+}
+
+frmMain::~frmMain() = default;
+
+KELP_RTBSyntax* frmMain::makeEditor() {
+    auto* editor = new KELP_RTBSyntax(inner_);
+    editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
+    applyMainWindowSettings(*editor);
+    return editor;
+}
+
+MainLayout::Controls frmMain::controls() {
+    return {*inner_,
+            *picToolBar_,
+            *editor_,
+            sidePanels_.TreeView1(),
+            sidePanels_.Picture1(),
+            sidePanels_.TreeView2(),
+            errorLine_.SB2(),
+            errorLine_.txtError(),
+            statusPanes_.SB1()};
+}
+
+void frmMain::wireEditor() {
+    editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
+    editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
+    editor_->rtb().onFileDropped = [this](const QString& path) {
+        KELP_RTBSyntax1_FileDropped(path);
+    };
+    editor_->setCommands({.undo = {},
+                          .copy = [this] { funCopy_Click(); },
+                          .paste = [this] { funPaste_Click(); },
+                          .cut = [this] { funCut_Click(); }});
+}
+
+void frmMain::makeShortcuts() {
+    const auto onKey = [this](const QKeySequence& key, auto handler) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, handler);
+    };
+    onKey(Qt::Key_F10, [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });
+    // Tab is a character in the editor, so the way out of it is another key.
+    onKey(Qt::CTRL | Qt::Key_F6, [this] { focusNextChild(); });
+}
+
+void frmMain::setTabOrders() {
+    QWidget* const order[] = {&editor_->rtb(), &sidePanels_.TreeView1(), &sidePanels_.TreeView2(),
+                              &errorLine_.txtError()};
+    for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+    editor_->SetFocus();
+}
+
+void frmMain::setFirstSize() {
+    position_.setFirstSize({Twips::toPixels(MainLayout::kFirstInnerWidth),
+                            Twips::toPixels(MainLayout::kFirstInnerHeight) + menuHeight()});
+}
+
+// --- The window's own events ---------------------------------------------------------------------
+
+void frmMain::Form_Load() {
+    errorLine_.clear();
+    position_.restore();
+    FormLoaded_ = true;
+    List4_->hide();
+    makeOptions();
+    editor_->SetFont(editorFont(state_));
+    InitSyntaxEditor();
+    document_.initDialogs();
+    editor_->SetSelIndent(3);
+    showPanelOfSettings();
+    state_.UndoRecording = true;
+    KELP_RTBSyntax1_Change();
+    statusPanes_.InitStatusPanes();
+    if (surroundings_.commandLine.isEmpty())
+        document_.startNew();
+    else
+        document_.startWith(surroundings_.commandLine);
+}
+
+void frmMain::makeOptions() {
+    options_ = std::make_unique<frmOptions>(
+        state_, surroundings_.settings,
+        OptionsCallbacks{.hidePanels = [this] { sidePanels_.show(SidePanel::None); },
+                         .funShowCmd_Click = [this] { funShowCmd_Click(); },
+                         .funScriptTar_Click = [this] { funScriptTar_Click(); },
+                         .Form_Resize = [this] { Form_Resize(); }},
+        this);
+}
+
+void frmMain::showPanelOfSettings() {
+    if (state_.ShowTreeView == 1) sidePanels_.show(SidePanel::Commands);
+    if (state_.ShowTreeView == 0) sidePanels_.show(SidePanel::Entities);
+    if (state_.ShowTreeView == -1) sidePanels_.show(SidePanel::None);
+}
+
+void frmMain::Form_Resize() {
+    const SidePanel panel = sidePanels_.shown();
+    if (panel != SidePanel::None && isMinimized()) return;
+    const QSize border = frameGeometry().size() - size();
+    setMinimumSize((MainLayout::leastSize(panel) - border).expandedTo(QSize(0, 0)));
+    arrangeMenu();
+    layout_.arrange(panel);
+}
+
+void frmMain::Form_QueryUnload(bool& Cancel) {
+    const QScopedValueRollback asking(asking_, true);
+    Cancel =
+        !document_.offerToSave("Do you want to save changes to " + document_.displayName() + '?',
+                               QStringLiteral("Brindlex"));
+    if (Cancel) return;
+    ended_ = true;
+    document_.end();
+    surroundings_.endProgram();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    // The system may ask to close again while the question is open.
+    bool cancel = asking_;
+    if (!asking_ && !ended_) Form_QueryUnload(cancel);
+    event->setAccepted(!cancel);
+}
+
+void frmMain::resizeEvent(QResizeEvent*) {
+    Form_Resize();
+}
+
+void frmMain::paintEvent(QPaintEvent*) {
+    if (std::exchange(painted_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            position_.frameIsKnown();
+            Form_Resize();
+        },
+        Qt::QueuedConnection);
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    const QEvent::Type type = event->type();
+    if (FormLoaded_ && (type == QEvent::FontChange || type == QEvent::StyleChange)) Form_Resize();
+}
+
+int frmMain::menuHeight() const {
+    return menuBar_->isNativeMenuBar() ? 0 : menuBar_->sizeHint().height();
+}
+
+void frmMain::arrangeMenu() {
+    const int height = menuHeight();
+    menuBar_->setGeometry(0, 0, width(), height);
+    inner_->setGeometry(0, height, width(), std::max(0, this->height() - height));
+}
+
+// --- The editor ----------------------------------------------------------------------------------
+
+void frmMain::InitSyntaxEditor() {
+    applyScriptSyntax(*editor_, state_.ColorValues);
+}
+
+void frmMain::KELP_RTBSyntax1_Change() {
+    document_.textChanged();
+}
+
+void frmMain::KELP_RTBSyntax1_SelChange() {
+    if (!FormLoaded_) return;
+    CaretPosition_ = editor_->SelStart();
+    statusPanes_.showLine(editor_->GetCurrentLine());
+}
+
+void frmMain::KELP_RTBSyntax1_FileDropped(const QString& path) {
+    // Behind the drop: where the file came from waits until the drop is over.
+    QMetaObject::invokeMethod(
+        this, [this, path] { document_.openDropped(path); }, Qt::QueuedConnection);
+}
+
+// --- Commands ------------------------------------------------------------------------------------
+
+int frmMain::FormCount(const QString& frmName) const {
+    const auto isNamed = [&frmName](const QWidget* form) {
+        return form->isWindow() && form->objectName().compare(frmName, Qt::CaseInsensitive) == 0;
+    };
+    const auto forms = findChildren<QWidget*>();
+    return int(std::count_if(forms.begin(), forms.end(), isNamed)) + (isNamed(this) ? 1 : 0);
+}
+
+QString frmMain::UpdateError(const QString& ErrorMessage) {
+    errorLine_.UpdateError(ErrorMessage);
+    return {};
+}
+
+void frmMain::funInsMap_Click() {
+    if (!document_.FileTitle().isEmpty()) return editCommands_.insert(document_.baseName());
+    surroundings_.desktop.showBox(this, {.text = QStringLiteral("Load or save your script first."),
+                                         .title = QStringLiteral("Load"),
+                                         .icon = BoxIcon::Information,
+                                         .buttons = BoxButtons::Ok});
+}
+
+void frmMain::funInsTD_Click() {
+    const QDate today = surroundings_.desktop.now().date();
+    editCommands_.insert(QLocale::system().toString(today, QLocale::ShortFormat));
+}
+
+void frmMain::togglePanel(SidePanel panel) {
+    const bool hadFocus = sidePanels_.haveFocus();
+    sidePanels_.toggle(panel);
+    if (hadFocus) editor_->SetFocus();
+    Form_Resize();
+}
+
+}  // namespace brindlex

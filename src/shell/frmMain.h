@@ -1,0 +1,126 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+#include "editor/KELP_RTBSyntax.h"
+#include "shell/Commands.h"
+#include "shell/CompletionTip.h"
+#include "shell/Document.h"
+#include "shell/EditCommands.h"
+#include "shell/ErrorLine.h"
+#include "shell/MainLayout.h"
+#include "shell/SidePanels.h"
+#include "shell/StatusPanes.h"
+#include "shell/WindowPosition.h"
+
+class QListWidget;
+class QMenuBar;
+
+namespace brindlex {
+
+class frmOptions;
+struct AppState;
+struct Surroundings;
+
+/// The main window: its parts, how their events are wired, and every handler by name.
+class frmMain : public QWidget {
+  public:
+    /// Both outlive the window. It comes up empty and hidden until Form_Load.
+    frmMain(AppState& state, const Surroundings& surroundings);
+    ~frmMain() override;
+
+    // --- The window's own events ---------------------------------------------------------------
+    /// To be called once, before the window is shown. The window may end the program meanwhile.
+    void Form_Load();
+    void Form_Resize();
+    /// Asks about unsaved text and ends the program, unless the user cancels.
+    void Form_QueryUnload(bool& Cancel);
+    bool ended() const { return ended_; }
+
+    // --- What others use -----------------------------------------------------------------------
+    KELP_RTBSyntax& KELP_RTBSyntax1() { return *editor_; }
+    Document& document() { return document_; }
+    SidePanels& sidePanels() { return sidePanels_; }
+    /// The caret as of the last change of the selection.
+    Long CaretPosition() const { return CaretPosition_; }
+    /// The number of loaded windows of that name, in whatever case.
+    int FormCount(const QString& frmName) const;
+    void NewFile() { document_.NewFile(); }
+    void OpenFile() { document_.OpenFile(); }
+    void SaveCurrent() { document_.SaveCurrent(); }
+    void SaveAs() { document_.SaveAs(); }
+    /// Adds a line to txtError; the result is always empty.
+    QString UpdateError(const QString& ErrorMessage);
+    void InitSyntaxEditor();
+
+    // --- Menu File -----------------------------------------------------------------------------
+    void funNew_Click() { document_.funNew_Click(); }
+    void funOpen_Click() { document_.funOpen_Click(); }
+    void funSave_Click() { document_.funSave_Click(); }
+    void funSaveAs_Click() { document_.SaveAs(); }
+    void funSavePreset_Click() { document_.funSavePreset_Click(); }
+    void funClose_Click() { close(); }
+    // --- Menu Edit -----------------------------------------------------------------------------
+    void funCut_Click() { editCommands_.funCut_Click(); }
+    void funCopy_Click() { editCommands_.funCopy_Click(); }
+    void funPaste_Click() { editCommands_.funPaste_Click(); }
+    void funInsMap_Click();
+    void funInsTD_Click();
+    // --- Menu View -----------------------------------------------------------------------------
+    void funFull_Click() { position_.funFull_Click(); }
+    void funDefault_Click() { position_.funDefault_Click(); }
+    void funSavePos_Click() { position_.funSavePos_Click(); }
+    void funShowCmd_Click() { togglePanel(SidePanel::Commands); }
+    void funScriptTar_Click() { togglePanel(SidePanel::Entities); }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void KELP_RTBSyntax1_Change();
+    void KELP_RTBSyntax1_SelChange();
+    void KELP_RTBSyntax1_FileDropped(const QString& path);
+
+    KELP_RTBSyntax* makeEditor();
+    MainLayout::Controls controls();
+    void wireEditor();
+    void makeShortcuts();
+    void setFirstSize();
+    void setTabOrders();
+    void makeOptions();
+    void showPanelOfSettings();
+    void togglePanel(SidePanel panel);
+    void arrangeMenu();
+    int menuHeight() const;
+
+    AppState& state_;
+    const Surroundings& surroundings_;
+    QMenuBar* menuBar_;
+    QWidget* inner_;  // everything below the menu
+    Commands commands_;
+    KELP_RTBSyntax* editor_;
+    SidePanels sidePanels_;
+    QWidget* picToolBar_;
+    ErrorLine errorLine_;
+    StatusPanes statusPanes_;
+    QListWidget* List4_;
+    CompletionTip* Picture2_;
+    QTimer timerAutoSave_{this};
+    Document document_;
+    EditCommands editCommands_;
+    MainLayout layout_;
+    WindowPosition position_;
+    std::unique_ptr<frmOptions> options_;
+    Long CaretPosition_ = 0;
+    bool FormLoaded_ = false;
+    bool asking_ = false;
+    bool ended_ = false;
+    bool painted_ = false;
+};
+
+}  // namespace brindlex

@@ -1,0 +1,230 @@
+#include "dialogs/frmOptions.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <functional>
+#include <memory>
+
+#include "platform/SettingsStore.h"
+#include "shell/AppState.h"
+#include "support/TempFolder.h"
+
+namespace brindlex {
+namespace {
+
+const QString kFirstWolfDir =
+    QStringLiteral("C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps");
+
+struct KeyAndValue {
+    QString key;
+    QString value;
+};
+
+const KeyAndValue kFirstValues[] = {
+    {"GetPreset", "1"},     {"WolfDir", kFirstWolfDir}, {"ShowTreeView", "1"},
+    {"AutoIndent", "1"},    {"AutoBlockIndent", "1"},   {"TypeOther", "1"},
+    {"AutoComplete", "1"},  {"AutoBackup", "1"},        {"AutoBackupMins", "3"},
+    {"Color0", "0"},        {"Color1", "32768"},        {"Color2", "192"},
+    {"Color3", "8388608"},  {"Color4", "16711935"},     {"FontName", "Courier New"},
+    {"FontSize", "10"},     {"FontBold", "0"},          {"FontItalic", "0"},
+    {"FontUnderline", "0"}, {"FontStrikeThru", "0"},
+};
+
+/// Every field that the settings fill, as one text.
+std::string fieldsOf(const AppState& s) {
+    QStringList fields{s.WolfDir, s.FontName};
+    for (const QString& color : s.ColorValues) fields += color;
+    for (const int number :
+         {s.GetPreset, s.ShowTreeView, s.AutoIndent, s.AutoBlockIndent, s.TypeOther, s.AutoComplete,
+          s.AutoBackup, s.AutoBackupMins, s.FontSize})
+        fields += QString::number(number);
+    for (const bool flag : {s.GetPresetEnabled, s.AutoIndentEnabled, s.AutoBlockIndentEnabled,
+                            s.TypeOtherEnabled, s.AutoCompleteEnabled, s.AutoBackupEnabled,
+                            s.FontBold, s.FontItalic, s.FontUnderline, s.FontStrikeThru})
+        fields += flag ? "on" : "off";
+    return fields.join('|').toStdString();
+}
+
+const std::string kFirstFields = kFirstWolfDir.toStdString() +
+                                 "|Courier New|0|32768|192|8388608|16711935|1|1|1|1|1|1|1|3|10"
+                                 "|on|on|on|on|on|on|off|off|off|off";
+
+/// A store and a dialog over it; the dialog's calls to the main window are written down.
+class FrmOptionsTest : public testing::Test {
+  protected:
+    void put(const QString& key, const QString& value) {
+        settings.write("Brindlex", "Options", key, value);
+    }
+    std::string stored(const QString& key) const {
+        return settings.read("Brindlex", "Options", key).toStdString();
+    }
+    void putAllFirstValues() {
+        SettingsStore::Values values;
+        for (const auto& [key, value] : kFirstValues) values.emplace_back(key, value);
+        settings.write("Brindlex", "Options", values);
+    }
+    std::unique_ptr<frmOptions> open() { return open(settings); }
+    std::unique_ptr<frmOptions> open(SettingsStore& store) {
+        state.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
+        return std::make_unique<frmOptions>(
+            state, store,
+            OptionsCallbacks{[this] { calls += "hide "; }, [this] { calls += "commands "; },
+                             [this] { calls += "entities "; }, [this] { calls += "resize "; }},
+            nullptr);
+    }
+    template <typename Control>
+    static Control& control(const frmOptions& form, const char* name) {
+        return *form.findChild<Control*>(name);
+    }
+
+    TempFolder folder;
+    SettingsStore settings{folder.path("settings")};
+    AppState state;
+    std::string calls;
+};
+
+TEST_F(FrmOptionsTest, FillsAnEmptyStoreAndShowsIt) {
+    const auto form = open();
+    for (const auto& [key, value] : kFirstValues)
+        EXPECT_EQ(stored(key), value.toStdString()) << key.toStdString();
+    EXPECT_EQ(stored("FormPos_Top"), "");
+    EXPECT_EQ(fieldsOf(state), kFirstFields);
+    EXPECT_EQ(calls, "hide commands resize ");
+    for (const char* box : {"Check1", "Check2", "Check3", "Check4", "Check5", "Check6"})
+        EXPECT_TRUE(control<QCheckBox>(*form, box).isChecked()) << box;
+    EXPECT_TRUE(control<QRadioButton>(*form, "Option1").isChecked());
+    EXPECT_EQ(control<QLineEdit>(*form, "Text1").text(), kFirstWolfDir);
+    EXPECT_EQ(control<QLineEdit>(*form, "txtAutoBackupMins").text(), "3");
+    EXPECT_EQ(control<QLineEdit>(*form, "txtCol1").palette().color(QPalette::Text),
+              QColor(0, 128, 0));
+    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").font().family(), "Courier New");
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(FrmOptionsTest, LivesWithAStoreThatCannotBeWritten) {
+    folder.put("file", "");
+    SettingsStore broken(folder.path("file"));
+    open(broken);
+    EXPECT_EQ(fieldsOf(state), kFirstFields);
+}
+
+TEST_F(FrmOptionsTest, TakesFirstValuesForMissingAndSenselessKeysAndWritesNothing) {
+    for (const auto& [key, value] : kFirstValues) {
+        const bool isText = key == "WolfDir" || key == "FontName";
+        // A text without a number means 0 minutes, so only a missing key falls back there.
+        const bool takesAnything = isText || key == "AutoBackupMins";
+        for (const char* text : {"", "nonsense", "99999999999", "1;2"}) {
+            if (*text != '\0' && takesAnything) continue;
+            if (*text == '\0' && key == "GetPreset") continue;  // an empty store
+            folder.put("settings/Brindlex.ini", [&] {
+                std::string kept = "[Options]\n";
+                for (const auto& [other, first] : kFirstValues)
+                    if (other != key)
+                        kept += other.toStdString() + '=' +
+                                QString(first).replace("\\", "\\\\").toStdString() + '\n';
+                if (*text != '\0') kept += key.toStdString() + '=' + text + '\n';
+                return kept;
+            }());
+            const std::string before = folder.get("settings/Brindlex.ini");
+            state = {};
+            open();
+            EXPECT_EQ(fieldsOf(state), kFirstFields) << key.toStdString() << " = " << text;
+            EXPECT_EQ(folder.get("settings/Brindlex.ini"), before);
+        }
+    }
+}
+
+TEST_F(FrmOptionsTest, KeepsAnEmptyFolderThatTheUserSaved) {
+    const auto form = open();
+    control<QLineEdit>(*form, "Text1").clear();
+    form->SaveChanges();
+    state = {};
+    open();
+    EXPECT_TRUE(state.WolfDir.isEmpty());
+}
+
+struct Reading {
+    const char* key;
+    const char* text;
+    std::function<int(const AppState&)> field;
+    int expected;
+};
+
+TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
+    const Reading readings[] = {
+        {"AutoBackupMins", "12x", [](const AppState& s) { return s.AutoBackupMins; }, 12},
+        {"AutoBackupMins", " 2.9", [](const AppState& s) { return s.AutoBackupMins; }, 2},
+        {"AutoBackupMins", "-1.5", [](const AppState& s) { return s.AutoBackupMins; }, -2},
+        {"AutoBackupMins", "x", [](const AppState& s) { return s.AutoBackupMins; }, 0},
+        {"AutoBackupMins", ".", [](const AppState& s) { return s.AutoBackupMins; }, 0},
+        {"AutoBackupMins", "999999", [](const AppState& s) { return s.AutoBackupMins; }, 32767},
+        {"FontSize", "9.75", [](const AppState& s) { return s.FontSize; }, 10},
+        {"ShowTreeView", "-1", [](const AppState& s) { return s.ShowTreeView; }, -1},
+        // Any number but 0 and 1 leaves a typing aid's flag as it was, and others off.
+        {"AutoIndent", "7", [](const AppState& s) { return int(s.AutoIndentEnabled); }, 1},
+        {"AutoBackup", "7", [](const AppState& s) { return int(s.AutoBackupEnabled); }, 0},
+        {"FontBold", "7", [](const AppState& s) { return int(s.FontBold); }, 1},
+        {"FontItalic", "7", [](const AppState& s) { return int(s.FontItalic); }, 0},
+    };
+    for (const Reading& reading : readings) {
+        putAllFirstValues();
+        put(reading.key, reading.text);
+        state = {};
+        state.AutoIndentEnabled = state.AutoBackupEnabled = state.FontBold = state.FontItalic =
+            true;
+        open();
+        EXPECT_EQ(reading.field(state), reading.expected) << reading.key << ' ' << reading.text;
+    }
+}
+
+TEST_F(FrmOptionsTest, ShowsThePanelOfTheSettings) {
+    const std::pair<const char*, const char*> rows[] = {{"1", "hide commands resize "},
+                                                        {"0", "hide entities resize "},
+                                                        {"-1", "hide resize "},
+                                                        {"5", "hide resize "}};
+    putAllFirstValues();
+    for (const auto& [text, expected] : rows) {
+        put("ShowTreeView", text);
+        calls.clear();
+        open();
+        EXPECT_EQ(calls, expected) << text;
+    }
+}
+
+TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
+    const auto form = open();
+    calls.clear();
+    control<QCheckBox>(*form, "Check1").setChecked(false);
+    control<QCheckBox>(*form, "Check5").setChecked(false);
+    control<QRadioButton>(*form, "Option3").setChecked(true);
+    control<QLineEdit>(*form, "Text1").setText("/maps; \\of = m\xC3\xADne ");
+    control<QLineEdit>(*form, "txtAutoBackupMins").setText("7.");
+    state.ColorValues[4] = "255";
+    state.FontSize = 14;
+    state.FontUnderline = true;
+    form->SaveChanges();
+    EXPECT_EQ(calls, "");
+    EXPECT_FALSE(state.GetPresetEnabled);
+    EXPECT_FALSE(state.TypeOtherEnabled);
+    EXPECT_EQ(state.ShowTreeView, -1);
+    const std::string saved = fieldsOf(state);
+    state = {};
+    open();
+    EXPECT_EQ(fieldsOf(state), saved);
+    EXPECT_EQ(state.AutoBackupMins, 7);
+}
+
+TEST_F(FrmOptionsTest, ForgetsWhatWasNotSaved) {
+    const auto form = open();
+    state.ColorValues[1] = "255";
+    state.FontName = "Other";
+    form->LoadOptions();
+    EXPECT_EQ(fieldsOf(state), kFirstFields);
+    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").text(), "Courier New");
+}
+
+}  // namespace
+}  // namespace brindlex

@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <stdexcept>
+
+#include "editor/NaiveColouring.h"
+#include "editor/ScriptSyntax.h"
+#include "text/Random.h"
+
+namespace brindlex::test {
+namespace {
+
+using Log = std::vector<std::string>;
+
+constexpr int kCtrlKey = 17;
+
+/// A shown editor with the script language's syntax, whose events are written down.
+class EditorEvents : public testing::Test {
+  protected:
+    EditorEvents() {
+        applyScriptSyntax(editor, {"5", "1", "2", "3", "4"});
+        editor.resize(600, 400);
+        editor.show();
+        editor.SetFocus();
+        editor.setCommands(
+            {[this] { log.emplace_back("undo"); }, [this] { log.emplace_back("copy"); },
+             [this] { log.emplace_back("paste"); }, [this] { log.emplace_back("cut"); }});
+    }
+
+    void writeDown() {
+        editor.onChange = [this] { log.emplace_back(editor.Colorizing() ? "Change!" : "Change"); };
+        editor.onSelChange = [this] { log.emplace_back("SelChange"); };
+    }
+
+    void writeDownKeys() {
+        editor.onKeyDown = [this](int& KeyCode, int Shift) {
+            if (KeyCode == kCtrlKey) return;
+            log.push_back("KeyDown " + std::to_string(KeyCode) + ' ' + std::to_string(Shift));
+            if (KeyCode == consumed) KeyCode = 0;
+        };
+        editor.onKeyPress = [this](int& KeyAscii) {
+            log.push_back("KeyPress " + std::to_string(KeyAscii));
+            if (KeyAscii == '[') KeyAscii = '{';
+        };
+    }
+
+    ColorRef colorAt(std::size_t offset) const {
+        return editor.rtb().box().formatAt(Offset(offset)).color;
+    }
+
+    void expectColoured() const {
+        std::vector<ColorRef> expected = colorsOf(editor);
+        NaiveColouring(editor).paint(editor.Text(), 0, editor.Text().size(), expected);
+        EXPECT_EQ(colorsOf(editor), expected) << literal(editor.Text());
+        EXPECT_FALSE(editor.Colorizing());
+        EXPECT_TRUE(editor.rtb().redraw());
+    }
+
+    KELP_RTBSyntax editor;
+    Log log;
+    int consumed = -1;
+};
+
+TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
+    editor.SetText("wai");
+    editor.SetSelStart(3);
+    writeDown();
+    ColorRef seen = 0;
+    const auto recordChange = editor.onChange;
+    editor.onChange = [&] {
+        recordChange();
+        seen = colorAt(0);
+    };
+    QTest::keyClick(&editor.rtb(), 't');
+    EXPECT_EQ(log, (Log{"SelChange", "Change"}));
+    EXPECT_EQ(seen, 5U);
+    EXPECT_EQ(colorAt(0), 3U);
+    EXPECT_EQ(editor.PrevSelStart(), 4);
+    EXPECT_EQ(editor.CurSelStart(), 4);
+}
+
+TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
+    editor.SetText("one two");
+    editor.SetSelStart(3);
+    writeDown();
+    editor.SetText("wait");
+    EXPECT_EQ(log, (Log{"SelChange", "Change!", "Change"}));
+    log.clear();
+    EXPECT_TRUE(editor.SetTextRTF("{\\rtf1 set\\par wait}"));
+    EXPECT_EQ(log, (Log{"Change!", "Change"}));
+    EXPECT_EQ(colorAt(0), 4U);
+    expectColoured();
+}
+
+TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
+    editor.SetText("wait set\r\nwait\r\n// set");
+    editor.rtb().box().select(Offset(14), Offset(3));
+    writeDown();
+    editor.ReColorize();
+    EXPECT_EQ(log, Log{"Change"});
+    EXPECT_EQ(editor.rtb().box().anchor(), Offset(14));
+    EXPECT_EQ(editor.rtb().box().caret(), Offset(3));
+}
+
+TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
+    const struct {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        int consumed;
+        Log log;
+        std::string text;
+    } rows[] = {
+        {Qt::Key_Z, Qt::ControlModifier, -1, {"undo"}, "abcd"},
+        {Qt::Key_C, Qt::ControlModifier, -1, {"copy"}, "abcd"},
+        {Qt::Key_V, Qt::ControlModifier, -1, {"paste"}, "abcd"},
+        {Qt::Key_X, Qt::ControlModifier, -1, {"cut"}, "abcd"},
+        {Qt::Key_F5, Qt::ControlModifier, -1, {"KeyDown 116 2"}, "abcd"},
+        {Qt::Key_Tab, Qt::NoModifier, -1, {"KeyDown 9 0"}, "a\td"},
+        {Qt::Key_Tab, Qt::NoModifier, 9, {"KeyDown 9 0"}, "abcd"},
+        {Qt::Key_X, Qt::NoModifier, -1, {"KeyDown 88 0", "KeyPress 120"}, "axd"},
+        {Qt::Key_X, Qt::NoModifier, 88, {"KeyDown 88 0"}, "abcd"},
+        {Qt::Key_BracketLeft, Qt::NoModifier, -1, {"KeyDown 219 0", "KeyPress 91"}, "a{d"},
+        {Qt::Key_Delete, Qt::NoModifier, -1, {"KeyDown 46 0"}, "ad"},
+    };
+    writeDownKeys();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.key);
+        editor.SetText("abcd");
+        editor.rtb().box().select(Offset(1), Offset(3));
+        consumed = row.consumed;
+        log.clear();
+        QTest::keyClick(&editor.rtb(), static_cast<Qt::Key>(row.key), row.modifiers);
+        EXPECT_EQ(log, row.log);
+        EXPECT_EQ(editor.Text(), row.text);
+    }
+}
+
+/// A control character may come without the key that made it.
+TEST_F(EditorEvents, ControlCharactersRunTheCommands) {
+    writeDownKeys();
+    for (int character : {26, 3, 24, 22, 10}) editor.rtb().onKeyPress(character);
+    EXPECT_EQ(log, (Log{"undo", "copy", "cut", "paste", "KeyPress 10"}));
+    int character = 26;
+    editor.setCommands({});
+    editor.rtb().onKeyPress(character);
+    EXPECT_EQ(character, 0);
+    int key = 'Z';
+    editor.rtb().onKeyDown(key, 3);
+    EXPECT_EQ(log.back(), "KeyDown 90 3");
+}
+
+TEST_F(EditorEvents, AHostMayEditWithinChange) {
+    const struct {
+        const char* what;
+        std::function<void(KELP_RTBSyntax&)> edit;
+        std::string text;
+        Range selection;
+    } rows[] = {
+        {"insert the rest of a word and select it",
+         [](KELP_RTBSyntax& e) {
+             e.SetSelText("gger");
+             e.SetSelStart(13);
+             e.SetSelLength(4);
+         },
+         "set\r\ntrigger trigger\r\nwait", Range(Offset(13), Offset(17))},
+        {"insert lines", [](KELP_RTBSyntax& e) { e.SetSelText(" \"a\r\nwait //b\r\nset"); },
+         "set\r\ntrigger tri \"a\r\nwait //b\r\nset\r\nwait", Range(Offset(34), Offset(34))},
+        {"assign a shorter text", [](KELP_RTBSyntax& e) { e.SetText("//"); }, "//", Range()},
+        {"empty the text", [](KELP_RTBSyntax& e) { e.SetText(""); }, "", Range()},
+        {"colour it all", [](KELP_RTBSyntax& e) { e.ReColorize(); }, "set\r\ntrigger tri\r\nwait",
+         Range(Offset(16), Offset(16))},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        editor.onChange = nullptr;
+        editor.SetText("set\r\ntrigger tr\r\nwait");
+        editor.SetSelStart(15);
+        int depth = 0;
+        editor.onChange = [&] {
+            if (depth++ == 0) row.edit(editor);
+        };
+        QTest::keyClick(&editor.rtb(), 'i');
+        EXPECT_EQ(editor.Text(), row.text);
+        EXPECT_EQ(editor.rtb().box().selection(), row.selection);
+        expectColoured();
+    }
+}
+
+TEST_F(EditorEvents, AHostMayThrow) {
+    editor.onChange = [] { throw std::runtime_error("host"); };
+    EXPECT_THROW(editor.SetText("wait"), std::runtime_error);
+    EXPECT_FALSE(editor.Colorizing());
+    EXPECT_THROW(editor.ReColorize(), std::runtime_error);
+    EXPECT_TRUE(editor.rtb().redraw());
+    editor.onChange = nullptr;
+    editor.SetSelText("set ");
+    expectColoured();
+}
+
+TEST_F(EditorEvents, TheViewCoversTheControl) {
+    editor.resize(321, 123);
+    QTest::qWait(1);
+    EXPECT_EQ(editor.rtb().geometry(), QRect(0, 0, 321, 123));
+    EXPECT_EQ(editor.focusProxy(), &editor.rtb());
+}
+
+}  // namespace
+}  // namespace brindlex::test

@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include "editor/KELP_RTBSyntax.h"
+
+namespace brindlex::test {
+namespace {
+
+TEST(LineHelpers, TheCaretsLine) {
+    const struct {
+        std::string text;
+        Long caret, lines, line, column;
+        std::string lineText;
+    } rows[] = {
+        {"", 0, 1, 1, 0, ""},
+        {"abc", 2, 1, 1, 2, "abc"},
+        {"abc\r\n", 3, 2, 1, 3, "abc"},
+        {"abc\r\n", 4, 2, 1, 4, "abc"},  // between CR and LF
+        {"abc\r\n", 5, 2, 2, 0, ""},
+        {"abc\r\ndef\r\n\r\ngh", 7, 4, 2, 2, "def"},
+        {"abc\r\ndef\r\n\r\ngh", 10, 4, 3, 0, ""},
+        {"abc\r\ndef\r\n\r\ngh", 14, 4, 4, 2, "gh"},
+        {std::string(70000, 'x'), 70000, 1, 1, 70000, std::string(70000, 'x')},
+    };
+    KELP_RTBSyntax editor;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text.substr(0, 20) + " at " + std::to_string(row.caret));
+        editor.SetText(row.text);
+        editor.SetSelStart(row.caret);
+        EXPECT_EQ(editor.GetLineCount(), row.lines);
+        EXPECT_EQ(editor.GetCurrentLine(), row.line);
+        EXPECT_EQ(editor.GetColumn(), row.column);
+        EXPECT_EQ(editor.GetLineText(), row.lineText);
+    }
+}
+
+TEST(LineHelpers, CharacterNumbersOfLines) {
+    KELP_RTBSyntax editor;
+    editor.SetText("abc\r\n\r\nx");
+    const Long numbers[] = {-1, 4, 6, -2, -2};
+    for (Long line = 0; line < 5; ++line) EXPECT_EQ(editor.GetCharNr(line), numbers[line]);
+}
+
+TEST(LineHelpers, HalvesOfANumber) {
+    const struct {
+        Long number;
+        int low, high;
+    } rows[] = {
+        {0x00020001, 1, 2}, {0x7FFF8000, -32768, 32767}, {0xFFFF0000, 0, -1},
+        {-1, -1, -1},       {-32768, -32768, -1},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(KELP_RTBSyntax::LoWord(row.number), row.low) << row.number;
+        EXPECT_EQ(KELP_RTBSyntax::HiWord(row.number), row.high) << row.number;
+    }
+}
+
+TEST(LineHelpers, PositionsOfCharacters) {
+    KELP_RTBSyntax editor;
+    editor.resize(400, 300);
+    editor.SetRightMargin(1e7);
+    editor.SetText("ab\r\ncd\r\n" + std::string(9000, 'x'));
+    for (const Long offset : {0, 1, 5, 10}) {
+        const Long place = editor.GetPosFromChar(offset);
+        const QPoint expected = editor.rtb().posFromChar(offset);
+        EXPECT_EQ(KELP_RTBSyntax::LoWord(place), expected.x());
+        EXPECT_EQ(KELP_RTBSyntax::HiWord(place), expected.y());
+    }
+    ASSERT_GT(editor.rtb().posFromChar(9000).x(), 32767);
+    EXPECT_EQ(KELP_RTBSyntax::LoWord(editor.GetPosFromChar(9000)), 32767);
+}
+
+}  // namespace
+}  // namespace brindlex::test

@@ -1,0 +1,133 @@
+#include "editor/NaiveColouring.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace brindlex::test {
+namespace {
+
+/// `length` bytes from the 1-based place `at`, fewer at the end.
+std::string middle(const std::string& text, std::size_t at, std::size_t length) {
+    return text.substr(at - 1, length);
+}
+
+}  // namespace
+
+WordClass NaiveColouring::classOf(const std::string& word) const {
+    const CharacterTable& characters = editor_.rtb().codePage().characters();
+    const std::string delimiter = editor_.Syntax_Delimiter();
+    const std::string needle = characters.toLower(delimiter + word + delimiter);
+    const std::array<std::pair<std::string, WordClass>, 7> lists = {{
+        {editor_.Syntax_CommentChar(), ClassComment},
+        {editor_.Syntax_ReservedWords(), ClassReserved},
+        {editor_.Syntax_ProceduresORFunctions(), ClassProcedure},
+        {editor_.Syntax_LogicalOperators(), ClassLogical},
+        {editor_.Syntax_Operators(), ClassOperator},
+        {editor_.Syntax_Objects(), ClassObject},
+        {editor_.Syntax_Constants(), ClassConstant},
+    }};
+    for (const auto& [list, wordClass] : lists) {
+        if (characters.toLower(list).find(needle) != std::string::npos) return wordClass;
+    }
+    return ClassNormal;
+}
+
+void NaiveColouring::paint(const std::string& text, std::size_t start, std::size_t end,
+                           std::vector<ColorRef>& colors) const {
+    const std::string block = text.substr(start, end - start) + "\r\n";
+    std::size_t at = 0;
+    for (std::size_t next = block.find("\r\n"); next != std::string::npos;
+         next = block.find("\r\n", at)) {
+        paintLine(block.substr(at, next - at), start + at, colors);
+        at = next + 2;
+    }
+}
+
+void NaiveColouring::paintChange(const std::string& text, std::size_t before, std::size_t caret,
+                                 std::vector<ColorRef>& colors) const {
+    const std::string whole = text + "\r\n";
+    std::size_t start = std::min(before, caret);
+    std::size_t end = std::max(before, caret);
+    const std::size_t above =
+        start < 2 ? std::string::npos : whole.substr(0, start - 1).rfind("\r\n");
+    start = above == std::string::npos ? 0 : above + 2;
+    const bool endsInText = end < whole.size() && whole.find("\r\n", end) != std::string::npos;
+    end = endsInText ? whole.find("\r\n", caret) : text.size();
+    if (start != end) paint(text, start, end, colors);
+}
+
+void NaiveColouring::paintLine(const std::string& line, std::size_t offset,
+                               std::vector<ColorRef>& colors) const {
+    const std::string commentChar = editor_.Syntax_CommentChar();
+    const std::string stringChar = editor_.Syntax_StringChar();
+    bool inWord = false;
+    bool inString = false;
+    std::size_t tokenStart = 0;
+    std::string token;
+    const auto apply = [&](WordClass wordClass, std::size_t at, std::size_t length) {
+        for (std::size_t k = 0; k < length; ++k) colors[offset + at - 1 + k] = colorOf(wordClass);
+    };
+    std::size_t i = 1;
+    const auto closeWord = [&] {
+        if (inWord) apply(classOf(token), tokenStart, i - tokenStart);
+        inWord = false;
+    };
+    for (; i <= line.size(); ++i) {
+        const std::string taken = middle(line, i, stringChar.size());
+        if (!inString && middle(line, i, commentChar.size()) == commentChar) {
+            closeWord();
+            apply(ClassComment, i, line.size() - i + 1);
+            return;
+        }
+        if (taken == stringChar) {
+            if (inString) {
+                apply(ClassString, tokenStart, i - tokenStart + stringChar.size());
+                inString = false;
+            } else {
+                closeWord();
+                inString = true;
+                tokenStart = i;
+            }
+        } else if (taken == " " || taken == "\t") {
+            closeWord();
+            apply(ClassNormal, i, 1);
+        } else if (inWord || inString) {
+            token += line[i - 1];
+        } else {
+            inWord = true;
+            tokenStart = i;
+            token = line.substr(i - 1, 1);
+        }
+    }
+    if (inString) apply(ClassString, tokenStart, i - tokenStart);
+    closeWord();
+}
+
+ColorRef NaiveColouring::colorOf(WordClass wordClass) const {
+    const std::array<Long, kWordClassCount> colors = {
+        editor_.ColorOf_Comments(),         editor_.ColorOf_Strings(),
+        editor_.ColorOf_ReservedWords(),    editor_.ColorOf_ProceduresORFunctions(),
+        editor_.ColorOf_Normal(),           editor_.ColorOf_Operators(),
+        editor_.ColorOf_LogicalOperators(), editor_.ColorOf_Constants(),
+        editor_.ColorOf_Objects()};
+    return static_cast<ColorRef>(colors[wordClass]);
+}
+
+std::vector<ColorRef> colorsOf(const KELP_RTBSyntax& editor) {
+    const RichTextBox& box = editor.rtb().box();
+    std::vector<ColorRef> colors;
+    box.visitFormats(Range(Offset(), Offset(box.length())),
+                     [&colors](Range range, const CharFormat& format) {
+                         colors.insert(colors.end(), range.length(), format.color);
+                     });
+    return colors;
+}
+
+void paintAll(KELP_RTBSyntax& editor, ColorRef color) {
+    RichTextBox& box = editor.rtb().box();
+    const ColorRun run{static_cast<std::uint32_t>(box.length()), color};
+    if (box.length() != 0) box.colorRuns(Offset(), {&run, 1});
+}
+
+}  // namespace brindlex::test

@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+
+#include "editor/KELP_RTBSyntax.h"
+#include "editor/MainWindowSettings.h"
+
+namespace brindlex::test {
+namespace {
+
+/// A store that says no of everything else, so that each key is written.
+TEST(SyntaxProperties, RoundTripInTheirOrder) {
+    const std::vector<std::pair<QString, QVariant>> properties = {
+        {"AutoVerbMenu", true},
+        {"BackColor", qlonglong{0xABCDEF}},
+        {"BorderStyle", qlonglong{0}},
+        {"BulletIndent", 120.0},
+        {"Enabled", false},
+        {"HideSelection", false},
+        {"Locked", true},
+        {"MaxLength", qlonglong{500}},
+        {"MousePointer", qlonglong{2}},
+        {"RightMargin", 100000.0},
+        {"Text", QString("wait \"x\"\r\n' comment")},
+        {"Font", QVariant::fromValue(QFont("Courier New", 13))},
+        {"hWnd", qlonglong{7}},
+        {"ForeColor", qlonglong{255}},
+        {"Syntax_ReservedWords", QString(" one ")},
+        {"Syntax_ProceduresORFunctions", QString(" two ")},
+        {"Syntax_Delimiter", QString(" ")},
+        {"Syntax_LogicalOperators", QString(" three ")},
+        {"Syntax_Operators", QString(" four ")},
+        {"Syntax_Objects", QString(" five ")},
+        {"Syntax_Constants", QString(QChar(0xE4))},
+        {"ColorOf_Comments", qlonglong{1}},
+        {"ColorOf_ReservedWords", qlonglong{2}},
+        {"ColorOf_ProceduresORFunctions", qlonglong{3}},
+        {"ColorOf_LogicalOperators", qlonglong{4}},
+        {"ColorOf_Operators", qlonglong{5}},
+        {"ColorOf_Objects", qlonglong{6}},
+        {"ColorOf_Constants", qlonglong{7}},
+        {"ColorOf_Strings", qlonglong{8}},
+        {"ColorOf_Normal", qlonglong{9}},
+        {"Syntax_StringChar", QString("''")},
+        {"Syntax_CommentChar", QString("//")},
+    };
+    PropertyBag stored;
+    for (const auto& [key, value] : properties) stored.writeProperty(key, value, QVariant());
+    KELP_RTBSyntax editor;
+    editor.ReadProperties(stored);
+    EXPECT_EQ(editor.ColorOf_Objects(), 6);
+    EXPECT_EQ(editor.Syntax_Operators(), " four ");
+    EXPECT_EQ(editor.Syntax_Constants(), "\xE4");
+    EXPECT_TRUE(editor.Locked());
+
+    PropertyBag written;
+    editor.WriteProperties(written);
+    const std::vector<QString> keys = written.keys();
+    ASSERT_EQ(keys.size(), properties.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        EXPECT_EQ(keys[i], properties[i].first);
+        EXPECT_EQ(written.readProperty(keys[i], QVariant()), properties[i].second)
+            << keys[i].toStdString();
+    }
+}
+
+TEST(SyntaxProperties, AnEmptyStoreGivesTheDefaults) {
+    KELP_RTBSyntax editor;
+    applyMainWindowSettings(editor);
+    editor.SetSyntax_Delimiter(" ");
+    editor.SetText("' a");
+    editor.ReadProperties(PropertyBag());
+    KELP_RTBSyntax fresh;
+    PropertyBag written;
+    editor.SetFont(fresh.Font());
+    editor.WriteProperties(written);
+    for (const QString& key : written.keys()) EXPECT_EQ(key, "Font");
+    EXPECT_EQ(editor.ColorOf_Comments(), 49152);
+    EXPECT_EQ(editor.Syntax_Delimiter(), "\r\n");
+    EXPECT_EQ(editor.Syntax_CommentChar(), "'");
+}
+
+/// The colouring of the stored text comes before the syntax is read.
+TEST(SyntaxProperties, TheTextIsColouredWithTheSyntaxFromBefore) {
+    KELP_RTBSyntax editor;
+    editor.SetColorOf_Comments(11);
+    PropertyBag stored;
+    stored.writeProperty("Text", QString("'a"), QString());
+    stored.writeProperty("ColorOf_Comments", 22, 0);
+    int changes = 0;
+    editor.onChange = [&changes] { ++changes; };
+    editor.ReadProperties(stored);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(editor.rtb().box().formatAt(Offset(0)).color, 11U);
+    EXPECT_EQ(editor.ColorOf_Comments(), 22);
+}
+
+}  // namespace
+}  // namespace brindlex::test

@@ -1,0 +1,271 @@
+#include "shell/Document.h"
+
+#include <sys/stat.h>
+
+#include <QListWidget>
+#include <QThread>
+#include <QTimer>
+
+#include "ShellTest.h"
+
+namespace brindlex {
+namespace {
+
+using DocumentTest = ShellTest;
+
+const QString kUnreadable =
+    QStringLiteral("(12:00:00) - Error: Unknown error involving the script or map file.");
+
+QStringList linesOf(const QListWidget& list) {
+    QStringList lines;
+    for (int i = 0; i < list.count(); ++i) lines += list.item(i)->text();
+    return lines;
+}
+
+TEST_F(DocumentTest, NewDocumentStartsFromThePresetCleanAndUntitled) {
+    start();
+    EXPECT_EQ(editor().Text(), "preset\r\n");
+    EXPECT_EQ(title(), "Untitled - Brindlex");
+    EXPECT_EQ(window().windowTitle(), "Untitled - Brindlex");
+    EXPECT_FALSE(document().Dirty());
+    EXPECT_FALSE(document().HasFileName());
+    EXPECT_TRUE(document().EditorReady());
+    type("x");
+    type("y");
+    EXPECT_EQ(title(), "Untitled - Brindlex*");
+    EXPECT_TRUE(document().Dirty());
+}
+
+TEST_F(DocumentTest, WithoutAPresetTheEditorIsNotReadyUntilAFirstLoad) {
+    put("GetPreset", "0");
+    start();
+    EXPECT_EQ(editor().Text(), "");
+    EXPECT_EQ(title(), "Untitled - Brindlex");
+    EXPECT_FALSE(document().EditorReady());
+    desktop.expectFile(openDialog(), folder.path("scripts/battery.script"));
+    trigger("funOpen");
+    EXPECT_TRUE(document().EditorReady());
+    trigger("funNew");
+    EXPECT_TRUE(document().EditorReady());
+    EXPECT_EQ(editor().Text(), "");
+}
+
+TEST_F(DocumentTest, AMissingPresetStartsEmptyAndMakesNewDoNothing) {
+    std::filesystem::remove(folder.at("program/preset.txt"));
+    start();
+    EXPECT_EQ(editor().Text(), "");
+    EXPECT_EQ(title(), "Untitled - Brindlex");
+    EXPECT_TRUE(document().EditorReady());
+    type("kept");
+    desktop.expectBox(saveQuestion("Do you want to save?"), BoxAnswer::No);
+    trigger("funNew");
+    EXPECT_EQ(editor().Text(), "kept");
+    EXPECT_EQ(title(), "Untitled - Brindlex*");
+    EXPECT_EQ(control<QListWidget>("txtError").count(), 0);
+}
+
+TEST_F(DocumentTest, SavesAreTheBytesOfTheTextAndOneLineEnd) {
+    const std::string text("a\xE4\0\x80\tb\r\nc", 9);
+    folder.put("scripts/bytes.script", text);
+    start(folder.path("scripts/bytes.script"));
+    type("x");
+    trigger("funSave");
+    EXPECT_EQ(folder.get("scripts/bytes.script"), "x" + text + "\r\n");
+    EXPECT_EQ(title(), "bytes.script - Brindlex");
+    EXPECT_FALSE(document().Dirty());
+}
+
+TEST_F(DocumentTest, SaveAsTakesTheNewNameAndKeepsTheMap) {
+    startNamed();
+    desktop.expectFile(saveDialog(), folder.path("scripts/other"));
+    trigger("funSaveAs");
+    EXPECT_EQ(folder.get("scripts/other"), "spawn\r\n\r\n");
+    EXPECT_EQ(folder.get("scripts/battery.script"), "spawn\r\n");
+    EXPECT_EQ(title(), "other - Brindlex");
+    EXPECT_EQ(document().MapName(), "battery.map");
+    type("x");
+    trigger("funSave");
+    EXPECT_EQ(folder.get("scripts/other"), "xspawn\r\n\r\n");
+}
+
+TEST_F(DocumentTest, SavePresetLeavesTheDocumentAsItIs) {
+    start();
+    type("x");
+    const MessageBox question{
+        "Are you sure you want to change the preset?\r\nWhile it is not extremely important, there "
+        "is no option to reset it!",
+        "Confirm", BoxIcon::Warning, BoxButtons::YesNo};
+    desktop.expectBox(question, BoxAnswer::No);
+    trigger("funSavePreset");
+    EXPECT_EQ(folder.get("program/preset.txt"), "preset\r\n");
+    desktop.expectBox(question, BoxAnswer::Yes);
+    trigger("funSavePreset");
+    EXPECT_EQ(folder.get("program/preset.txt"), "xpreset\r\n\r\n");
+    EXPECT_EQ(title(), "Untitled - Brindlex*");
+}
+
+TEST_F(DocumentTest, TheBackupTimerFollowsTheDocumentAndIsNotPutOffByTyping) {
+    startNamed();
+    auto& timer = control<QTimer>("timerAutoSave");
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer.interval(), 60000);
+    trigger("funNew");
+    EXPECT_FALSE(timer.isActive());
+    type("x");
+    EXPECT_TRUE(timer.isActive());
+    timer.stop();
+    timer.start(50);
+    for (int i = 0; i < 6; ++i) {
+        QThread::msleep(15);
+        type("x");
+    }
+    EXPECT_LE(timer.remainingTime(), 0);
+}
+
+TEST_F(DocumentTest, WritesThatFailCountAsSavedAndKeepTheText) {
+    startNamed();
+    type("x");
+    std::filesystem::remove_all(folder.at("scripts"));
+    trigger("funSave");
+    EXPECT_EQ(title(), "battery.script - Brindlex");
+    EXPECT_EQ(editor().Text(), "xspawn\r\n");
+    folder.put("wall/file", "");
+    desktop.expectFile(saveDialog(), folder.path("wall"));
+    trigger("funSaveAs");
+    EXPECT_EQ(title(), "wall - Brindlex");
+    EXPECT_EQ(folder.get("wall/file"), "");
+}
+
+TEST_F(DocumentTest, DialogsThatFailSaySo) {
+    start();
+    desktop.expectFile(openDialog(), DialogFailure{7, "No disk."});
+    desktop.expectBox({"Error 7 selecting file.\r\nNo disk.", "Brindlex"});
+    trigger("funOpen");
+    desktop.expectFile(saveDialog(), DialogFailure{8, ""});
+    desktop.expectBox({"Error 8 selecting file.\r\n", "Brindlex"});
+    trigger("funSave");
+    EXPECT_EQ(title(), "Untitled - Brindlex");
+}
+
+// --- What cannot be read -------------------------------------------------------------------------
+
+class UnreadableTest : public ShellTest, public testing::WithParamInterface<const char*> {
+  protected:
+    UnreadableTest() {
+        folder.put("scripts/folder/file", "");
+        mkfifo(folder.at("scripts/fifo").c_str(), 0600);
+        std::filesystem::create_symlink("nowhere", folder.at("scripts/dangling"));
+        path = folder.path(std::string("scripts/") + GetParam());
+    }
+    QString path;
+};
+
+TEST_P(UnreadableTest, OpenReportsItAndChangesNothing) {
+    startNamed();
+    type("x");
+    desktop.expectBox(saveQuestion("Do you want to save battery.script"), BoxAnswer::No);
+    desktop.expectFile(openDialog(), path);
+    trigger("funOpen");
+    EXPECT_EQ(linesOf(control<QListWidget>("txtError")), QStringList(kUnreadable));
+    EXPECT_EQ(editor().Text(), "xspawn\r\n");
+    EXPECT_EQ(title(), "battery.script - Brindlex*");
+    EXPECT_EQ(document().MapName(), "battery.map");
+    trigger("funSave");
+    EXPECT_EQ(folder.get("scripts/battery.script"), "xspawn\r\n\r\n");
+}
+
+TEST_P(UnreadableTest, OnTheCommandLineItIsAnEmptyTextOfThatName) {
+    start(path);
+    EXPECT_EQ(editor().Text(), "");
+    EXPECT_EQ(title(), std::string(GetParam()) + " - Brindlex");
+    EXPECT_TRUE(document().HasFileName());
+    EXPECT_TRUE(document().EditorReady());
+    EXPECT_FALSE(document().Dirty());
+    EXPECT_EQ(control<QListWidget>("txtError").count(), 0);
+}
+
+TEST_P(UnreadableTest, AsAPresetItIsReportedAndNothingIsLost) {
+    std::filesystem::remove(folder.at("program/preset.txt"));
+    const auto hidden = folder.at("scripts") / GetParam();
+    std::error_code ignored;
+    std::filesystem::rename(hidden, folder.at("program/preset.txt"), ignored);
+    start();
+    EXPECT_EQ(title(), "Untitled - Brindlex");
+    EXPECT_TRUE(document().EditorReady());
+    type("x");
+    desktop.expectBox(saveQuestion("Do you want to save?"), BoxAnswer::No);
+    trigger("funNew");
+    EXPECT_EQ(editor().Text(), "x");
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, UnreadableTest,
+                         testing::Values("missing", "folder", "fifo", "dangling"));
+
+// --- Names ---------------------------------------------------------------------------------------
+
+struct Name {
+    const char* fileName;
+    const char* mapName;
+    const char* baseName;
+};
+
+class NameTest : public ShellTest, public testing::WithParamInterface<Name> {};
+
+TEST_P(NameTest, GivesTitleMapAndBaseName) {
+    folder.put(std::string("scripts/") + GetParam().fileName, "text");
+    const QString path = folder.path(std::string("scripts/") + GetParam().fileName);
+    start(path);
+    EXPECT_EQ(title(), std::string(GetParam().fileName) + " - Brindlex");
+    EXPECT_EQ(document().MapName(), GetParam().mapName);
+    trigger("funInsMap");
+    EXPECT_EQ(editor().SelText(), GetParam().baseName);
+    EXPECT_EQ(editor().Text(), GetParam().baseName + std::string("text"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, NameTest,
+    testing::Values(Name{"battery.script", "battery.map", "battery"},
+                    Name{"battery_fort.txt", "battery_f.map", "battery_f"},
+                    Name{".script", ".map", ""}, Name{"a.txt", "a.map", "a"},
+                    Name{"a.b.c", "a.b.map", "a.b"}, Name{"abc", "abc.map", "abc"},
+                    Name{"R&D [*] 50%1.script", "R&D [*] 50%1.map", "R&D [*] 50%1"}));
+
+TEST_F(DocumentTest, PlaceHoldersOfTheToolkitInANameAreShown) {
+    folder.put("scripts/a[*]b.script", "");
+    start(folder.path("scripts/a[*]b.script"));
+    // Twice means once, to the letter.
+    EXPECT_EQ(window().windowTitle(), "a[*][*]b.script - Brindlex");
+    EXPECT_EQ(document().displayName(), "a[*]b.script");
+}
+
+TEST_F(DocumentTest, CommandLinesAreOnePathLessItsQuotes) {
+    folder.put("scripts/two words.script", "found");
+    const QString path = folder.path("scripts/two words.script");
+    const QString half = path.left(path.size() / 2);
+    const QString rows[] = {path, '"' + path + '"', half + '"' + path.mid(half.size())};
+    for (const QString& row : rows) {
+        start(row);
+        EXPECT_EQ(editor().Text(), "found") << row.toStdString();
+        EXPECT_EQ(document().FilePath(), path);
+        EXPECT_EQ(document().FileTitle(), "two words.script");
+    }
+    start(path + ' ' + path);
+    EXPECT_EQ(editor().Text(), "");
+    EXPECT_EQ(title(), "two words.script - Brindlex");
+}
+
+TEST_F(DocumentTest, InsertsNeedAName) {
+    start();
+    desktop.expectBox({"Load or save your script first.", "Load", BoxIcon::Information});
+    trigger("funInsMap");
+    EXPECT_EQ(editor().Text(), "preset\r\n");
+    editor().SetSelStart(2);
+    editor().SetSelLength(2);
+    trigger("funInsTD");
+    EXPECT_NE(editor().SelText().find("03"), std::string::npos);  // 2003-05-29 in some short form
+    EXPECT_EQ(editor().SelStart(), 2);
+    EXPECT_EQ(editor().Text(), "pr" + editor().SelText() + "et\r\n");
+}
+
+}  // namespace
+}  // namespace brindlex

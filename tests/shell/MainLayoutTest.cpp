@@ -1,0 +1,126 @@
+#include "shell/MainLayout.h"
+
+#include "ShellTest.h"
+#include "platform/Twips.h"
+
+namespace brindlex {
+namespace {
+
+/// Left, Top, Width, Height in twips, as pixels.
+QRect at(double left, double top, double width, double height) {
+    const QPoint start(Twips::toPixels(left), Twips::toPixels(top));
+    const QPoint end(Twips::toPixels(left + width), Twips::toPixels(top + height));
+    return {start, QSize(std::max(0, end.x() - start.x()), std::max(0, end.y() - start.y()))};
+}
+
+std::string shown(const QRect& r) {
+    return QStringLiteral("%1,%2 %3x%4")
+        .arg(r.x())
+        .arg(r.y())
+        .arg(r.width())
+        .arg(r.height())
+        .toStdString();
+}
+
+class MainLayoutTest : public ShellTest {
+  protected:
+    void startWith(int showTreeView) {
+        put("ShowTreeView", QString::number(showTreeView));
+        start();
+        QCoreApplication::processEvents();
+    }
+    QRect place(const char* name) { return control(name).geometry(); }
+    void expectPlace(const char* name, const QRect& expected) {
+        EXPECT_EQ(shown(place(name)), shown(expected)) << name;
+    }
+    double innerWidth() { return Twips::fromPixels(control("SB1").parentWidget()->width()); }
+    double innerHeight() { return Twips::fromPixels(control("SB1").parentWidget()->height()); }
+};
+
+const QSize kSizes[] = {{600, 500}, {799, 641}, {1200, 900}, {340, 340}};
+
+TEST_F(MainLayoutTest, BesideTheCommandReference) {
+    startWith(1);
+    for (const QSize& size : kSizes) {
+        window().resize(size);
+        const double w = innerWidth();
+        const double h = innerHeight();
+        expectPlace("Picture1", at(w - 3255, h - 2295 - 270 - 615, 3255, 2295));
+        expectPlace("TreeView1", at(w - 3255, 340, 3255, h - 2295 - 270 - 615 - 330));
+        expectPlace("SB2", at(0, h - 615 - 270, w, 615));
+        expectPlace("txtError", at(75, 75, w - 150, 450));
+        expectPlace("KELP_RTBSyntax1", at(0, 360, w - 3255, h - 270 - 615 - 330));
+        expectPlace("SB1", at(0, h - 270, w, 270));
+        expectPlace("picToolBar", at(0, 0, 33000, 330));
+    }
+}
+
+TEST_F(MainLayoutTest, BesideTheEntities) {
+    startWith(0);
+    for (const QSize& size : kSizes) {
+        window().resize(size);
+        const double w = innerWidth();
+        const double h = innerHeight();
+        expectPlace("TreeView2", at(w - 3255, 340, 3255, h - 270 - 615 - 100));
+        expectPlace("KELP_RTBSyntax1", at(0, 360, w - 3255, h - 270 - 615 - 330));
+        expectPlace("SB2", at(0, h - 615 - 270, w, 615));
+        expectPlace("txtError", at(75, 75, w - 150, 450));
+    }
+}
+
+TEST_F(MainLayoutTest, AloneOnlyTheEditorMoves) {
+    startWith(-1);
+    for (const QSize& size : kSizes) {
+        window().resize(size);
+        expectPlace("KELP_RTBSyntax1", at(0, 360, innerWidth(), innerHeight()));
+        expectPlace("SB2", at(0, 10260, 13815, 615));
+        expectPlace("txtError", at(75, 75, 13575, 450));
+        expectPlace("SB1", at(0, innerHeight() - 270, innerWidth(), 270));
+    }
+    window().resize(20, 60);
+    EXPECT_EQ(window().size(), QSize(20, 60));
+}
+
+TEST_F(MainLayoutTest, WhatTheStripsCoverStaysOutOfTheView) {
+    for (const int panel : {1, 0, -1}) {
+        startWith(panel);
+        for (const QSize& size : kSizes) {
+            window().resize(size);
+            QCoreApplication::processEvents();
+            const int clear = std::min(place("SB1").top(), place("SB2").top());
+            const QRect view = editor().rtb().geometry().translated(editor().pos());
+            EXPECT_LE(view.y() + view.height(), clear) << panel << ' ' << size.height();
+            EXPECT_GT(view.y() + view.height(), clear - 4) << panel << ' ' << size.height();
+        }
+    }
+}
+
+TEST_F(MainLayoutTest, ThePanelsHaveLeastSizesOfTheWindowWithItsFrame) {
+    startWith(1);
+    window().resize(10, 10);
+    EXPECT_EQ(window().frameGeometry().size(), QSize(Twips::toPixels(5000), Twips::toPixels(5000)));
+    trigger("funScriptTar");
+    window().resize(10, 10);
+    EXPECT_EQ(window().frameGeometry().size(), QSize(Twips::toPixels(5000), Twips::toPixels(4000)));
+    trigger("funScriptTar");
+    window().resize(100, 100);
+    EXPECT_EQ(window().size(), QSize(100, 100));
+    trigger("funShowCmd");
+    EXPECT_EQ(window().frameGeometry().size(), QSize(Twips::toPixels(5000), Twips::toPixels(5000)));
+}
+
+TEST_F(MainLayoutTest, StripsGrowWithTheFont) {
+    startWith(1);
+    QFont font = window().font();
+    font.setPointSize(40);
+    window().setFont(font);
+    const int line = QFontMetrics(font).height();
+    EXPECT_GE(place("SB1").height(), line);
+    EXPECT_GE(place("txtError").height(), line);
+    EXPECT_GE(place("picToolBar").height(), line);
+    EXPECT_GE(place("KELP_RTBSyntax1").top(), place("picToolBar").bottom());
+    EXPECT_LE(place("SB2").bottom(), place("SB1").top());
+}
+
+}  // namespace
+}  // namespace brindlex

@@ -1,0 +1,157 @@
+#include <QAbstractScrollArea>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+#include <QTest>
+
+#include "ShellTest.h"
+#include "shell/CaptionLabel.h"
+
+namespace brindlex {
+namespace {
+
+using MainWindowTest = ShellTest;
+
+/// What shows and which marks are set.
+std::string panels(frmMain& window) {
+    std::string shown;
+    for (const char* name : {"TreeView1", "Picture1", "TreeView2"})
+        if (window.findChild<QWidget*>(name)->isVisible()) shown += name + std::string(" ");
+    for (const char* name : {"funShowCmd", "funScriptTar"})
+        if (window.findChild<QAction*>(name)->isChecked()) shown += name + std::string(" ");
+    return shown;
+}
+
+const std::string kCommands = "TreeView1 Picture1 funShowCmd ";
+const std::string kEntities = "TreeView2 funScriptTar ";
+
+TEST_F(MainWindowTest, AtMostOneSidePanelShows) {
+    const std::pair<const char*, std::string> starts[] = {
+        {"1", kCommands}, {"0", kEntities}, {"-1", ""}, {"4", ""}};
+    for (const auto& [setting, shown] : starts) {
+        put("ShowTreeView", setting);
+        start();
+        EXPECT_EQ(panels(window()), shown) << setting;
+    }
+    const std::pair<const char*, std::string> steps[] = {
+        {"funShowCmd", kCommands}, {"funScriptTar", kEntities}, {"funShowCmd", kCommands},
+        {"funShowCmd", ""},        {"funScriptTar", kEntities}, {"funScriptTar", ""}};
+    for (const auto& [entry, shown] : steps) {
+        trigger(entry);
+        EXPECT_EQ(panels(window()), shown) << entry;
+    }
+    EXPECT_EQ(stored("ShowTreeView"), "4");
+}
+
+TEST_F(MainWindowTest, APanelThatGoesLeavesTheFocusToTheEditor) {
+    start();
+    control("TreeView1").setFocus();
+    trigger("funScriptTar");
+    EXPECT_EQ(window().focusWidget(), &editor().rtb());
+}
+
+TEST_F(MainWindowTest, TheLineFollowsTheCaret) {
+    start();
+    type("a\r\nb\r\nc");
+    EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 3");
+    EXPECT_EQ(window().CaretPosition(), 7);
+    editor().SetSelStart(0);
+    EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 1");
+    EXPECT_EQ(window().CaretPosition(), 0);
+}
+
+TEST_F(MainWindowTest, TheClipboardTakesAndGivesPlainText) {
+    start();
+    type("a\r\nb\xA4");
+    editor().SetSelStart(1);
+    editor().SetSelLength(3);
+    window().funCopy_Click();
+    EXPECT_EQ(desktop.clipboardText(), "\nb");
+    window().funCut_Click();
+    EXPECT_EQ(editor().Text(), "a\xA4preset\r\n");
+    desktop.setClipboardText("x\ny");
+    window().funPaste_Click();
+    EXPECT_EQ(editor().Text(), "ax\r\ny\xA4preset\r\n");
+    window().funCut_Click();
+    EXPECT_EQ(desktop.clipboardText(), "");
+    editor().SetSelLength(1);
+    window().funPaste_Click();
+    EXPECT_EQ(editor().Text(), "ax\r\nypreset\r\n");
+}
+
+TEST_F(MainWindowTest, EveryControlHasAName) {
+    start();
+    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+        const bool reachable = widget->focusPolicy() != Qt::NoFocus;
+        if (!reachable || widget->inherits("QMenu")) continue;
+        EXPECT_FALSE(widget->accessibleName().isEmpty() && widget->focusProxy() == nullptr)
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+    }
+}
+
+TEST_F(MainWindowTest, MenusAreOrderlyAndReachableByKeyboard) {
+    start();
+    QList<QList<QAction*>> menus{control<QMenuBar>("").actions()};
+    for (const QMenu* menu : window().findChildren<QMenu*>())
+        if (!menu->actions().isEmpty()) menus += menu->actions();
+    QSet<QString> shortcuts;
+    for (const QList<QAction*>& entries : menus) {
+        QSet<QChar> mnemonics;
+        bool separatorMayFollow = false;
+        for (const QAction* entry : entries) {
+            if (entry->isSeparator()) {
+                EXPECT_TRUE(separatorMayFollow);
+            } else {
+                const qsizetype mark = entry->text().indexOf('&');
+                ASSERT_GE(mark, 0) << entry->text().toStdString();
+                const QChar key = entry->text()[mark + 1].toLower();
+                EXPECT_FALSE(mnemonics.contains(key)) << entry->text().toStdString();
+                mnemonics += key;
+            }
+            separatorMayFollow = !entry->isSeparator();
+            const QString shortcut = entry->shortcut().toString();
+            EXPECT_FALSE(!shortcut.isEmpty() && shortcuts.contains(shortcut))
+                << shortcut.toStdString();
+            shortcuts += shortcut;
+        }
+        EXPECT_TRUE(separatorMayFollow);
+    }
+}
+
+TEST_F(MainWindowTest, ShortcutsReachTheirEntriesFromTheEditor) {
+    startNamed();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window()));
+    window().activateWindow();
+    QTest::keyClick(&editor().rtb(), Qt::Key_F5);
+    EXPECT_EQ(editor().SelText(), "battery");
+    QTest::keyClick(&editor().rtb(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(folder.get("scripts/battery.script"), "batteryspawn\r\n\r\n");
+    QTest::keyClick(&editor().rtb(), Qt::Key_F6, Qt::ControlModifier);
+    EXPECT_EQ(window().focusWidget(), &control("TreeView1"));
+    QTest::keyClick(&editor().rtb(), Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(panels(window()), "");
+}
+
+TEST_F(MainWindowTest, CaptionsShowToTheLetterAlsoInTheirTips) {
+    CaptionLabel label;
+    label.SetCaption("wait <time>");
+    EXPECT_EQ(label.text(), "wait <time>");
+    EXPECT_EQ(label.toolTip(), "wait <time>");
+    label.SetCaption("wait <b>time</b>");
+    EXPECT_EQ(label.toolTip(), "<qt>wait &lt;b&gt;time&lt;/b&gt;</qt>");
+}
+
+TEST_F(MainWindowTest, TheTipIsAwayWhileTheButtonIsDown) {
+    start();
+    QWidget& tip = control("Picture2");
+    EXPECT_FALSE(tip.isVisible());
+    tip.show();
+    QTest::mousePress(&tip, Qt::LeftButton);
+    EXPECT_FALSE(tip.isVisible());
+    QTest::mouseRelease(&window(), Qt::LeftButton);
+    EXPECT_TRUE(tip.isVisible());
+}
+
+}  // namespace
+}  // namespace brindlex

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <optional>
+
+#include "platform/SettingsStore.h"
+#include "shell/Module1.h"
+#include "shell/frmMain.h"
+#include "support/FakeDesktop.h"
+#include "support/TempFolder.h"
+
+namespace brindlex {
+
+inline const QStringList kScriptFilters{"Script files (*.script)", "*.script", "All files (*.*)",
+                                        "*.*"};
+
+/// A run of the program with folders of its own: "program", "settings" and "scripts".
+class ShellTest : public testing::Test {
+  protected:
+    ShellTest() {
+        folder.put("program/preset.txt", "preset\r\n");
+        folder.put("scripts/battery.script", "spawn\r\n");
+        put("GetPreset", "1");
+        put("WolfDir", folder.path("maps"));
+    }
+
+    void put(const QString& key, const QString& value) {
+        settings.write("Brindlex", "Options", key, value);
+    }
+    std::string stored(const QString& key) const {
+        return settings.read("Brindlex", "Options", key).toStdString();
+    }
+    void start(const QString& commandLine = {}) { start(desktop, commandLine); }
+    void start(Desktop& withDesktop, const QString& commandLine) {
+        program.emplace(Surroundings{withDesktop, settings, folder.path("program"), commandLine,
+                                     [this] { ++ends; }});
+        Main(*program);
+    }
+    void startNamed() { start(folder.path("scripts/battery.script")); }
+
+    frmMain& window() { return program->mainWindow(); }
+    Document& document() { return window().document(); }
+    KELP_RTBSyntax& editor() { return window().KELP_RTBSyntax1(); }
+    void type(std::string_view text) { editor().SetSelText(text); }
+    std::string title() { return document().title().toStdString(); }
+    template <typename Control = QWidget>
+    Control& control(const char* name) {
+        return *window().findChild<Control*>(name);
+    }
+    void trigger(const char* entry) { control<QAction>(entry).trigger(); }
+
+    FileQuestion openDialog() {
+        return {"Open script file", folder.path("maps"), kScriptFilters, false};
+    }
+    FileQuestion saveDialog() {
+        return {"Save script file", folder.path("maps"), kScriptFilters, true};
+    }
+    static MessageBox saveQuestion(const QString& text, const QString& title = "Save?") {
+        return {text, title, BoxIcon::Question, BoxButtons::YesNoCancel};
+    }
+
+    TempFolder folder;
+    SettingsStore settings{folder.path("settings")};
+    FakeDesktop desktop;
+    std::optional<Program> program;
+    int ends = 0;
+};
+
+}  // namespace brindlex

@@ -1,0 +1,84 @@
+#include "shell/WindowPosition.h"
+
+#include <QScreen>
+
+#include "ShellTest.h"
+#include "platform/Twips.h"
+
+namespace brindlex {
+namespace {
+
+class WindowPositionTest : public ShellTest {
+  protected:
+    void startShown() {
+        start();
+        // The frame comes with the first painting.
+        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    }
+    QRect frame() { return window().frameGeometry(); }
+};
+
+TEST_F(WindowPositionTest, TheFirstWindowFitsOnTheScreenAndSavesNothing) {
+    startShown();
+    EXPECT_TRUE(window().screen()->availableSize().width() >= frame().width());
+    EXPECT_TRUE(window().screen()->availableSize().height() >= frame().height());
+    EXPECT_EQ(stored("FormPos_Top"), "");
+    EXPECT_EQ(stored("FormPos_State"), "");
+}
+
+TEST_F(WindowPositionTest, ASavedPlaceComesBackWithItsFrame) {
+    startShown();
+    window().move(51, 42);
+    window().resize(555, 444);
+    const QRect saved = frame();
+    trigger("funSavePos");
+    EXPECT_EQ(stored("FormPos_Left"),
+              QString::number(Twips::fromPixels(saved.left())).toStdString());
+    EXPECT_EQ(stored("FormPos_Width"),
+              QString::number(Twips::fromPixels(saved.width())).toStdString());
+    EXPECT_EQ(stored("FormPos_State"), "0");
+    for (int again = 0; again < 2; ++again) {
+        startShown();
+        EXPECT_EQ(frame(), saved);
+        trigger("funSavePos");
+    }
+}
+
+TEST_F(WindowPositionTest, AMaximisedWindowComesBackMaximised) {
+    startShown();
+    trigger("funFull");
+    trigger("funSavePos");
+    EXPECT_EQ(stored("FormPos_State"), "2");
+    startShown();
+    EXPECT_TRUE(window().isMaximized());
+    trigger("funDefault");
+    EXPECT_FALSE(window().isMaximized());
+    EXPECT_EQ(frame().size(), QSize(Twips::toPixels(13470), Twips::toPixels(11970)));
+    const QSize screen = window().screen()->size();
+    EXPECT_EQ(frame().left(), (screen.width() - frame().width()) / 2);
+    EXPECT_EQ(frame().top(), (screen.height() - frame().height()) / 2);
+}
+
+TEST_F(WindowPositionTest, KeysThatMakeNoSenseAreLeftOut) {
+    put("FormPos_Top", "600");
+    put("FormPos_Left", "nonsense");
+    put("FormPos_Width", "9000.5");
+    put("FormPos_Height", "1e999");
+    startShown();
+    EXPECT_EQ(frame().top(), Twips::toPixels(600));
+    EXPECT_EQ(frame().width(), Twips::toPixels(9000.5));
+    EXPECT_GT(frame().height(), 100);
+    EXPECT_EQ(stored("FormPos_State"), "0");
+}
+
+TEST_F(WindowPositionTest, AScreenThatIsGoneDoesNotTakeTheWindowWithIt) {
+    put("FormPos_Top", "-90000");
+    put("FormPos_Left", "900000");
+    put("FormPos_Width", "9000");
+    put("FormPos_Height", "9000");
+    startShown();
+    EXPECT_TRUE(window().screen()->geometry().intersects(frame()));
+}
+
+}  // namespace
+}  // namespace brindlex
