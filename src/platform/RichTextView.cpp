@@ -220,6 +220,7 @@ QString RichTextView::preedit() const { return layouts_->preedit().text; }
 
 void RichTextView::setDropCaret(std::optional<Offset> offset) {
     dropCaret_ = offset;
+    if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));
     changed();
 }
 

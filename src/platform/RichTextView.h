@@ -195,6 +195,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     bool highlights() const;
     QPalette::ColorGroup highlightGroup() const;
     bool caretShows() const;
+    bool hasBlockCaret() const;
     QRectF placeRect(Offset offset) const;
     QRect caretRectAt(Offset offset) const;
     int caretWidth() const;

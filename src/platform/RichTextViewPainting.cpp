@@ -48,7 +48,7 @@ void RichTextView::paintCarets(QPainter& painter) const {
     if (!caretShows()) return;
     QColor ink = color;
     constexpr int kBlockAlpha = 110;  // the character stays readable
-    if (overwrite_) ink.setAlpha(kBlockAlpha);
+    if (hasBlockCaret()) ink.setAlpha(kBlockAlpha);
     painter.fillRect(caretRectAt(box_.caret()), ink);
 }
 

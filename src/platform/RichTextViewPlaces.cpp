@@ -69,9 +69,11 @@ QRect RichTextView::characterRect(Offset offset) const {
 
 QRect RichTextView::caretRectAt(Offset offset) const {
     QRect rect = pixels(placeRect(offset));
-    if (!overwrite_ || !preedit().isEmpty()) rect.setWidth(caretWidth());
+    if (!hasBlockCaret()) rect.setWidth(caretWidth());
     return rect;
 }
+
+bool RichTextView::hasBlockCaret() const { return overwrite_ && preedit().isEmpty(); }
 
 QRect RichTextView::caretRect() const {
     settle();
