@@ -75,7 +75,9 @@ RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
     box_.setObserver(this);
 }
 
-RichTextView::~RichTextView() { box_.setObserver(nullptr); }
+RichTextView::~RichTextView() {
+    box_.setObserver(nullptr);
+}
 
 // --- Notices of the box --------------------------------------------------------------------------
 
@@ -174,9 +176,13 @@ void RichTextView::setRedraw(bool on) {
     if (on && (pending_ || !held_.isEmpty())) changed();
 }
 
-bool RichTextView::redraw() const { return redraw_; }
+bool RichTextView::redraw() const {
+    return redraw_;
+}
 
-void RichTextView::Refresh() { sync(); }
+void RichTextView::Refresh() {
+    sync();
+}
 
 void RichTextView::appearanceChanged() {
     style_->setFont(Font());
@@ -216,7 +222,9 @@ void RichTextView::setPreedit(const QString& text,
     changed();
 }
 
-QString RichTextView::preedit() const { return layouts_->preedit().text; }
+QString RichTextView::preedit() const {
+    return layouts_->preedit().text;
+}
 
 void RichTextView::setDropCaret(std::optional<Offset> offset) {
     dropCaret_ = offset;
@@ -229,9 +237,13 @@ void RichTextView::setOverwriteMode(bool on) {
     changed();
 }
 
-bool RichTextView::overwriteMode() const { return overwrite_; }
+bool RichTextView::overwriteMode() const {
+    return overwrite_;
+}
 
-std::size_t RichTextView::layoutsMade() const { return layouts_->made(); }
+std::size_t RichTextView::layoutsMade() const {
+    return layouts_->made();
+}
 
 // --- Blinking ------------------------------------------------------------------------------------
 
@@ -288,10 +300,14 @@ void RichTextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {
         case QEvent::StyleChange:
-        case QEvent::FontChange: contentWidth_ = 0; [[fallthrough]];
+        case QEvent::FontChange:
+            contentWidth_ = 0;
+            [[fallthrough]];
         case QEvent::PaletteChange:
-        case QEvent::EnabledChange: return appearanceChanged();
-        default: return;
+        case QEvent::EnabledChange:
+            return appearanceChanged();
+        default:
+            return;
     }
 }
 
@@ -311,19 +327,43 @@ void RichTextView::focusOutEvent(QFocusEvent* event) {
     changed();
 }
 
-bool RichTextView::focusNextPrevChild(bool) { return false; }  // Tab belongs to the text
+bool RichTextView::focusNextPrevChild(bool) {
+    return false;
+}  // Tab belongs to the text
 
-void RichTextView::keyPressEvent(QKeyEvent* event) { input_->keyPress(*event); }
-void RichTextView::keyReleaseEvent(QKeyEvent* event) { input_->keyRelease(*event); }
-void RichTextView::inputMethodEvent(QInputMethodEvent* event) { input_->inputMethod(*event); }
-void RichTextView::mousePressEvent(QMouseEvent* event) { input_->mousePress(*event); }
-void RichTextView::mouseMoveEvent(QMouseEvent* event) { input_->mouseMove(*event); }
-void RichTextView::mouseReleaseEvent(QMouseEvent* event) { input_->mouseRelease(*event); }
-void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) { input_->mouseDoubleClick(*event); }
-void RichTextView::dragEnterEvent(QDragEnterEvent* event) { input_->dragEnter(*event); }
-void RichTextView::dragMoveEvent(QDragMoveEvent* event) { input_->dragMove(*event); }
-void RichTextView::dragLeaveEvent(QDragLeaveEvent* event) { input_->dragLeave(*event); }
-void RichTextView::dropEvent(QDropEvent* event) { input_->drop(*event); }
+void RichTextView::keyPressEvent(QKeyEvent* event) {
+    input_->keyPress(*event);
+}
+void RichTextView::keyReleaseEvent(QKeyEvent* event) {
+    input_->keyRelease(*event);
+}
+void RichTextView::inputMethodEvent(QInputMethodEvent* event) {
+    input_->inputMethod(*event);
+}
+void RichTextView::mousePressEvent(QMouseEvent* event) {
+    input_->mousePress(*event);
+}
+void RichTextView::mouseMoveEvent(QMouseEvent* event) {
+    input_->mouseMove(*event);
+}
+void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
+    input_->mouseRelease(*event);
+}
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
+    input_->mouseDoubleClick(*event);
+}
+void RichTextView::dragEnterEvent(QDragEnterEvent* event) {
+    input_->dragEnter(*event);
+}
+void RichTextView::dragMoveEvent(QDragMoveEvent* event) {
+    input_->dragMove(*event);
+}
+void RichTextView::dragLeaveEvent(QDragLeaveEvent* event) {
+    input_->dragLeave(*event);
+}
+void RichTextView::dropEvent(QDropEvent* event) {
+    input_->drop(*event);
+}
 
 QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
     return input_->inputMethodQuery(query);

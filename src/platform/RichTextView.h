@@ -37,8 +37,7 @@ struct LineSelection;
 /// the view from acting on the key; another KeyAscii is inserted in its place.
 class RichTextView : public QAbstractScrollArea, private RichTextObserver {
   public:
-    explicit RichTextView(QWidget* parent = nullptr,
-                          const CodePage& codePage = CodePage::system());
+    explicit RichTextView(QWidget* parent = nullptr, const CodePage& codePage = CodePage::system());
     ~RichTextView() override;
 
     RichTextBox& box() { return box_; }
@@ -173,7 +172,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void formatChanged(Range range) override;
     void selectionChanged() override;
 
-    // --- Keeping the screen in step: changes are collected and shown once, from the event loop ----
+    // --- Keeping the screen in step: changes are collected and shown once, from the event loop
+    // ----
     void changed();
     void sync();
     void fitStyle();
@@ -188,7 +188,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     ShownLines linesToShow() const;
     void updateCarets(const ShownLines& lines);
 
-    // --- Painting and places -----------------------------------------------------------------------
+    // --- Painting and places
+    // -----------------------------------------------------------------------
     void paintLines(QPainter& painter, const QRegion& region) const;
     void paintCarets(QPainter& painter) const;
     LineSelection selectionIn(LineIndex line, Range content) const;

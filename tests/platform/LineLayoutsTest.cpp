@@ -139,7 +139,8 @@ TEST(LineLayouts, ALineOfMegabytesIsMeasuredWhereItIsAskedFor) {
     EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(4'000'001),
                 3'999'995 * advance + laidOut.style.tabDistance(), 1);
     laidOut.box.userReplace({Offset(10), Offset(3'900'000)}, "");
-    EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(100'011), 100'005 * advance + laidOut.style.tabDistance(), 1);
+    EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(100'011),
+                100'005 * advance + laidOut.style.tabDistance(), 1);
     EXPECT_EQ(laidOut.layouts.made(), 1U) << "the layout follows edits";
 }
 
@@ -156,18 +157,24 @@ TEST(LineLayouts, AChangeLaysOutItsLineAlone) {
         {"a character", replace(12, 12, "x"), 1},
         {"a line break", replace(12, 12, "\r\n"), 2},
         {"two lines become one", replace(4, 8, ""), 1},
-        {"a colour", [](RichTextBox& box) {
+        {"a colour",
+         [](RichTextBox& box) {
              const ColorRun run{3, 0xFF};
              box.colorRuns(Offset(9), std::span(&run, 1));
-         }, 1},
-        {"a colour that is there already", [](RichTextBox& box) {
+         },
+         1},
+        {"a colour that is there already",
+         [](RichTextBox& box) {
              const ColorRun run{3, 0};
              box.colorRuns(Offset(9), std::span(&run, 1));
-         }, 0},
-        {"a format of a paragraph", [](RichTextBox& box) {
+         },
+         0},
+        {"a format of a paragraph",
+         [](RichTextBox& box) {
              box.SetSelStart(14);
              box.SetSelBullet(true);
-         }, 1},
+         },
+         1},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -247,8 +254,8 @@ TEST(ReadableColor, OnADarkPageEveryColourCanBeReadInItsHue) {
 
 TEST(ReadableColor, OnALightPageColoursAreAsChosenUnlessTheyVanish) {
     const ReadableColor colors(Qt::white);
-    for (const QRgb chosen : {qRgb(0, 0, 0), qRgb(0, 128, 0), qRgb(255, 0, 255), qRgb(128, 128, 255),
-                              qRgb(0, 192, 0), qRgb(192, 0, 0)})
+    for (const QRgb chosen : {qRgb(0, 0, 0), qRgb(0, 128, 0), qRgb(255, 0, 255),
+                              qRgb(128, 128, 255), qRgb(0, 192, 0), qRgb(192, 0, 0)})
         EXPECT_EQ(colors.shown(chosen).rgb(), qRgb(qRed(chosen), qGreen(chosen), qBlue(chosen)));
     for (const QRgb pale : {qRgb(255, 255, 255), qRgb(255, 255, 0), qRgb(250, 250, 255)})
         EXPECT_GE(ReadableColor::contrast(colors.shown(pale), Qt::white), 4.4);

@@ -84,27 +84,43 @@ class RichTextViewTest : public testing::Test {
 
 void changeFormat(RichTextBox& box, Random& random) {
     switch (random.below(9)) {
-        case 0: return box.SetSelBold(random.oneIn(2));
-        case 1: return box.SetSelUnderline(random.oneIn(2));
-        case 2: return box.SetSelCharOffset(static_cast<Long>(random.below(3)) * 80);
-        case 3: return box.SetSelBullet(random.oneIn(2));
-        case 4: return box.SetSelIndent(static_cast<Long>(random.below(3)) * 300);
-        case 5: return box.SetSelAlignment(static_cast<Alignment>(random.below(3)));
-        case 6: return box.SetSelTabCount(static_cast<Long>(random.below(4)));
-        default: return box.SetSelColor(static_cast<ColorRef>(random.below(0x1000000)));
+        case 0:
+            return box.SetSelBold(random.oneIn(2));
+        case 1:
+            return box.SetSelUnderline(random.oneIn(2));
+        case 2:
+            return box.SetSelCharOffset(static_cast<Long>(random.below(3)) * 80);
+        case 3:
+            return box.SetSelBullet(random.oneIn(2));
+        case 4:
+            return box.SetSelIndent(static_cast<Long>(random.below(3)) * 300);
+        case 5:
+            return box.SetSelAlignment(static_cast<Alignment>(random.below(3)));
+        case 6:
+            return box.SetSelTabCount(static_cast<Long>(random.below(4)));
+        default:
+            return box.SetSelColor(static_cast<ColorRef>(random.below(0x1000000)));
     }
 }
 
 void changeView(RichTextView& view, Random& random) {
     switch (random.below(8)) {
-        case 0: return view.SetRightMargin(random.oneIn(2) ? 0 : RichTextView::kNoWrap);
-        case 1: return view.setOverwriteMode(random.oneIn(2));
-        case 2: return view.setDropCaret(Offset(random.below(view.box().length() + 1)));
-        case 3: return view.setDropCaret(std::nullopt);
-        case 4: return view.setPreedit(random.oneIn(2) ? "preedit" : "", {});
-        case 5: return view.resize(view.width() + (random.oneIn(2) ? 40 : -40), view.height());
-        case 6: return view.horizontalScrollBar()->setValue(static_cast<int>(random.below(300)));
-        default: return view.SetHideSelection(random.oneIn(2));
+        case 0:
+            return view.SetRightMargin(random.oneIn(2) ? 0 : RichTextView::kNoWrap);
+        case 1:
+            return view.setOverwriteMode(random.oneIn(2));
+        case 2:
+            return view.setDropCaret(Offset(random.below(view.box().length() + 1)));
+        case 3:
+            return view.setDropCaret(std::nullopt);
+        case 4:
+            return view.setPreedit(random.oneIn(2) ? "preedit" : "", {});
+        case 5:
+            return view.resize(view.width() + (random.oneIn(2) ? 40 : -40), view.height());
+        case 6:
+            return view.horizontalScrollBar()->setValue(static_cast<int>(random.below(300)));
+        default:
+            return view.SetHideSelection(random.oneIn(2));
     }
 }
 
@@ -118,15 +134,21 @@ void changeSomething(RichTextView& view, Random& random) {
         case 2:
             box.userReplace({begin, end}, random.text(random.below(50), "ab cd\te\n"));
             return;
-        case 3: return box.select(begin, end);
-        case 4: return box.select(end, begin);
+        case 3:
+            return box.select(begin, end);
+        case 4:
+            return box.select(end, begin);
         case 5:
             box.select(begin, end);
             return changeFormat(box, random);
-        case 6: return view.lineScroll(static_cast<Long>(random.below(9)) - 4);
-        case 7: return view.ensureCaretVisible();
-        case 8: return view.setRedraw(random.oneIn(3));
-        default: return changeView(view, random);
+        case 6:
+            return view.lineScroll(static_cast<Long>(random.below(9)) - 4);
+        case 7:
+            return view.ensureCaretVisible();
+        case 8:
+            return view.setRedraw(random.oneIn(3));
+        default:
+            return changeView(view, random);
     }
 }
 
@@ -223,7 +245,8 @@ TEST_F(RichTextViewTest, PlacesAndPositionsAreEachOthersReverse) {
                 return (view.posFromChar(position) - place).manhattanLength() <= 1;
             };
             ASSERT_TRUE(isThere(view.positionAt(caret.center()))) << "offset " << offset;
-            ASSERT_TRUE(isThere(view.positionRowsAway(offset, 0, place.x()))) << "offset " << offset;
+            ASSERT_TRUE(isThere(view.positionRowsAway(offset, 0, place.x())))
+                << "offset " << offset;
         }
     }
 }

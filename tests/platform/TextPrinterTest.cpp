@@ -10,7 +10,9 @@
 namespace brindlex {
 namespace {
 
-qsizetype pagesOf(const QByteArray& pdf) { return pdf.count("/Type /Page\n"); }
+qsizetype pagesOf(const QByteArray& pdf) {
+    return pdf.count("/Type /Page\n");
+}
 
 QByteArray printed(const RichTextView& view) {
     QByteArray pdf;
@@ -24,7 +26,8 @@ QByteArray printed(const RichTextView& view) {
 
 std::string numbered(int count) {
     std::string text;
-    for (int line = 0; line < count; ++line) text += (line > 0 ? "\r\n" : "") + std::to_string(line);
+    for (int line = 0; line < count; ++line)
+        text += (line > 0 ? "\r\n" : "") + std::to_string(line);
     return text;
 }
 
@@ -54,9 +57,18 @@ TEST(TextPrinter, PutsPageAfterPageWithinMarginsOfAnInch) {
         {"two full pages", numbered(2 * perPage), {0, 0}, 2},
         {"a line more", numbered(2 * perPage + 1), {0, 0}, 3},
         {"only what is selected", numbered(500), {0, 40}, 1},
-        {"a line wraps on paper", std::string(static_cast<std::size_t>(24 * perPage), 'x'), {0, 0}, 1},
-        {"and goes on overleaf", std::string(static_cast<std::size_t>(24 * perPage + 1), 'x'), {0, 0}, 2},
-        {"a very long line", std::string(static_cast<std::size_t>(24 * perPage * 60), 'x'), {0, 0}, 60},
+        {"a line wraps on paper",
+         std::string(static_cast<std::size_t>(24 * perPage), 'x'),
+         {0, 0},
+         1},
+        {"and goes on overleaf",
+         std::string(static_cast<std::size_t>(24 * perPage + 1), 'x'),
+         {0, 0},
+         2},
+        {"a very long line",
+         std::string(static_cast<std::size_t>(24 * perPage * 60), 'x'),
+         {0, 0},
+         60},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
