@@ -172,12 +172,17 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void formatChanged(Range range) override;
     void selectionChanged() override;
 
-    // --- Keeping the screen in step: changes are collected and shown once, from the event loop
-    // ----
+    // --- Keeping the screen in step -------------------------------------------------------------
+    static QEvent::Type syncEvent();
+    /// Something that shows changed: a sync becomes due.
     void changed();
+    /// Brings scroll bars and screen in step with the box; repaints what differs.
     void sync();
+    /// Takes over widths and resolution from the widget.
     void fitStyle();
     void appearanceChanged();
+    /// Scrolls to a caret that moved. Put off until somebody asks what shows, since a caret may
+    /// move many times before that; hence it is no change of state in the eyes of who asks.
     void settle() const;
     void scrollToCaret() const;
     void scrollToColumn(qreal x, qreal width) const;
@@ -188,8 +193,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     ShownLines linesToShow() const;
     void updateCarets(const ShownLines& lines);
 
-    // --- Painting and places
-    // -----------------------------------------------------------------------
+    // --- Painting and places --------------------------------------------------------------------
     void paintLines(QPainter& painter, const QRegion& region) const;
     void paintCarets(QPainter& painter) const;
     LineSelection selectionIn(LineIndex line, Range content) const;
