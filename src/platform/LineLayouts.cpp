@@ -27,8 +27,7 @@ std::unique_ptr<LineLayout> LineLayouts::make(LineIndex line) const {
     LineText text{box_, box_.lineContent(line), box_.paragraphAt(line), nullptr, 0};
     if (holdsPreedit(line)) {
         text.preedit = &preedit_;
-        text.preeditColumn =
-            std::min(preeditOffset_ - text.content.begin(), text.content.length());
+        text.preeditColumn = std::min(preeditOffset_ - text.content.begin(), text.content.length());
     }
     if (text.content.length() > style_.longLine()) return std::make_unique<LongLine>(text, style_);
     return std::make_unique<ShortLine>(text, style_);
@@ -101,8 +100,9 @@ void LineLayouts::widthChanged() {
 }
 
 LineLayouts::Iterator LineLayouts::lowerBound(std::size_t line) {
-    return std::lower_bound(entries_.begin(), entries_.end(), line,
-                            [](const Entry& entry, std::size_t wanted) { return entry.line < wanted; });
+    return std::lower_bound(
+        entries_.begin(), entries_.end(), line,
+        [](const Entry& entry, std::size_t wanted) { return entry.line < wanted; });
 }
 
 void LineLayouts::drop(std::size_t firstLine, std::size_t lastLine) {

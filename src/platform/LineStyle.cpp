@@ -86,9 +86,16 @@ qreal LineStyle::wholePixels(qreal height) const {
     return std::ceil(height * pixelRatio_ - kRoundingError) / pixelRatio_;
 }
 
+qreal LineStyle::nearestPixel(qreal place) const {
+    return std::round(place * pixelRatio_) / pixelRatio_;
+}
+
+qreal LineStyle::baseRowHeight() const {
+    return wholePixels(wholePixels(base().ascent) + base().descent);
+}
+
 qreal LineStyle::bulletWidth() const {
-    const QFontMetricsF metrics =
-        device_ ? QFontMetricsF(font_, device_) : QFontMetricsF(font_);
+    const QFontMetricsF metrics = device_ ? QFontMetricsF(font_, device_) : QFontMetricsF(font_);
     return metrics.horizontalAdvance(kBullet) + fromTwips(bulletIndent_);
 }
 
@@ -100,7 +107,9 @@ void LineStyle::appendTo(QString& text, std::string_view bytes) const {
     });
 }
 
-QColor LineStyle::color(ColorRef color) const { return readable_.shown(rgbOf(color)); }
+QColor LineStyle::color(ColorRef color) const {
+    return readable_.shown(rgbOf(color));
+}
 
 QColor LineStyle::standInColor() const {
     const QColor text = color(0);
@@ -142,7 +151,9 @@ const QTextCharFormat& LineStyle::charFormat(const CharFormat& format) const {
     return charFormats_.back().second;
 }
 
-const LineStyle::Advances& LineStyle::base() const { return advances({}); }
+const LineStyle::Advances& LineStyle::base() const {
+    return advances({});
+}
 
 const LineStyle::Advances& LineStyle::advances(const CharFormat& format) const {
     const auto sameFont = [&](const CharFormat& other) {

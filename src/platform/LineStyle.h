@@ -55,6 +55,8 @@ class LineStyle {
     qreal fromTwips(double twips) const;
     /// The smallest height of whole device pixels that is not below `height`.
     qreal wholePixels(qreal height) const;
+    /// The edge of a device pixel that is nearest.
+    qreal nearestPixel(qreal place) const;
     /// The distance of the tab stops that a paragraph does not set: eight columns of a fixed-pitch
     /// font, as in any editor of plain text and in every size, and 720 twips else.
     qreal tabDistance() const { return tabDistance_; }
@@ -76,7 +78,8 @@ class LineStyle {
     const Advances& advances(const CharFormat& format) const;
     /// The width of a character of the control's own font; for estimates.
     qreal averageAdvance() const { return base().width['x']; }
-    qreal baseRowHeight() const { return wholePixels(base().ascent + base().descent); }
+    /// The height of a row without other fonts.
+    qreal baseRowHeight() const;
 
   private:
     const Advances& base() const;

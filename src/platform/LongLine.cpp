@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Recolored.h"
+
 namespace brindlex {
 namespace {
 
@@ -68,7 +70,8 @@ bool LongLine::edited(Range content, std::size_t column, std::size_t removed,
     if (preedit_ || content.length() <= style_.longLine()) return false;
     moved(content.begin());
     places_.edited(column, removed, inserted);
-    std::erase_if(cells_, [&](const Cell& cell) { return (cell.index + 1) * kCellColumns > column; });
+    std::erase_if(cells_,
+                  [&](const Cell& cell) { return (cell.index + 1) * kCellColumns > column; });
     renumber();
     return true;
 }
@@ -78,21 +81,26 @@ bool LongLine::formatChanged(std::size_t begin, std::size_t end, const Paragraph
     if (begin == end) return true;
     places_.formatChanged(begin, end);
     // the cells behind may have moved
-    std::erase_if(cells_, [&](const Cell& cell) { return (cell.index + 1) * kCellColumns > begin; });
+    std::erase_if(cells_,
+                  [&](const Cell& cell) { return (cell.index + 1) * kCellColumns > begin; });
     renumber();
     return true;
 }
 
 // --- Places --------------------------------------------------------------------------------------
 
-qreal LongLine::baseline() const { return style_.wholePixels(places_.ascent()); }
+qreal LongLine::baseline() const {
+    return style_.wholePixels(places_.ascent());
+}
 
 LineLayout::Row LongLine::row(std::size_t) const {
     const qreal height = style_.wholePixels(baseline() + places_.descent());
     return {0, places_.length(), 0, height, width()};
 }
 
-qreal LongLine::width() const { return textLeft_ + places_.width() + preeditWidth_; }
+qreal LongLine::width() const {
+    return textLeft_ + places_.width() + preeditWidth_;
+}
 
 qreal LongLine::inText(qreal x) const {
     x -= textLeft_;
@@ -105,7 +113,9 @@ qreal LongLine::inLine(std::size_t column, qreal x) const {
     return textLeft_ + x + (preedit_ && column > preeditColumn_ ? preeditWidth_ : 0);
 }
 
-qreal LongLine::xOf(std::size_t column) const { return inLine(column, places_.xOf(column)); }
+qreal LongLine::xOf(std::size_t column) const {
+    return inLine(column, places_.xOf(column));
+}
 
 qreal LongLine::preeditX(int cursor) const {
     const qreal start = textLeft_ + places_.xOf(preeditColumn_);
@@ -190,54 +200,55 @@ std::unique_ptr<QTextLayout> LongLine::layOut(std::size_t begin, std::size_t end
 
 void LongLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
                      const LineSelection& selection, const HighlightColors& colors) const {
-    // glyphs may reach a little out of their own place
-    const qreal slack = style_.averageAdvance();
-    const std::size_t begin = places_.columnCovering(inText(clip.left() - origin.x() - slack));
-    const std::size_t end = places_.columnCovering(inText(clip.right() - origin.x() + slack));
-    const auto fill = [&](qreal left, qreal right) {
-        const qreal from = std::max(left, clip.left());
-        const qreal to = std::min(right, clip.right());
-        if (from < to)
-            painter.fillRect(QRectF(from, origin.y(), to - from, height()), colors.background);
-    };
-    const std::size_t selectedBegin = std::max(selection.begin, begin);
-    const std::size_t selectedEnd = std::min(selection.end, end + 1);
-    if (selectedBegin < selectedEnd)
-        fill(origin.x() + xOf(selectedBegin), origin.x() + xOf(selectedEnd));
-    if (selection.lineBreak && end >= places_.length()) {
-        const qreal right = origin.x() + xOf(places_.length());
-        fill(right, right + style_.averageAdvance() / 2);
-    }
+    const QPointF start = origin + QPointF(textLeft_, baseline());
     if (bulletLeft_) {
         painter.setFont(style_.font());
         painter.setPen(style_.color(0));
         painter.drawText(origin + QPointF(*bulletLeft_, baseline()), kBullet);
     }
-    paintCells(painter, origin + QPointF(0, baseline()), begin, end, selection, colors);
-    if (preedit_)
-        preedit_->draw(&painter, origin + QPointF(textLeft_ + places_.xOf(preeditColumn_), baseline()));
+    paintPieces(clip.translated(-origin), [&](const Piece& piece, qreal left) {
+        piece.layout->draw(&painter, start + QPointF(left, 0));
+    });
+    if (preedit_) preedit_->draw(&painter, start + QPointF(places_.xOf(preeditColumn_), 0));
+    const QRectF selected = selectedPart(selection, clip.translated(-origin)).translated(origin);
+    if (selected.isEmpty()) return;
+    painter.fillRect(selected, colors.background);
+    painter.save();
+    painter.setClipRect(selected, Qt::IntersectClip);
+    paintPieces(selected.translated(-origin), [&](const Piece& piece, qreal left) {
+        recolored(*piece.layout, colors.text)->draw(&painter, start + QPointF(left, 0));
+    });
+    painter.restore();
 }
 
-void LongLine::paintCells(QPainter& painter, QPointF origin, std::size_t begin, std::size_t end,
-                          const LineSelection& selection, const HighlightColors& colors) const {
+template <typename Paint>
+void LongLine::paintPieces(const QRectF& area, Paint&& paint) const {
+    // glyphs may reach a little out of their own place
+    const qreal slack = style_.averageAdvance();
+    const std::size_t begin = places_.columnCovering(inText(area.left() - slack));
+    const std::size_t end = places_.columnCovering(inText(area.right() + slack));
     const std::size_t last = std::min(end + 1, places_.length());
     for (std::size_t index = begin / kCellColumns; index * kCellColumns < last; ++index) {
         for (const Piece& piece : cell(index)) {
-            QList<QTextLayout::FormatRange> selected;
-            const std::size_t from = std::clamp(selection.begin, piece.begin, piece.end);
-            const std::size_t to = std::clamp(selection.end, piece.begin, piece.end);
-            if (from < to) {
-                QTextLayout::FormatRange range;
-                range.start = static_cast<int>(from - piece.begin);
-                range.length = static_cast<int>(to - from);
-                range.format.setForeground(colors.text);
-                selected.append(range);
-            }
             const bool behindPreedit = preedit_ && piece.begin >= preeditColumn_;
-            const qreal x = textLeft_ + piece.left + (behindPreedit ? preeditWidth_ : 0);
-            piece.layout->draw(&painter, origin + QPointF(x, 0), selected);
+            paint(piece, piece.left + (behindPreedit ? preeditWidth_ : 0));
         }
     }
+}
+
+QRectF LongLine::selectedPart(const LineSelection& selection, const QRectF& area) const {
+    // what lies far to the right is not measured for a selection
+    const std::size_t last = places_.columnCovering(inText(area.right()));
+    if (selection.empty() || selection.begin > last) return {};
+    const bool cut = selection.end > last;
+    // at the preedit text a selection begins behind it
+    const bool behind = preedit_ && selection.begin == preeditColumn_;
+    const qreal left = xOf(selection.begin) + (behind ? preeditWidth_ : 0);
+    const qreal stub = selection.lineBreak ? style_.averageAdvance() / 2 : 0;
+    const qreal right = cut ? area.right() : xOf(selection.end) + stub;
+    return QRectF(QPointF(style_.nearestPixel(left), 0),
+                  QPointF(style_.nearestPixel(right), height())) &
+           area;
 }
 
 }  // namespace brindlex

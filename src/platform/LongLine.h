@@ -52,8 +52,11 @@ class LongLine final : public LineLayout {
     const std::vector<Piece>& cell(std::size_t index) const;
     std::vector<Piece> cut(std::size_t begin, std::size_t end) const;
     std::unique_ptr<QTextLayout> layOut(std::size_t begin, std::size_t end) const;
-    void paintCells(QPainter& painter, QPointF origin, std::size_t begin, std::size_t end,
-                    const LineSelection& selection, const HighlightColors& colors) const;
+    /// Calls `paint(piece, left)` for the pieces that reach into an area, from the line's corner.
+    template <typename Paint>
+    void paintPieces(const QRectF& area, Paint&& paint) const;
+    /// Where selected characters stand within an area.
+    QRectF selectedPart(const LineSelection& selection, const QRectF& area) const;
 
     const RichTextBox& box_;
     const LineStyle& style_;

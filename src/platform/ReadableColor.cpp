@@ -29,20 +29,21 @@ QColor moved(const QColor& color, const QColor& background, bool lighter) {
     constexpr int kSteps = 12;  // finer than a step of 8 bits
     for (int step = 0; step < kSteps; ++step) {
         const double middle = (unreadable + readable) / 2;
-        const bool enough =
-            ReadableColor::contrast(withLightness(color, middle), background) >=
-            ReadableColor::kReadable;
+        const bool enough = ReadableColor::contrast(withLightness(color, middle), background) >=
+                            ReadableColor::kReadable;
         (enough ? readable : unreadable) = middle;
     }
     // light on dark takes the place of dark on light, so that what was strong stays strong
     const double mirrored = 1 - color.toHsl().lightnessF();
-    return withLightness(color, lighter ? std::max(readable, mirrored) : std::min(readable, mirrored));
+    return withLightness(color,
+                         lighter ? std::max(readable, mirrored) : std::min(readable, mirrored));
 }
 
 }  // namespace
 
 ReadableColor::ReadableColor(const QColor& background)
-    : background_(background), dark_(contrast(background, Qt::white) > contrast(background, Qt::black)) {}
+    : background_(background),
+      dark_(contrast(background, Qt::white) > contrast(background, Qt::black)) {}
 
 double ReadableColor::contrast(const QColor& a, const QColor& b) {
     const auto [low, high] = std::minmax({luminance(a), luminance(b)});

@@ -1,13 +1,10 @@
 #include "platform/RichTextView.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QScroller>
 #include <QStyleHints>
-#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -17,15 +14,9 @@
 #include "platform/ShownLines.h"
 #include "platform/TextInput.h"
 #include "platform/TextRows.h"
-#include "platform/Twips.h"
 
 namespace brindlex {
 namespace {
-
-QEvent::Type syncEvent() {
-    static const int type = QEvent::registerEventType();
-    return static_cast<QEvent::Type>(type);
-}
 
 Preedit preeditOf(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes) {
     Preedit preedit;
@@ -45,6 +36,7 @@ Preedit preeditOf(const QString& text, const QList<QInputMethodEvent::Attribute>
     }
     if (!preedit.formats.isEmpty()) return preedit;
     QTextLayout::FormatRange whole;
+    whole.start = 0;
     whole.length = static_cast<int>(text.size());
     whole.format.setFontUnderline(true);
     preedit.formats.append(whole);
@@ -75,7 +67,9 @@ RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
     box_.setObserver(this);
 }
 
-RichTextView::~RichTextView() { box_.setObserver(nullptr); }
+RichTextView::~RichTextView() {
+    box_.setObserver(nullptr);
+}
 
 // --- Notices of the box --------------------------------------------------------------------------
 
@@ -84,6 +78,7 @@ void RichTextView::textChanged(const TextEdit& edit) {
     const bool isNewText = edit.removed.length() == lengthBefore && lengthBefore > 0;
     layouts_->textChanged(edit);
     rows_->textChanged(edit);
+    if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));
     if (isNewText) {
         contentWidth_ = 0;
         rows_->setTop({});
@@ -112,99 +107,8 @@ void RichTextView::selectionChanged() {
     input_->selectionChanged();
 }
 
-// --- Keeping the screen in step ------------------------------------------------------------------
-
-void RichTextView::changed() {
-    pending_ = true;
-    if (syncPosted_ || !redraw_) return;
-    syncPosted_ = true;
-    QCoreApplication::postEvent(this, new QEvent(syncEvent()));
-}
-
-void RichTextView::sync() {
-    if (!redraw_ || syncing_) return;
-    fitStyle();
-    settle();
-    pending_ = false;
-    clampTop();
-    updateScrollBars();  // a bar that comes or goes makes another sync due
-    ShownLines lines = linesToShow();
-    QRegion region = lines.changedSince(*shown_) + std::exchange(held_, {});
-    *shown_ = std::move(lines);
-    for (const QRect& rect : region) viewport()->update(rect);
-    updateCarets(*shown_);
-    if (const auto& seen = shown_->lines(); !seen.empty()) {
-        constexpr std::size_t kAround = 64;  // a page on each side, so that paging back is at hand
-        const LineIndex first = seen.front().line;
-        layouts_->keep(LineIndex(first.value() - std::min(first.value(), kAround)),
-                       seen.back().line + kAround);
-    }
-}
-
-ShownLines RichTextView::linesToShow() const {
-    const int highlight =
-        highlights() && !box_.selection().empty() ? static_cast<int>(highlightGroup()) + 1 : 0;
-    ShownLines lines({viewport()->size(), horizontalScrollBar()->value(), highlight});
-    rows_->visit(viewHeight(), [&](LineIndex line, const LineLayout& layout, qreal top) {
-        const LineSelection selection = selectionIn(line, box_.lineContent(line));
-        lines.append({line, layout.serial(), top, top + layout.height(), selection});
-    });
-    return lines;
-}
-
-void RichTextView::updateCarets(const ShownLines& lines) {
-    const auto place = [&](std::optional<Offset> offset) {
-        const bool inView = offset && lines.shows(box_.rope().lineOf(*offset));
-        return inView ? caretRectAt(*offset).adjusted(-1, -1, 1, 1) : QRect();
-    };
-    const auto show = [this](QRect& shown, const QRect& now) {
-        if (shown == now) return;
-        viewport()->update(shown);
-        viewport()->update(now);
-        shown = now;
-    };
-    show(shownCaret_, place(box_.caret()));
-    show(shownDropCaret_, place(dropCaret_));
-}
-
-void RichTextView::setRedraw(bool on) {
-    if (redraw_ == on) return;
-    redraw_ = on;
-    if (on && (pending_ || !held_.isEmpty())) changed();
-}
-
-bool RichTextView::redraw() const { return redraw_; }
-
-void RichTextView::Refresh() { sync(); }
-
-void RichTextView::appearanceChanged() {
-    style_->setFont(Font());
-    style_->setBackground(backColor_.resolve(palette()));
-    style_->setBulletIndent(bulletIndent_);
-    layouts_->clear();
-    fitStyle();
-    held_ = viewport()->rect();
-    changed();
-}
-
-void RichTextView::fitStyle() {
-    const qreal available = std::max(1.0, viewport()->width() - 2 * textLeft() - caretWidth());
-    const qreal wanted = rightMargin_ > 0 ? style_->fromTwips(rightMargin_) : available;
-    const qreal wrap = rightMargin_ < kNoWrap ? std::max(1.0, wanted) : 0;
-    const bool sameWrap = wrap == style_->wrapWidth();
-    const bool sameRatio = devicePixelRatioF() == style_->devicePixelRatio();
-    if (sameWrap && sameRatio && available == style_->availableWidth()) return;
-    style_->setWidth(wrap, available);
-    style_->setDevicePixelRatio(devicePixelRatioF());
-    if (sameWrap && sameRatio) {
-        layouts_->widthChanged();
-    } else {
-        layouts_->clear();
-        contentWidth_ = 0;
-    }
-    rows_->setTop(rows_->top());
-    changed();
-}
+// --- What shows besides the text
+// ------------------------------------------------------------------
 
 void RichTextView::setPreedit(const QString& text,
                               const QList<QInputMethodEvent::Attribute>& attributes) {
@@ -215,10 +119,13 @@ void RichTextView::setPreedit(const QString& text,
     changed();
 }
 
-QString RichTextView::preedit() const { return layouts_->preedit().text; }
+QString RichTextView::preedit() const {
+    return layouts_->preedit().text;
+}
 
 void RichTextView::setDropCaret(std::optional<Offset> offset) {
     dropCaret_ = offset;
+    if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));
     changed();
 }
 
@@ -227,9 +134,13 @@ void RichTextView::setOverwriteMode(bool on) {
     changed();
 }
 
-bool RichTextView::overwriteMode() const { return overwrite_; }
+bool RichTextView::overwriteMode() const {
+    return overwrite_;
+}
 
-std::size_t RichTextView::layoutsMade() const { return layouts_->made(); }
+std::size_t RichTextView::layoutsMade() const {
+    return layouts_->made();
+}
 
 // --- Blinking ------------------------------------------------------------------------------------
 
@@ -286,10 +197,14 @@ void RichTextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {
         case QEvent::StyleChange:
-        case QEvent::FontChange: contentWidth_ = 0; [[fallthrough]];
+        case QEvent::FontChange:
+            contentWidth_ = 0;
+            [[fallthrough]];
         case QEvent::PaletteChange:
-        case QEvent::EnabledChange: return appearanceChanged();
-        default: return;
+        case QEvent::EnabledChange:
+            return appearanceChanged();
+        default:
+            return;
     }
 }
 
@@ -309,19 +224,43 @@ void RichTextView::focusOutEvent(QFocusEvent* event) {
     changed();
 }
 
-bool RichTextView::focusNextPrevChild(bool) { return false; }  // Tab belongs to the text
+bool RichTextView::focusNextPrevChild(bool) {
+    return false;
+}  // Tab belongs to the text
 
-void RichTextView::keyPressEvent(QKeyEvent* event) { input_->keyPress(*event); }
-void RichTextView::keyReleaseEvent(QKeyEvent* event) { input_->keyRelease(*event); }
-void RichTextView::inputMethodEvent(QInputMethodEvent* event) { input_->inputMethod(*event); }
-void RichTextView::mousePressEvent(QMouseEvent* event) { input_->mousePress(*event); }
-void RichTextView::mouseMoveEvent(QMouseEvent* event) { input_->mouseMove(*event); }
-void RichTextView::mouseReleaseEvent(QMouseEvent* event) { input_->mouseRelease(*event); }
-void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) { input_->mouseDoubleClick(*event); }
-void RichTextView::dragEnterEvent(QDragEnterEvent* event) { input_->dragEnter(*event); }
-void RichTextView::dragMoveEvent(QDragMoveEvent* event) { input_->dragMove(*event); }
-void RichTextView::dragLeaveEvent(QDragLeaveEvent* event) { input_->dragLeave(*event); }
-void RichTextView::dropEvent(QDropEvent* event) { input_->drop(*event); }
+void RichTextView::keyPressEvent(QKeyEvent* event) {
+    input_->keyPress(*event);
+}
+void RichTextView::keyReleaseEvent(QKeyEvent* event) {
+    input_->keyRelease(*event);
+}
+void RichTextView::inputMethodEvent(QInputMethodEvent* event) {
+    input_->inputMethod(*event);
+}
+void RichTextView::mousePressEvent(QMouseEvent* event) {
+    input_->mousePress(*event);
+}
+void RichTextView::mouseMoveEvent(QMouseEvent* event) {
+    input_->mouseMove(*event);
+}
+void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
+    input_->mouseRelease(*event);
+}
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
+    input_->mouseDoubleClick(*event);
+}
+void RichTextView::dragEnterEvent(QDragEnterEvent* event) {
+    input_->dragEnter(*event);
+}
+void RichTextView::dragMoveEvent(QDragMoveEvent* event) {
+    input_->dragMove(*event);
+}
+void RichTextView::dragLeaveEvent(QDragLeaveEvent* event) {
+    input_->dragLeave(*event);
+}
+void RichTextView::dropEvent(QDropEvent* event) {
+    input_->drop(*event);
+}
 
 QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
     return input_->inputMethodQuery(query);

@@ -37,8 +37,7 @@ struct LineSelection;
 /// the view from acting on the key; another KeyAscii is inserted in its place.
 class RichTextView : public QAbstractScrollArea, private RichTextObserver {
   public:
-    explicit RichTextView(QWidget* parent = nullptr,
-                          const CodePage& codePage = CodePage::system());
+    explicit RichTextView(QWidget* parent = nullptr, const CodePage& codePage = CodePage::system());
     ~RichTextView() override;
 
     RichTextBox& box() { return box_; }
@@ -173,11 +172,17 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void formatChanged(Range range) override;
     void selectionChanged() override;
 
-    // --- Keeping the screen in step: changes are collected and shown once, from the event loop ----
+    // --- Keeping the screen in step -------------------------------------------------------------
+    static QEvent::Type syncEvent();
+    /// Something that shows changed: a sync becomes due.
     void changed();
+    /// Brings scroll bars and screen in step with the box; repaints what differs.
     void sync();
+    /// Takes over widths and resolution from the widget.
     void fitStyle();
     void appearanceChanged();
+    /// Scrolls to a caret that moved. Put off until somebody asks what shows, since a caret may
+    /// move many times before that; hence it is no change of state in the eyes of who asks.
     void settle() const;
     void scrollToCaret() const;
     void scrollToColumn(qreal x, qreal width) const;
@@ -188,13 +193,14 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     ShownLines linesToShow() const;
     void updateCarets(const ShownLines& lines);
 
-    // --- Painting and places -----------------------------------------------------------------------
+    // --- Painting and places --------------------------------------------------------------------
     void paintLines(QPainter& painter, const QRegion& region) const;
     void paintCarets(QPainter& painter) const;
     LineSelection selectionIn(LineIndex line, Range content) const;
     bool highlights() const;
     QPalette::ColorGroup highlightGroup() const;
     bool caretShows() const;
+    bool hasBlockCaret() const;
     QRectF placeRect(Offset offset) const;
     QRect caretRectAt(Offset offset) const;
     int caretWidth() const;

@@ -16,7 +16,8 @@ void RichTextView::paintEvent(QPaintEvent* event) {
     if (!redraw_) return;
     QPainter painter(viewport());
     const QColor background = backColor_.resolve(palette());
-    for (const QRect& rect : event->region()) painter.fillRect(rect, background);
+    // not by the region's rectangles: at a fractional scale they end within device pixels
+    painter.fillRect(viewport()->rect(), background);
     paintLines(painter, event->region());
     paintCarets(painter);
 }
@@ -32,8 +33,8 @@ void RichTextView::paintLines(QPainter& painter, const QRegion& region) const {
         const QRectF strip(0, top, viewport()->width(), layout.height());
         if (!region.intersects(strip.toAlignedRect())) return;
         painter.setClipRect(strip);
-        layout.paint(painter, {left, top}, strip & area,
-                     selectionIn(line, box_.lineContent(line)), colors);
+        layout.paint(painter, {left, top}, strip & area, selectionIn(line, box_.lineContent(line)),
+                     colors);
     });
     painter.setClipping(false);
 }
@@ -48,7 +49,7 @@ void RichTextView::paintCarets(QPainter& painter) const {
     if (!caretShows()) return;
     QColor ink = color;
     constexpr int kBlockAlpha = 110;  // the character stays readable
-    if (overwrite_) ink.setAlpha(kBlockAlpha);
+    if (hasBlockCaret()) ink.setAlpha(kBlockAlpha);
     painter.fillRect(caretRectAt(box_.caret()), ink);
 }
 
@@ -57,7 +58,9 @@ bool RichTextView::caretShows() const {
            shown_->shows(box_.rope().lineOf(box_.caret()));
 }
 
-bool RichTextView::highlights() const { return hasFocus() || !hideSelection_; }
+bool RichTextView::highlights() const {
+    return hasFocus() || !hideSelection_;
+}
 
 QPalette::ColorGroup RichTextView::highlightGroup() const {
     if (!isEnabled()) return QPalette::Disabled;

@@ -29,9 +29,13 @@ QRect pixels(const QRectF& rect) {
 
 }  // namespace
 
-qreal RichTextView::textLeft() const { return kMargin; }
+qreal RichTextView::textLeft() const {
+    return kMargin;
+}
 
-qreal RichTextView::viewHeight() const { return viewport()->height(); }
+qreal RichTextView::viewHeight() const {
+    return viewport()->height();
+}
 
 int RichTextView::caretWidth() const {
     return std::max(1, style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this));
@@ -69,8 +73,12 @@ QRect RichTextView::characterRect(Offset offset) const {
 
 QRect RichTextView::caretRectAt(Offset offset) const {
     QRect rect = pixels(placeRect(offset));
-    if (!overwrite_ || !preedit().isEmpty()) rect.setWidth(caretWidth());
+    if (!hasBlockCaret()) rect.setWidth(caretWidth());
     return rect;
+}
+
+bool RichTextView::hasBlockCaret() const {
+    return overwrite_ && preedit().isEmpty();
 }
 
 QRect RichTextView::caretRect() const {
@@ -113,8 +121,8 @@ LineSelection RichTextView::selectionIn(LineIndex line, Range content) const {
     const Offset begin = std::clamp(selection.begin(), content.begin(), content.end());
     const Offset end = std::clamp(selection.end(), content.begin(), content.end());
     const bool hasBreak = line.value() < box_.rope().breakCount();
-    const bool breakSelected = hasBreak && selection.begin() <= content.end() &&
-                               selection.end() > content.end();
+    const bool breakSelected =
+        hasBreak && selection.begin() <= content.end() && selection.end() > content.end();
     return {begin - content.begin(), end - content.begin(), breakSelected};
 }
 

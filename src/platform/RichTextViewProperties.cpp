@@ -36,37 +36,51 @@ constexpr int kRichText = 0;
 
 }  // namespace
 
-bool RichTextView::AutoVerbMenu() const { return autoVerbMenu_; }
-void RichTextView::SetAutoVerbMenu(bool on) { autoVerbMenu_ = on; }
+bool RichTextView::AutoVerbMenu() const {
+    return autoVerbMenu_;
+}
+void RichTextView::SetAutoVerbMenu(bool on) {
+    autoVerbMenu_ = on;
+}
 
-ColorValue RichTextView::BackColor() const { return backColor_; }
+ColorValue RichTextView::BackColor() const {
+    return backColor_;
+}
 
 void RichTextView::SetBackColor(ColorValue color) {
     backColor_ = color;
     appearanceChanged();
 }
 
-Long RichTextView::BorderStyle() const { return frameShape() == NoFrame ? 0 : 1; }
+Long RichTextView::BorderStyle() const {
+    return frameShape() == NoFrame ? 0 : 1;
+}
 
 void RichTextView::SetBorderStyle(Long style) {
     setFrameStyle(style == 0 ? QFrame::NoFrame : QFrame::StyledPanel | QFrame::Sunken);
 }
 
-double RichTextView::BulletIndent() const { return bulletIndent_; }
+double RichTextView::BulletIndent() const {
+    return bulletIndent_;
+}
 
 void RichTextView::SetBulletIndent(double twips) {
     bulletIndent_ = twips;
     appearanceChanged();
 }
 
-QString RichTextView::FileName() const { return fileName_; }
+QString RichTextView::FileName() const {
+    return fileName_;
+}
 
 void RichTextView::SetFileName(const QString& path) {
     if (!path.isEmpty()) LoadFile(path, kRichText);
     fileName_ = path;
 }
 
-QFont RichTextView::Font() const { return font_.value_or(font()); }
+QFont RichTextView::Font() const {
+    return font_.value_or(font());
+}
 
 void RichTextView::SetFont(const QFont& font) {
     font_ = font;
@@ -78,21 +92,27 @@ void RichTextView::SetFont(const QFont& font) {
     appearanceChanged();
 }
 
-bool RichTextView::HideSelection() const { return hideSelection_; }
+bool RichTextView::HideSelection() const {
+    return hideSelection_;
+}
 
 void RichTextView::SetHideSelection(bool hide) {
     hideSelection_ = hide;
     changed();
 }
 
-QPixmap RichTextView::MouseIcon() const { return mouseIcon_; }
+QPixmap RichTextView::MouseIcon() const {
+    return mouseIcon_;
+}
 
 void RichTextView::SetMouseIcon(const QPixmap& icon) {
     mouseIcon_ = icon;
     SetMousePointer(mousePointer_);
 }
 
-Long RichTextView::MousePointer() const { return mousePointer_; }
+Long RichTextView::MousePointer() const {
+    return mousePointer_;
+}
 
 void RichTextView::SetMousePointer(Long pointer) {
     mousePointer_ = pointer;
@@ -103,7 +123,9 @@ void RichTextView::SetMousePointer(Long pointer) {
         viewport()->setCursor(kCursors[known ? pointer : 0]);
 }
 
-double RichTextView::RightMargin() const { return rightMargin_; }
+double RichTextView::RightMargin() const {
+    return rightMargin_;
+}
 
 void RichTextView::SetRightMargin(double twips) {
     rightMargin_ = twips;

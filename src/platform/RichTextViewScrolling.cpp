@@ -1,12 +1,12 @@
 // Which part of the text a RichTextView shows: its scroll bars, wheel and touch, and the caret that
 // comes into view.
 
+#include <QApplication>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QScrollEvent>
 #include <QScrollPrepareEvent>
 #include <QWheelEvent>
-#include <QApplication>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -125,7 +125,8 @@ void RichTextView::updateScrollBars() {
 void RichTextView::updateHorizontalBar() const {
     const QScopedValueRollback guard(syncing_, true);
     const int width = viewport()->width();
-    const bool fits = style_->wraps() && rightMargin_ == 0 && contentWidth_ <= style_->availableWidth();
+    const bool fits =
+        style_->wraps() && rightMargin_ == 0 && contentWidth_ <= style_->availableWidth();
     const qreal content = fits ? 0 : contentWidth_ + 2 * textLeft() + caretWidth();
     horizontalScrollBar()->setPageStep(width);
     horizontalScrollBar()->setSingleStep(toInt(std::ceil(3 * style_->averageAdvance())));
@@ -150,12 +151,13 @@ void RichTextView::wheelEvent(QWheelEvent* event) {
     const qreal lines = QApplication::wheelScrollLines();
     const QPointF notches = QPointF(event->angleDelta()) / kNotch;
     const bool byPixels = !event->pixelDelta().isNull();
-    const QPointF pixels = byPixels
-                               ? QPointF(event->pixelDelta())
-                               : QPointF(notches.x() * lines * 3 * style_->averageAdvance(),
-                                         notches.y() * lines * style_->baseRowHeight());
+    const QPointF pixels = byPixels ? QPointF(event->pixelDelta())
+                                    : QPointF(notches.x() * lines * 3 * style_->averageAdvance(),
+                                              notches.y() * lines * style_->baseRowHeight());
     wheel_ -= pixels;
-    const qreal rows = std::trunc(wheel_.y() / style_->baseRowHeight());
+    constexpr qreal kRoundingError = 1e-6;
+    const qreal rows = std::trunc(wheel_.y() / style_->baseRowHeight() +
+                                  std::copysign(kRoundingError, wheel_.y()));
     const int columns = static_cast<int>(wheel_.x());
     wheel_ -= QPointF(columns, rows * style_->baseRowHeight());
     scrollRows(static_cast<Long>(rows));
@@ -178,8 +180,8 @@ bool RichTextView::viewportEvent(QEvent* event) {
 void RichTextView::prepareTouchScroll(QScrollPrepareEvent& event) const {
     const qreal row = style_->baseRowHeight();
     event.setViewportSize(viewport()->size());
-    event.setContentPosRange(QRectF(0, 0, horizontalScrollBar()->maximum(),
-                                    row * verticalScrollBar()->maximum()));
+    event.setContentPosRange(
+        QRectF(0, 0, horizontalScrollBar()->maximum(), row * verticalScrollBar()->maximum()));
     event.setContentPos(
         QPointF(horizontalScrollBar()->value(), row * verticalScrollBar()->value()));
     event.accept();

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/Recolored.h"
+
 namespace brindlex {
 namespace {
 
@@ -43,8 +45,7 @@ void ShortLine::setText(const LineText& line) {
         style_.appendTo(text, piece);
         return true;
     });
-    if (preeditLength_ > 0)
-        text.insert(static_cast<qsizetype>(preeditColumn_), line.preedit->text);
+    if (preeditLength_ > 0) text.insert(static_cast<qsizetype>(preeditColumn_), line.preedit->text);
     bidirectional_ = (style_.hasRightToLeft() || preeditLength_ > 0) && runsRightToLeft(text);
     layout_.setText(text);
 }
@@ -144,7 +145,8 @@ void ShortLine::placeRow(QTextLine row, const ParagraphFormat& paragraph, qreal 
     placed.box.begin = fromLayout(row.textStart());
     placed.box.end = fromLayout(row.textStart() + row.textLength());
     placed.box.top = rows_.empty() ? 0 : rows_.back().box.top + rows_.back().box.height;
-    placed.box.height = style_.wholePixels(placed.baseline + row.descent() + row.leading() + offsets_.down);
+    placed.box.height =
+        style_.wholePixels(placed.baseline + row.descent() + row.leading() + offsets_.down);
     placed.box.width = placed.textLeft + row.naturalTextWidth();
     row.setPosition({placed.textLeft, placed.box.top + placed.baseline - row.ascent()});
     width_ = std::max(width_, placed.box.width);
@@ -201,39 +203,47 @@ std::optional<std::size_t> ShortLine::characterAt(std::size_t row, qreal x) cons
 
 void ShortLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
                       const LineSelection& selection, const HighlightColors& colors) const {
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        const Row& box = rows_[row].box;
-        if (origin.y() + box.top + box.height > clip.top() && origin.y() + box.top < clip.bottom())
-            fillSelected(painter, origin, row, selection, colors.background);
-    }
     if (bulletLeft_) paintBullet(painter, origin);
-    QList<QTextLayout::FormatRange> selected;
-    if (selection.begin < selection.end) {
-        QTextLayout::FormatRange range;
-        range.start = inLayout(selection.begin);
-        range.length = boundary(selection.end) - range.start;
-        range.format.setForeground(colors.text);
-        selected.append(range);
+    layout_.draw(&painter, origin, {}, clip);
+    if (selection.empty()) return;
+    const std::unique_ptr<QTextLayout> selected = recolored(layout_, colors.text);
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        for (const QRectF& part : selectedParts(row, selection)) {
+            const QRectF area = part.translated(origin);
+            if (!area.intersects(clip)) continue;
+            painter.fillRect(area, colors.background);
+            painter.save();
+            painter.setClipRect(area, Qt::IntersectClip);
+            selected->draw(&painter, origin, {}, area);
+            painter.restore();
+        }
     }
-    layout_.draw(&painter, origin, selected, clip);
 }
 
-void ShortLine::fillSelected(QPainter& painter, QPointF origin, std::size_t row,
-                             const LineSelection& selection, const QColor& color) const {
+std::vector<QRectF> ShortLine::selectedParts(std::size_t row,
+                                             const LineSelection& selection) const {
+    std::vector<QRectF> parts;
     const Row& box = rows_[row].box;
     const std::size_t begin = std::max(selection.begin, box.begin);
     const std::size_t end = std::min(selection.end, box.end);
     const QTextLine line = layout_.lineAt(static_cast<int>(row));
-    const auto fill = [&](qreal left, qreal right) {
-        const QRectF area(std::min(left, right), box.top, std::abs(right - left), box.height);
-        painter.fillRect(area.translated(origin), color);
+    const auto add = [&](qreal a, qreal b) {
+        const qreal left = style_.nearestPixel(std::min(a, b));
+        const qreal right = style_.nearestPixel(std::max(a, b));
+        if (!parts.empty() && parts.back().right() == left)
+            parts.back().setRight(right);
+        else if (left < right)
+            parts.emplace_back(left, box.top, right - left, box.height);
     };
     if (begin < end && !bidirectional_)
-        fill(line.cursorToX(inLayout(begin)), line.cursorToX(boundary(end)));
-    for (std::size_t column = begin; bidirectional_ && column < end; ++column)
-        fill(line.cursorToX(inLayout(column)), line.cursorToX(inLayout(column), QTextLine::Trailing));
+        add(line.cursorToX(inLayout(begin)), line.cursorToX(boundary(end)));
+    for (std::size_t column = begin; bidirectional_ && column < end; ++column) {
+        const int position = inLayout(column);
+        add(line.cursorToX(position), line.cursorToX(position, QTextLine::Trailing));
+    }
     if (selection.lineBreak && row + 1 == rows_.size())
-        fill(box.width, box.width + style_.averageAdvance() / 2);
+        add(box.width, box.width + style_.averageAdvance() / 2);
+    return parts;
 }
 
 void ShortLine::paintBullet(QPainter& painter, QPointF origin) const {

@@ -55,8 +55,8 @@ class ShortLine final : public LineLayout {
     /// As inLayout, but at the preedit text's column the place in front of it.
     int boundary(std::size_t column) const;
     qreal xInLayout(int position) const;
-    void fillSelected(QPainter& painter, QPointF origin, std::size_t row,
-                      const LineSelection& selection, const QColor& color) const;
+    /// Where the selected characters of a row stand, from the line's corner.
+    std::vector<QRectF> selectedParts(std::size_t row, const LineSelection& selection) const;
     void paintBullet(QPainter& painter, QPointF origin) const;
 
     const LineStyle& style_;

@@ -31,7 +31,8 @@ bool TextPrinter::print(Range range) {
     style_.setWidth(area_.width(), area_.width());
     bool going = true;
     const LineIndex last = box_.rope().lineOf(range.end());
-    for (LineIndex line = box_.rope().lineOf(range.begin()); going && line <= last; line = line + 1) {
+    for (LineIndex line = box_.rope().lineOf(range.begin()); going && line <= last;
+         line = line + 1) {
         const Range content = box_.lineContent(line);
         const Offset begin = std::clamp(range.begin(), content.begin(), content.end());
         const Offset end = std::clamp(range.end(), content.begin(), content.end());
@@ -45,8 +46,7 @@ bool TextPrinter::print(Range range) {
 bool TextPrinter::printLine(Range content, ParagraphFormat paragraph) {
     for (;;) {
         const bool isWhole = content.length() <= LineStyle::kLong;
-        const Range stretch =
-            isWhole ? content : Range::at(content.begin(), LineStyle::kLong);
+        const Range stretch = isWhole ? content : Range::at(content.begin(), LineStyle::kLong);
         const ShortLine line({box_, stretch, paragraph, nullptr, 0}, style_);
         if (isWhole) return printRows(line, line.rowCount());
         // the last row of the stretch goes on in the next one

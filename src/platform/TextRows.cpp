@@ -44,7 +44,8 @@ RowPlace TextRows::moved(RowPlace from, Long rows) const {
     if (!style_.wraps()) {
         const Long lines = static_cast<Long>(lastLine().value());
         const Long line = static_cast<Long>(from.line.value());
-        return {LineIndex(static_cast<std::size_t>(std::clamp(rows, -line, lines - line) + line)), 0};
+        return {LineIndex(static_cast<std::size_t>(std::clamp(rows, -line, lines - line) + line)),
+                0};
     }
     for (; rows > 0; --rows) {
         if (from.row + 1 < layouts_.at(from.line).rowCount())

@@ -38,7 +38,8 @@ class TextRows {
     qreal yOf(LineIndex line) const;
     /// The place at a height, cut to [0, height).
     RowPlace at(qreal y, qreal height) const;
-    /// The lowest top row with which all of `place` lies above `height`, unless it is higher itself.
+    /// The lowest top row with which all of `place` lies above `height`, unless it is higher
+    /// itself.
     RowPlace topShowing(RowPlace place, qreal height) const;
     /// The top row at which the end of the text stands at the bottom of the view.
     RowPlace lastTop(qreal height) const { return topShowing(last(), height); }
