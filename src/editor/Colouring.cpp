@@ -20,16 +20,14 @@ class FlagHold {
     bool& flag_;
 };
 
-/// Stops repainting for as long as it lives; the outermost one lets it go on.
+/// Stops repainting for as long as it lives. When the outermost one ends, the event loop repaints
+/// what changed: to do it here would lay out the screen for each edit of a Replace All.
 class RedrawPause {
   public:
     explicit RedrawPause(RichTextView& view) : view_(view), redraw_(view.redraw()) {
         view_.setRedraw(false);
     }
-    ~RedrawPause() {
-        view_.setRedraw(redraw_);
-        if (redraw_) view_.Refresh();
-    }
+    ~RedrawPause() { view_.setRedraw(redraw_); }
     RedrawPause(const RedrawPause&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
 

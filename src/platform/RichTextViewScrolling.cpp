@@ -66,7 +66,7 @@ void RichTextView::clampTop() const {
 // --- The caret comes into view -------------------------------------------------------------------
 
 void RichTextView::ensureCaretVisible() {
-    scrollToCaret();
+    showCaret_ = true;
     changed();
 }
 
