@@ -94,7 +94,7 @@ void CaretActions::remove(Motion motion) {
         replace(selection, {});
         return;
     }
-    const Offset caret = view_.box().caret();
+    const Offset caret = shownCaret();
     const Offset other = target(motion, caret);
     replace({std::min(caret, other), std::max(caret, other)}, {});
 }
@@ -107,7 +107,7 @@ void CaretActions::move(Motion motion, bool extend) {
     if (rows != 0)
         moveByRows(rows, extend);
     else
-        moveTo(extend ? target(motion, view_.box().caret()) : collapsed(motion), extend);
+        moveTo(extend ? target(motion, shownCaret()) : collapsed(motion), extend);
     if (extend) offerPrimarySelection(view_);
 }
 
@@ -115,7 +115,13 @@ Offset CaretActions::collapsed(Motion motion) const {
     const Range selection = view_.box().selection();
     if (!selection.empty() && motion == Motion::NextCharacter) return selection.end();
     if (!selection.empty() && motion == Motion::PreviousCharacter) return selection.begin();
-    return target(motion, view_.box().caret());
+    return target(motion, shownCaret());
+}
+
+/// The caret where the user sees it: one that code has put between CR and LF stands in front of
+/// them.
+Offset CaretActions::shownCaret() const {
+    return motion().snapped(view_.box().caret());
 }
 
 void CaretActions::moveByRows(int rows, bool extend) {

@@ -42,6 +42,7 @@ class CaretActions {
     Offset target(Motion motion, Offset from) const;
     /// Where a motion without Select ends: a step to the side only leaves a selection.
     Offset collapsed(Motion motion) const;
+    Offset shownCaret() const;
     int columnOfCaret() const;
 
     RichTextView& view_;

@@ -11,7 +11,7 @@ namespace brindlex {
 namespace {
 
 /// Ctrl+Tab and its reverse: Tab alone writes a tab, so that users of the keyboard need another way
-/// out.
+/// out, unless the owner takes this one too.
 bool leavesView(const QKeyEvent& event) {
     return (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) &&
            event.modifiers().testFlag(Qt::ControlModifier);
@@ -41,10 +41,10 @@ bool isControlCode(int ascii) {
 
 void KeyInput::press(QKeyEvent& event) {
     event.accept();
-    if (leavesView(event)) {
-        moveFocus(view_, event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
-    } else if (consumedByKeyDown(event)) {
+    if (consumedByKeyDown(event)) {
         return;
+    } else if (leavesView(event)) {
+        moveFocus(view_, event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
     } else if (makesCharacters(event)) {
         typeText(event.text());
     } else if (const int ascii = controlCodeOf(event)) {
