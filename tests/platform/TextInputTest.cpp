@@ -394,16 +394,15 @@ TEST(TextInputFocus, CtrlTabLeavesTheView) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     view.setFocus();
-    bool seen = false;
-    view.onKeyDown = [&](int& code, int) { seen = seen || !isModifier(code); };
     QTest::keyClick(&view, Qt::Key_Tab, kCtrl);
     EXPECT_TRUE(after.hasFocus());
     view.setFocus();
     QTest::keyClick(&view, Qt::Key_Backtab, kCtrl | kShift);
     EXPECT_TRUE(before.hasFocus());
-    EXPECT_FALSE(seen);
     view.setFocus();
     QTest::keyClick(&view, Qt::Key_Tab);
+    view.onKeyDown = [](int& code, int) { code = 0; };
+    QTest::keyClick(&view, Qt::Key_Tab, kCtrl);
     EXPECT_TRUE(view.hasFocus());
     EXPECT_EQ(view.box().Text(), "\t");
 }
