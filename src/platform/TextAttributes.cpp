@@ -2,6 +2,7 @@
 
 #include <QFont>
 
+#include "platform/CodePage.h"
 #include "platform/text/RichTextBox.h"
 
 namespace brindlex {
@@ -22,9 +23,9 @@ QString colorEntry(ColorRef color) {
                               .arg(color >> 16 & 0xFF));
 }
 
-QString fontEntries(const CharFormat& format, const QFont& font) {
+QString fontEntries(const CharFormat& format, const QFont& font, const CodePage& codePage) {
     const QString family =
-        format.fontName.empty() ? font.family() : QString::fromStdString(format.fontName);
+        format.fontName.empty() ? font.family() : codePage.toUnicode(format.fontName);
     const double points =
         format.fontHalfPoints > 0 ? format.fontHalfPoints / 2.0 : font.pointSizeF();
     return entry("font-family", QLatin1Char('"') + family + QLatin1Char('"')) +
@@ -43,8 +44,8 @@ FormatStretch formatStretchAt(const RichTextBox& box, Offset offset) {
     return found;
 }
 
-QString textAttributes(const CharFormat& format, const QFont& font) {
-    QString all = fontEntries(format, font) + colorEntry(format.color);
+QString textAttributes(const CharFormat& format, const QFont& font, const CodePage& codePage) {
+    QString all = fontEntries(format, font, codePage) + colorEntry(format.color);
     all += entry("font-weight", format.bold || font.bold() ? "bold" : "normal");
     all += entry("font-style", format.italic || font.italic() ? "italic" : "normal");
     all += entry("text-underline-style", format.underline || font.underline() ? "solid" : "none");

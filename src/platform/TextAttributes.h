@@ -9,6 +9,7 @@ class QFont;
 
 namespace brindlex {
 
+class CodePage;
 class RichTextBox;
 
 /// Neighbouring characters of one format.
@@ -22,7 +23,7 @@ struct FormatStretch {
 FormatStretch formatStretchAt(const RichTextBox& box, Offset offset);
 
 /// A format as a list "name:value;" in the terms of IAccessible2. `font` is what characters without
-/// a font of their own have.
-QString textAttributes(const CharFormat& format, const QFont& font);
+/// a font of their own have, `codePage` what names of fonts are written in.
+QString textAttributes(const CharFormat& format, const QFont& font, const CodePage& codePage);
 
 }  // namespace brindlex
