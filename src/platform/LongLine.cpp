@@ -184,6 +184,7 @@ std::unique_ptr<QTextLayout> LongLine::layOut(std::size_t begin, std::size_t end
     box_.visitFormats(rangeOf(begin, end), [&](Range run, const CharFormat& format) {
         add(static_cast<int>(run.begin() - (begin_ + begin)), static_cast<int>(run.length())) =
             style_.charFormat(format);
+        return true;
     });
     box_.rope().visitPieces(rangeOf(begin, end), [&](std::string_view bytes) {
         for (std::size_t i = 0; i < bytes.size(); ++i)

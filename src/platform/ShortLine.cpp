@@ -67,6 +67,7 @@ void ShortLine::setFormats(const LineText& line) {
         const std::size_t cut = std::clamp(preeditColumn_, begin, end);
         if (begin < cut) add(begin, cut, format);
         if (cut < end) add(cut, end, format);
+        return true;
     });
     addStandIns(line, formats);
     for (int i = 0; preeditLength_ > 0 && i < line.preedit->formats.size(); ++i) {

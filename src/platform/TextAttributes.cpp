@@ -1,6 +1,7 @@
 #include "platform/TextAttributes.h"
 
 #include <QFont>
+#include <algorithm>
 
 #include "platform/CodePage.h"
 #include "platform/text/RichTextBox.h"
@@ -36,12 +37,11 @@ QString fontEntries(const CharFormat& format, const QFont& font, const CodePage&
 
 FormatStretch formatStretchAt(const RichTextBox& box, Offset offset) {
     const Range line = box.lineContent(box.rope().lineOf(offset));
-    FormatStretch found{{line.begin(), line.begin()}, {}};
-    box.visitFormats(line, [&](Range range, const CharFormat& format) {
-        const bool reached = found.range.end() > offset;
-        if (!reached) found = {range, format};
-    });
-    return found;
+    if (line.empty()) return {line, {}};
+    const Offset inLine = std::min(offset, line.end() - 1);
+    const Range run = box.formatRangeAt(inLine);
+    return {{std::max(run.begin(), line.begin()), std::min(run.end(), line.end())},
+            box.formatAt(inLine)};
 }
 
 QString textAttributes(const CharFormat& format, const QFont& font, const CodePage& codePage) {

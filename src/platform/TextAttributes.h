@@ -19,7 +19,7 @@ struct FormatStretch {
 };
 
 /// The stretch of equal format on the line of `offset` that holds it; at the end of a line the last
-/// one, which is empty in an empty line.
+/// one, which is empty in an empty line. Cost: O(log n).
 FormatStretch formatStretchAt(const RichTextBox& box, Offset offset);
 
 /// A format as a list "name:value;" in the terms of IAccessible2. `font` is what characters without

@@ -120,6 +120,7 @@ std::vector<ColorRef> colorsOf(const KELP_RTBSyntax& editor) {
     box.visitFormats(Range(Offset(), Offset(box.length())),
                      [&colors](Range range, const CharFormat& format) {
                          colors.insert(colors.end(), range.length(), format.color);
+                         return true;
                      });
     return colors;
 }
