@@ -224,9 +224,13 @@ void RichTextView::focusOutEvent(QFocusEvent* event) {
     changed();
 }
 
+void RichTextView::leave(bool forward) {
+    QAbstractScrollArea::focusNextPrevChild(forward);
+}
+
 bool RichTextView::focusNextPrevChild(bool) {
     return false;
-}  // Tab belongs to the text
+}
 
 void RichTextView::keyPressEvent(QKeyEvent* event) {
     input_->keyPress(*event);

@@ -133,6 +133,9 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Text of an input method that is not in the box yet, shown at the caret with its attributes.
     void setPreedit(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes);
     QString preedit() const;
+    /// Hands the focus on to the next widget of the window, or the one before. Tab does not: it
+    /// belongs to the text.
+    void leave(bool forward);
     /// Shows where a drag would drop; unset hides it.
     void setDropCaret(std::optional<Offset> offset);
 
