@@ -196,8 +196,10 @@ void RichTextView::showEvent(QShowEvent* event) {
 void RichTextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {
-        case QEvent::StyleChange:
         case QEvent::FontChange:
+            if (font_) return;  // then the widget's does not show
+            [[fallthrough]];
+        case QEvent::StyleChange:
             contentWidth_ = 0;
             [[fallthrough]];
         case QEvent::PaletteChange:
