@@ -20,6 +20,10 @@ struct Preedit {
     bool cursorVisible = true;
 };
 
+/// The width of a row that is never cut: wider than all that is laid out at once, and far from the
+/// limits of the layout's arithmetic.
+inline constexpr qreal kNoEnd = 1e7;
+
 /// What there is to lay out: one line of a box.
 struct LineText {
     const RichTextBox& box;

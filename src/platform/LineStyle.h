@@ -60,6 +60,7 @@ class LineStyle {
     /// The distance of the tab stops that a paragraph does not set: eight columns of a fixed-pitch
     /// font, as in any editor of plain text and in every size, and 720 twips else.
     qreal tabDistance() const { return tabDistance_; }
+    static constexpr QChar kBullet{u'\u2022'};
     /// Where a bulleted paragraph's text begins, from its indent.
     qreal bulletWidth() const;
 
@@ -69,6 +70,7 @@ class LineStyle {
     static constexpr char16_t kStandIn = u'\u00B7';
     bool isStandIn(unsigned char byte) const { return standIn_[byte]; }
     void appendTo(QString& text, std::string_view bytes) const;
+    static bool isRightToLeft(QChar character);
     /// Whether the code page has letters that run from right to left.
     bool hasRightToLeft() const { return hasRightToLeft_; }
 
