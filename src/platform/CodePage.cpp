@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/text/Windows1252.h"
+
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
 #endif
@@ -14,17 +16,10 @@ namespace {
 
 using UnicodeTable = std::array<char16_t, 256>;
 
-/// The upper half of Windows code page 1252 where it differs from ISO 8859-1, from 0x80.
-constexpr std::array<char16_t, 32> kWestern = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
 UnicodeTable westernTable() {
     UnicodeTable table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte)
-        table[byte] = static_cast<char16_t>(byte);
-    std::copy(kWestern.begin(), kWestern.end(), table.begin() + 0x80);
+        table[byte] = windows1252(static_cast<unsigned char>(byte));
     return table;
 }
 
@@ -104,7 +99,7 @@ int numberForLanguage(const QLocale& locale, bool latin) {
     }
     for (const LanguagePage& page : kLanguagePages)
         if (page.language == locale.language()) return page.number;
-    return 1252;
+    return kWindows1252;
 }
 
 struct CharacterSet {
@@ -208,7 +203,7 @@ CodePage CodePage::windows(int number) {
         if (const auto table = decoderTable(QStringDecoder(name.constData())))
             return CodePage(charactersOf(*table, number));
     }
-    return CodePage(charactersOf(westernTable(), 1252));
+    return CodePage(charactersOf(westernTable(), kWindows1252));
 }
 
 QString CodePage::toUnicode(std::string_view bytes) const {

@@ -12,7 +12,6 @@
 namespace brindlex {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr double kDefaultTabTwips = 720;
 constexpr int kTabColumns = 8;
 
@@ -73,7 +72,7 @@ std::size_t LineStyle::longLine() const {
 }
 
 qreal LineStyle::fromTwips(double twips) const {
-    return device_ ? twips * device_->logicalDpiX() / kTwipsPerInch : Twips::toPixels(twips);
+    return device_ ? twips * device_->logicalDpiX() / Twips::kPerInch : Twips::toPixels(twips);
 }
 
 qreal LineStyle::wholePixels(qreal height) const {

@@ -56,10 +56,7 @@ RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
       shown_(std::make_unique<ShownLines>()) {
     setLayoutDirection(Qt::LeftToRight);  // a script is not mirrored on any desktop
     setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_InputMethodEnabled);
-    setAcceptDrops(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    viewport()->setMouseTracking(true);
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
     SetBorderStyle(1);
     SetMousePointer(0);

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/text/Windows1252.h"
+
 namespace brindlex {
 
 namespace {
 
-constexpr int kWestern = 1252;
 constexpr int kMultiplicationSign = 0xD7;
 constexpr int kDivisionSign = 0xF7;
 
@@ -32,7 +33,7 @@ CharacterTable makeLatin1() {
         lower[byte] = static_cast<std::uint8_t>(value + (isLatin1Upper(value) ? 0x20 : 0));
         letter[byte] = isLatin1Letter(value);
     }
-    return {unicode, lower, letter, kWestern};
+    return {unicode, lower, letter, kWindows1252};
 }
 
 }  // namespace
