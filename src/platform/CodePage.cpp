@@ -121,7 +121,7 @@ std::optional<NamedPage> characterSetOf(const QString& localeName) {
     const QByteArray name =
         localeName.section('@', 0, 0).section('.', 1).toLatin1().toUpper().replace('_', '-');
     const QByteArray plain = QByteArray(name).replace("-", "");
-    for (const CharacterSetName\& set : kCharacterSetNames) {
+    for (const CharacterSetName& set : kCharacterSetNames) {
         if (!plain.startsWith(set.prefix)) continue;
         const int digits = plain.sliced(qstrlen(set.prefix)).toInt();
         return NamedPage{plain.startsWith("CP125") ? "WINDOWS-" + plain.sliced(2) : name,
