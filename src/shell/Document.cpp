@@ -131,6 +131,11 @@ void yield() {
 }  // namespace
 
 void Document::load(std::string FileText, void (Document::*become)()) {
+    putIn(std::move(FileText), become);
+    if (onLoaded) onLoaded();
+}
+
+void Document::putIn(std::string FileText, void (Document::*become)()) {
     const QScopedValueRollback busy(busy_, true);
     const QScopedValueRollback loading(loading_, true);
     {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+#include <optional>
 #include <string>
 
 class QTimer;
@@ -56,6 +58,9 @@ class Document {
     bool busy() const { return busy_; }
     /// A text is being put into the editor; its name and state may not be its own yet.
     bool loading() const { return loading_; }
+    /// Raised at the end of each load, when text, name and state belong together again. The command
+    /// that loads may still have its turn.
+    std::function<void()> onLoaded;
 
     // --- At start ------------------------------------------------------------------------------
     /// Fixes what the dialogs start from.
@@ -96,6 +101,7 @@ class Document {
     void takeName(const QString& path);
     void write(const QString& path) const;
     void load(std::string FileText, void (Document::*become)());
+    void putIn(std::string FileText, void (Document::*become)());
     void save();
     void becomeUntitled();
     void becomeNamed();

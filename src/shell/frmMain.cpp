@@ -7,6 +7,8 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QTreeWidget>
+#include <algorithm>
+#include <utility>
 
 #include "dialogs/frmOptions.h"
 #include "editor/MainWindowSettings.h"
@@ -18,8 +20,6 @@
 
 namespace brindlex {
 namespace {
-
-constexpr int kCloseAgainMilliseconds = 50;
 
 QWidget* makeToolBar(QWidget* parent) {
     auto* strip = new QWidget(parent);
@@ -61,6 +61,7 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
     timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
     timerAutoSave_.setInterval(60000);
     wireEditor();
+    wireDocument();
     makeShortcuts();
     setTabOrders();
     setFirstSize();
@@ -97,6 +98,15 @@ void frmMain::wireEditor() {
                           .copy = [this] { funCopy_Click(); },
                           .paste = [this] { funPaste_Click(); },
                           .cut = [this] { funCut_Click(); }});
+}
+
+void frmMain::wireDocument() {
+    document_.onLoaded = [this] {
+        if (!std::exchange(closeWanted_, false)) return;
+        // Behind the command that has loaded, for until then the document is busy.
+        QMetaObject::invokeMethod(
+            this, [this] { close(); }, Qt::QueuedConnection);
+    };
 }
 
 void frmMain::makeShortcuts() {
@@ -178,7 +188,7 @@ void frmMain::Form_QueryUnload(bool& Cancel) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     // In a yield of a load the text and its name do not belong together yet.
-    if (document_.loading()) QTimer::singleShot(kCloseAgainMilliseconds, this, [this] { close(); });
+    closeWanted_ = document_.loading();
     bool cancel = document_.busy();
     if (!cancel && !ended_) Form_QueryUnload(cancel);
     event->setAccepted(!cancel);

@@ -88,6 +88,7 @@ class frmMain : public QWidget {
     KELP_RTBSyntax* makeEditor();
     MainLayout::Controls controls();
     void wireEditor();
+    void wireDocument();
     void makeShortcuts();
     void setFirstSize();
     void setTabOrders();
@@ -117,6 +118,7 @@ class frmMain : public QWidget {
     std::unique_ptr<frmOptions> options_;
     Long CaretPosition_ = 0;
     bool FormLoaded_ = false;
+    bool closeWanted_ = false;  // in a load, to be done behind it
     bool ended_ = false;
     bool painted_ = false;
 };
