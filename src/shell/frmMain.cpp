@@ -91,9 +91,7 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
-    editor_->rtb().onFileDropped = [this](const QString& path) {
-        KELP_RTBSyntax1_FileDropped(path);
-    };
+    editor_->rtb().onFileDropped = [this](const QString& path) { document_.openDropped(path); };
     editor_->setCommands({.undo = {},
                           .copy = [this] { funCopy_Click(); },
                           .paste = [this] { funPaste_Click(); },
@@ -239,12 +237,6 @@ void frmMain::KELP_RTBSyntax1_SelChange() {
     if (!FormLoaded_) return;
     CaretPosition_ = editor_->SelStart();
     statusPanes_.showLine(editor_->GetCurrentLine());
-}
-
-void frmMain::KELP_RTBSyntax1_FileDropped(const QString& path) {
-    // Behind the drop: where the file came from waits until the drop is over.
-    QMetaObject::invokeMethod(
-        this, [this, path] { document_.openDropped(path); }, Qt::QueuedConnection);
 }
 
 // --- Commands ------------------------------------------------------------------------------------

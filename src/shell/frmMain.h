@@ -83,7 +83,6 @@ class frmMain : public QWidget {
   private:
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
-    void KELP_RTBSyntax1_FileDropped(const QString& path);
 
     KELP_RTBSyntax* makeEditor();
     MainLayout::Controls controls();
