@@ -19,7 +19,7 @@
 namespace brindlex {
 namespace {
 
-const QString kTitleEnd = QStringLiteral(" - Brindlex");
+const QString kProgram = QStringLiteral("Brindlex");
 constexpr qsizetype kExtensionLength = 7;  // of ".script"
 
 const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),
@@ -74,30 +74,29 @@ class Document::Turn {
 };
 
 Document::Document(Surroundings surroundings) : surroundings_(std::move(surroundings)) {
-    setTitle(QStringLiteral("Brindlex"));
+    showTitle();
 }
 
 QString Document::displayName() const {
-    QStringView name = title_;
-    if (Dirty_) name.chop(1);
-    if (name.endsWith(kTitleEnd)) name.chop(kTitleEnd.size());
-    return name.toString();
+    return name_.value_or(kProgram);
+}
+
+QString Document::title() const {
+    const QString clean = name_ ? *name_ + " - " + kProgram : kProgram;
+    return Dirty_ ? clean + '*' : clean;
 }
 
 QString Document::baseName() const {
     return baseNameOf(FileTitle_);
 }
 
-void Document::setTitle(const QString& title) {
-    title_ = title;
+void Document::showTitle() {
     // "[*]" is a place holder of the toolkit unless it stands twice.
-    QString shown = title;
-    surroundings_.window.setWindowTitle(shown.replace(QLatin1String("[*]"), "[*][*]"));
+    surroundings_.window.setWindowTitle(title().replace(QLatin1String("[*]"), "[*][*]"));
 }
 
 void Document::textChanged() {
-    if (!Dirty_) setTitle(title_ + '*');
-    Dirty_ = true;
+    if (!std::exchange(Dirty_, true)) showTitle();
     startAutoSave();
 }
 
@@ -155,7 +154,8 @@ void Document::putIn(std::string FileText, void (Document::*become)()) {
 void Document::becomeUntitled() {
     Dirty_ = false;
     HasFileName_ = false;
-    setTitle("Untitled" + kTitleEnd);
+    name_ = QStringLiteral("Untitled");
+    showTitle();
     FileTitle_.clear();
     surroundings_.timerAutoSave.stop();
 }
@@ -163,7 +163,8 @@ void Document::becomeUntitled() {
 void Document::becomeNamed() {
     Dirty_ = false;
     HasFileName_ = true;
-    setTitle(FileTitle_ + kTitleEnd);
+    name_ = FileTitle_;
+    showTitle();
 }
 
 void Document::takeName(const QString& path) {
@@ -208,7 +209,7 @@ std::optional<QString> Document::askForFile(const FileQuestion& question) {
         surroundings_.desktop.showBox(&surroundings_.window,
                                       {.text = "Error " + QString::number(failure->number) +
                                                " selecting file.\r\n" + failure->description,
-                                       .title = QStringLiteral("Brindlex")});
+                                       .title = kProgram});
     const auto* path = std::get_if<QString>(&answer);
     return path ? std::optional(*path) : std::nullopt;
 }

@@ -45,8 +45,9 @@ class Document {
     bool Dirty() const { return Dirty_; }
     /// False while a document is being put into the editor, and before the first one was.
     bool EditorReady() const { return EditorReady_; }
-    const QString& title() const { return title_; }
-    /// What questions call the document: the title without program name and dirty mark.
+    /// Of the window: the display name, the program's behind it, and a "*" while it is dirty.
+    QString title() const;
+    /// What questions call the document. Before the first one, the program's name.
     QString displayName() const;
     /// The script's name without its extension; empty for a new document.
     QString baseName() const;
@@ -105,7 +106,7 @@ class Document {
     void save();
     void becomeUntitled();
     void becomeNamed();
-    void setTitle(const QString& title);
+    void showTitle();
     void startAutoSave();
     void reportUnreadable();
 
@@ -113,7 +114,7 @@ class Document {
     QString FilePath_;
     QString FileTitle_;
     QString MapName_;
-    QString title_;
+    std::optional<QString> name_;  // in the title; none before the first document
     QString saveFolder_;
     bool HasFileName_ = false;
     bool Dirty_ = false;
