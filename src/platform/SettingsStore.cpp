@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 #include "platform/Files.h"
@@ -145,7 +146,8 @@ void SettingsStore::write(const QString& application, const QString& section,
         changed = put(*entries, {section, key, value}) || changed;
     if (!changed) return;
     QDir().mkpath(folder_);
-    Files::write(path, print(*entries).toStdString());
+    // What cannot be written is dropped.
+    std::ignore = Files::write(path, print(*entries).toStdString());
 }
 
 }  // namespace brindlex

