@@ -104,8 +104,8 @@ class KELP_RTBSyntax : public RichTextHost {
     const std::string& Syntax_Constants() const { return lists_.list(ClassConstant); }
     void SetSyntax_Constants(std::string list) { setList(ClassConstant, std::move(list)); }
     /// The mark that opens and closes a string, of any length.
-    const std::string& Syntax_StringChar() const { return stringChar_; }
-    void SetSyntax_StringChar(std::string mark) { stringChar_ = std::move(mark); }
+    const std::string& Syntax_StringChar() const { return lists_.stringMark(); }
+    void SetSyntax_StringChar(std::string mark) { lists_.setStringMark(std::move(mark)); }
     /// The mark that begins a comment, of any length. It is searched for words like a word list.
     const std::string& Syntax_CommentChar() const { return lists_.list(ClassComment); }
     void SetSyntax_CommentChar(std::string mark) { setList(ClassComment, std::move(mark)); }
@@ -182,7 +182,6 @@ class KELP_RTBSyntax : public RichTextHost {
     Long curSelStart_ = 0;
     std::array<Long, kWordClassCount> colors_{};
     SyntaxLists lists_{rtb().codePage().characters()};
-    std::string stringChar_;
     Long foreColor_ = 0;
     Long hWnd_ = 0;
     int commentCharLen_ = 0;
