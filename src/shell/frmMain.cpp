@@ -161,9 +161,9 @@ void frmMain::makeOptions() {
 }
 
 void frmMain::showPanelOfSettings() {
-    if (state_.ShowTreeView == 1) sidePanels_.show(SidePanel::Commands);
-    if (state_.ShowTreeView == 0) sidePanels_.show(SidePanel::Entities);
-    if (state_.ShowTreeView == -1) sidePanels_.show(SidePanel::None);
+    if (state_.ShowTreeView == kShowCommandTree) sidePanels_.show(SidePanel::Commands);
+    if (state_.ShowTreeView == kShowEntityTree) sidePanels_.show(SidePanel::Entities);
+    if (state_.ShowTreeView == kShowNoTree) sidePanels_.show(SidePanel::None);
 }
 
 void frmMain::Form_Resize() {
