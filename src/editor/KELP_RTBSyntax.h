@@ -124,7 +124,8 @@ class KELP_RTBSyntax : public RichTextHost {
     // --- Text and colouring ----------------------------------------------------------------------
     /// Replaces the text and colours it. Raises Change twice, for the text and for the colouring.
     void SetText(std::string_view text);
-    /// The same with rich text; false, and nothing replaced, when it is damaged.
+    /// The same with rich text. False when it is damaged: the text stays then, is coloured anew all
+    /// the same, and Change is raised for that.
     bool SetTextRTF(std::string_view rtf);
     /// Colours the whole text anew and raises Change before it does.
     void ReColorize();

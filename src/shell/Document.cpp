@@ -40,14 +40,14 @@ QString baseNameOf(const QString& fileTitle) {
 class Document::LoadingTime {
   public:
     explicit LoadingTime(Document& document)
-        : document_(document), focus_(document.surroundings_.window.focusWidget()) {
+        : document_(document), focus_(document.parts_.window.focusWidget()) {
         document_.EditorReady_ = false;
-        document_.surroundings_.desktop.setBusyPointer(true);
+        document_.parts_.desktop.setBusyPointer(true);
         setVisible(false);
     }
     ~LoadingTime() {
         document_.EditorReady_ = true;
-        document_.surroundings_.desktop.setBusyPointer(false);
+        document_.parts_.desktop.setBusyPointer(false);
         setVisible(true);
         if (focus_) focus_->setFocus();
     }
@@ -56,8 +56,8 @@ class Document::LoadingTime {
 
   private:
     void setVisible(bool visible) {
-        document_.surroundings_.editor.setVisible(visible);
-        document_.surroundings_.panes.setLineVisible(visible);
+        document_.parts_.editor.setVisible(visible);
+        document_.parts_.panes.setLineVisible(visible);
     }
 
     Document& document_;
@@ -75,7 +75,7 @@ class Document::Turn {
     QScopedValueRollback<bool> busy_;
 };
 
-Document::Document(Surroundings surroundings) : surroundings_(std::move(surroundings)) {
+Document::Document(Parts parts) : parts_(std::move(parts)) {
     showTitle();
 }
 
@@ -94,7 +94,7 @@ QString Document::baseName() const {
 
 void Document::showTitle() {
     // "[*]" is a place holder of the toolkit unless it stands twice.
-    surroundings_.window.setWindowTitle(title().replace(QLatin1String("[*]"), "[*][*]"));
+    parts_.window.setWindowTitle(title().replace(QLatin1String("[*]"), "[*][*]"));
 }
 
 void Document::textChanged() {
@@ -104,20 +104,19 @@ void Document::textChanged() {
 
 void Document::startAutoSave() {
     // Starting a timer that runs would put its tick off, with each typed character anew.
-    if (!surroundings_.timerAutoSave.isActive()) surroundings_.timerAutoSave.start();
+    if (!parts_.timerAutoSave.isActive()) parts_.timerAutoSave.start();
 }
 
 void Document::initDialogs() {
-    saveFolder_ = surroundings_.state.WolfDir;
+    saveFolder_ = parts_.state.WolfDir;
 }
 
 QString Document::inProgramFolder(const char* name) const {
-    return surroundings_.programFolder + '/' + QString::fromLatin1(name);
+    return parts_.programFolder + '/' + QString::fromLatin1(name);
 }
 
 void Document::reportUnreadable() {
-    surroundings_.errors.UpdateError(
-        QStringLiteral("Unknown error involving the script or map file."));
+    parts_.errors.UpdateError(QStringLiteral("Unknown error involving the script or map file."));
 }
 
 // --- Putting a text into the editor --------------------------------------------------------------
@@ -142,15 +141,15 @@ void Document::putIn(std::string FileText, void (Document::*become)()) {
     {
         const LoadingTime loadingTime(*this);
         yield();
-        surroundings_.editor.SetText(FileText);
+        parts_.editor.SetText(FileText);
     }
     FileText = {};
-    surroundings_.panes.showLine(surroundings_.editor.GetCurrentLine());
-    const Rope loaded = surroundings_.editor.rtb().box().rope();
+    parts_.panes.showLine(parts_.editor.GetCurrentLine());
+    const Rope loaded = parts_.editor.rtb().box().rope();
     yield();
     (this->*become)();
     // Input methods and screen readers may have edited it in the yield.
-    if (!(surroundings_.editor.rtb().box().rope() == loaded)) textChanged();
+    if (!(parts_.editor.rtb().box().rope() == loaded)) textChanged();
 }
 
 void Document::becomeUntitled() {
@@ -159,7 +158,7 @@ void Document::becomeUntitled() {
     name_ = QStringLiteral("Untitled");
     showTitle();
     FileTitle_.clear();
-    surroundings_.timerAutoSave.stop();
+    parts_.timerAutoSave.stop();
 }
 
 void Document::becomeNamed() {
@@ -177,7 +176,7 @@ void Document::takeName(const QString& path) {
 // --- At start ------------------------------------------------------------------------------------
 
 void Document::startNew() {
-    if (!surroundings_.state.GetPresetEnabled) return NewFile();
+    if (!parts_.state.GetPresetEnabled) return NewFile();
     load(readPreset().value_or(std::string()), &Document::becomeUntitled);
 }
 
@@ -190,8 +189,8 @@ void Document::startWith(QString commandLine) {
 // --- Operations ----------------------------------------------------------------------------------
 
 void Document::NewFile() {
-    if (!surroundings_.state.GetPresetEnabled) {
-        surroundings_.editor.SetText({});
+    if (!parts_.state.GetPresetEnabled) {
+        parts_.editor.SetText({});
         return becomeUntitled();
     }
     if (auto preset = readPreset()) load(std::move(*preset), &Document::becomeUntitled);
@@ -206,19 +205,19 @@ std::optional<std::string> Document::readPreset() {
 }
 
 std::optional<QString> Document::askForFile(const FileQuestion& question) {
-    const FileAnswer answer = surroundings_.desktop.askFile(&surroundings_.window, question);
+    const FileAnswer answer = parts_.desktop.askFile(&parts_.window, question);
     if (const auto* failure = std::get_if<DialogFailure>(&answer))
-        surroundings_.desktop.showBox(&surroundings_.window,
-                                      {.text = "Error " + QString::number(failure->number) +
-                                               " selecting file.\r\n" + failure->description,
-                                       .title = kProgram});
+        parts_.desktop.showBox(&parts_.window,
+                               {.text = "Error " + QString::number(failure->number) +
+                                        " selecting file.\r\n" + failure->description,
+                                .title = kProgram});
     const auto* path = std::get_if<QString>(&answer);
     return path ? std::optional(*path) : std::nullopt;
 }
 
 void Document::OpenFile() {
     const auto path = askForFile({.title = QStringLiteral("Open script file"),
-                                  .folder = surroundings_.state.WolfDir,
+                                  .folder = parts_.state.WolfDir,
                                   .filters = kFilters});
     if (path) openPath(*path);
 }
@@ -249,7 +248,7 @@ void Document::SaveAs() {
 }
 
 void Document::write(const QString& path) const {
-    const Rope& text = surroundings_.editor.rtb().box().rope();
+    const Rope& text = parts_.editor.rtb().box().rope();
     constexpr std::string_view kEnd = "\r\n";
     std::string bytes;
     bytes.reserve(text.size() + kEnd.size());
@@ -267,8 +266,8 @@ void Document::write(const QString& path) const {
 bool Document::offerToSave(const QString& question, const QString& title) {
     if (!Dirty_) return true;
     const QScopedValueRollback busy(busy_, true);
-    const BoxAnswer answer = surroundings_.desktop.showBox(
-        &surroundings_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
+    const BoxAnswer answer = parts_.desktop.showBox(
+        &parts_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
     if (answer == BoxAnswer::Yes) save();
     return answer != BoxAnswer::Cancel;
 }
@@ -315,8 +314,8 @@ void Document::funSaveAs_Click() {
 void Document::funSavePreset_Click() {
     const Turn turn(*this);
     if (!turn) return;
-    const BoxAnswer answer = surroundings_.desktop.showBox(
-        &surroundings_.window,
+    const BoxAnswer answer = parts_.desktop.showBox(
+        &parts_.window,
         {.text = QStringLiteral("Are you sure you want to change the preset?\r\nWhile it is not "
                                 "extremely important, there is no option to reset it!"),
          .title = QStringLiteral("Confirm"),

@@ -21,8 +21,8 @@ struct FileQuestion;
 /// window that tells both. The text itself lives in the editor.
 class Document {
   public:
-    /// What a document works with. All of it outlives the document.
-    struct Surroundings {
+    /// The parts of the program that a document works with. All of them outlive it.
+    struct Parts {
         QWidget& window;  ///< bears the title and owns the dialogs
         const AppState& state;
         Desktop& desktop;
@@ -33,7 +33,7 @@ class Document {
         QString programFolder;  ///< holds preset.txt
     };
 
-    explicit Document(Surroundings surroundings);
+    explicit Document(Parts parts);
 
     const QString& FilePath() const { return FilePath_; }
     /// The file's name without folder; empty for a new document.
@@ -113,7 +113,7 @@ class Document {
     void startAutoSave();
     void reportUnreadable();
 
-    Surroundings surroundings_;
+    Parts parts_;
     QString FilePath_;
     QString FileTitle_;
     QString MapName_;
