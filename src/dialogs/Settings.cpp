@@ -1,5 +1,6 @@
 #include "dialogs/Settings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>

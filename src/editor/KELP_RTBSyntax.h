@@ -64,8 +64,7 @@ class KELP_RTBSyntax : public RichTextHost {
     int CommentCharLen() const { return commentCharLen_; }
     int StringCharLen() const { return stringCharLen_; }
 
-    // --- Colours: 0x00BBGGRR or a system colour. A new one shows at the next colouring.
-    // -----------
+    // --- Colours: 0x00BBGGRR or a system colour; shown at the next colouring --------------------
     Long ColorOf_Comments() const { return colors_[ClassComment]; }
     void SetColorOf_Comments(Long color) { colors_[ClassComment] = color; }
     Long ColorOf_ReservedWords() const { return colors_[ClassReserved]; }
@@ -85,8 +84,7 @@ class KELP_RTBSyntax : public RichTextHost {
     Long ColorOf_Normal() const { return colors_[ClassNormal]; }
     void SetColorOf_Normal(Long color) { colors_[ClassNormal] = color; }
 
-    // --- Syntax. A word list is one text in which each entry stands between two delimiters.
-    // --------
+    // --- Syntax. In a word list each entry stands between two delimiters ------------------------
     const std::string& Syntax_ReservedWords() const { return lists_.list(ClassReserved); }
     void SetSyntax_ReservedWords(std::string list) { setList(ClassReserved, std::move(list)); }
     const std::string& Syntax_ProceduresORFunctions() const { return lists_.list(ClassProcedure); }
@@ -150,8 +148,7 @@ class KELP_RTBSyntax : public RichTextHost {
     /// The offset of a 0-based line's first character, minus 1; -2 for a line that does not exist.
     Long GetCharNr(Long lngLineNumber) const;
 
-    // --- Stored properties
-    // -------------------------------------------------------------------------
+    // --- Stored properties ----------------------------------------------------------------------
     /// Gives the control's own fields, not the view's, their first values.
     void InitProperties();
     void ReadProperties(const PropertyBag& bag);

@@ -1,7 +1,6 @@
 #include "shell/Document.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QTimer>
