@@ -53,7 +53,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     std::function<void(int button, int shift, double x, double y)> onMouseDown;
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     std::function<void(int button, int shift, double x, double y)> onMouseUp;
-    /// A file was dropped; it is opened by whoever listens, never inserted.
+    /// A file was dropped; it is opened by whoever listens, never inserted. Raised when the drop is
+    /// over, so that nobody waits for what the handler does.
     std::function<void(const QString& path)> onFileDropped;
 
     // --- Properties of the product's interface -------------------------------------------------
