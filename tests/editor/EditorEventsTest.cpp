@@ -5,7 +5,6 @@
 
 #include "editor/NaiveColouring.h"
 #include "editor/ScriptSyntax.h"
-#include "text/Random.h"
 
 namespace brindlex::test {
 namespace {
@@ -51,7 +50,7 @@ class EditorEvents : public testing::Test {
     void expectColoured() const {
         std::vector<ColorRef> expected = colorsOf(editor);
         NaiveColouring(editor).paint(editor.Text(), 0, editor.Text().size(), expected);
-        EXPECT_EQ(colorsOf(editor), expected) << literal(editor.Text());
+        EXPECT_EQ(colorsOf(editor), expected) << testing::PrintToString(editor.Text());
         EXPECT_FALSE(editor.Colorizing());
         EXPECT_TRUE(editor.rtb().redraw());
     }
@@ -66,9 +65,8 @@ TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
     editor.SetSelStart(3);
     writeDown();
     ColorRef seen = 0;
-    const auto recordChange = editor.onChange;
     editor.onChange = [&] {
-        recordChange();
+        log.emplace_back("Change");
         seen = colorAt(0);
     };
     QTest::keyClick(&editor.rtb(), 't');
@@ -115,14 +113,11 @@ TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
         Log log;
         std::string text;
     } rows[] = {
-        {Qt::Key_Z, Qt::ControlModifier, -1, {"undo"}, "abcd"},
-        {Qt::Key_C, Qt::ControlModifier, -1, {"copy"}, "abcd"},
         {Qt::Key_V, Qt::ControlModifier, -1, {"paste"}, "abcd"},
         {Qt::Key_X, Qt::ControlModifier, -1, {"cut"}, "abcd"},
         {Qt::Key_F5, Qt::ControlModifier, -1, {"KeyDown 116 2"}, "abcd"},
         {Qt::Key_Tab, Qt::NoModifier, -1, {"KeyDown 9 0"}, "a\td"},
         {Qt::Key_Tab, Qt::NoModifier, 9, {"KeyDown 9 0"}, "abcd"},
-        {Qt::Key_X, Qt::NoModifier, -1, {"KeyDown 88 0", "KeyPress 120"}, "axd"},
         {Qt::Key_X, Qt::NoModifier, 88, {"KeyDown 88 0"}, "abcd"},
         {Qt::Key_BracketLeft, Qt::NoModifier, -1, {"KeyDown 219 0", "KeyPress 91"}, "a{d"},
         {Qt::Key_Delete, Qt::NoModifier, -1, {"KeyDown 46 0"}, "ad"},
@@ -200,13 +195,6 @@ TEST_F(EditorEvents, AHostMayThrow) {
     editor.onChange = nullptr;
     editor.SetSelText("set ");
     expectColoured();
-}
-
-TEST_F(EditorEvents, TheViewCoversTheControl) {
-    editor.resize(321, 123);
-    QTest::qWait(1);
-    EXPECT_EQ(editor.rtb().geometry(), QRect(0, 0, 321, 123));
-    EXPECT_EQ(editor.focusProxy(), &editor.rtb());
 }
 
 }  // namespace

@@ -5,15 +5,6 @@
 #include <utility>
 
 namespace brindlex::test {
-namespace {
-
-/// `length` bytes from the 1-based place `at`, fewer at the end.
-std::string middle(const std::string& text, std::size_t at, std::size_t length) {
-    return text.substr(at - 1, length);
-}
-
-}  // namespace
-
 WordClass NaiveColouring::classOf(const std::string& word) const {
     const CharacterTable& characters = editor_.rtb().codePage().characters();
     const std::string delimiter = editor_.Syntax_Delimiter();
@@ -35,12 +26,9 @@ WordClass NaiveColouring::classOf(const std::string& word) const {
 
 void NaiveColouring::paint(const std::string& text, std::size_t start, std::size_t end,
                            std::vector<ColorRef>& colors) const {
-    const std::string block = text.substr(start, end - start) + "\r\n";
-    std::size_t at = 0;
-    for (std::size_t next = block.find("\r\n"); next != std::string::npos;
-         next = block.find("\r\n", at)) {
-        paintLine(block.substr(at, next - at), start + at, colors);
-        at = next + 2;
+    for (std::size_t next = 0; start <= end; start = next + 2) {
+        next = std::min(text.find("\r\n", start), end);
+        paintLine(text.substr(start, next - start), start, colors);
     }
 }
 
@@ -59,48 +47,44 @@ void NaiveColouring::paintChange(const std::string& text, std::size_t before, st
 
 void NaiveColouring::paintLine(const std::string& line, std::size_t offset,
                                std::vector<ColorRef>& colors) const {
-    const std::string commentChar = editor_.Syntax_CommentChar();
-    const std::string stringChar = editor_.Syntax_StringChar();
-    bool inWord = false;
-    bool inString = false;
+    const std::string commentMark = editor_.Syntax_CommentChar();
+    const std::string stringMark = editor_.Syntax_StringChar();
+    enum { Between, InWord, InString } state = Between;
     std::size_t tokenStart = 0;
-    std::string token;
-    const auto apply = [&](WordClass wordClass, std::size_t at, std::size_t length) {
-        for (std::size_t k = 0; k < length; ++k) colors[offset + at - 1 + k] = colorOf(wordClass);
+    const auto apply = [&](WordClass wordClass, std::size_t from, std::size_t length) {
+        std::fill_n(colors.begin() + static_cast<std::ptrdiff_t>(offset + from), length,
+                    colorOf(wordClass));
     };
-    std::size_t i = 1;
+    std::size_t i = 0;
     const auto closeWord = [&] {
-        if (inWord) apply(classOf(token), tokenStart, i - tokenStart);
-        inWord = false;
+        if (state != InWord) return;
+        const std::size_t length = i - tokenStart;
+        apply(classOf(line.substr(tokenStart, length)), tokenStart, length);
+        state = Between;
     };
-    for (; i <= line.size(); ++i) {
-        const std::string taken = middle(line, i, stringChar.size());
-        if (!inString && middle(line, i, commentChar.size()) == commentChar) {
+    for (; i < line.size(); ++i) {
+        const std::string taken = line.substr(i, stringMark.size());
+        if (state != InString && line.compare(i, commentMark.size(), commentMark) == 0) {
             closeWord();
-            apply(ClassComment, i, line.size() - i + 1);
+            apply(ClassComment, i, line.size() - i);
             return;
         }
-        if (taken == stringChar) {
-            if (inString) {
-                apply(ClassString, tokenStart, i - tokenStart + stringChar.size());
-                inString = false;
-            } else {
-                closeWord();
-                inString = true;
-                tokenStart = i;
-            }
+        if (taken == stringMark && state == InString) {
+            apply(ClassString, tokenStart, i - tokenStart + stringMark.size());
+            state = Between;
+        } else if (taken == stringMark) {
+            closeWord();
+            state = InString;
+            tokenStart = i;
         } else if (taken == " " || taken == "\t") {
             closeWord();
             apply(ClassNormal, i, 1);
-        } else if (inWord || inString) {
-            token += line[i - 1];
-        } else {
-            inWord = true;
+        } else if (state == Between) {
+            state = InWord;
             tokenStart = i;
-            token = line.substr(i - 1, 1);
         }
     }
-    if (inString) apply(ClassString, tokenStart, i - tokenStart);
+    if (state == InString) apply(ClassString, tokenStart, i - tokenStart);
     closeWord();
 }
 
