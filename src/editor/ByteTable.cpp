@@ -4,7 +4,7 @@ namespace brindlex {
 namespace {
 
 std::uint8_t flagIf(bool holds, ByteFlag flag) {
-    return holds ? flag : std::uint8_t{0};
+    return holds ? flag : ByteFlag{};
 }
 
 bool mayBegin(std::string_view mark, char byte) {
