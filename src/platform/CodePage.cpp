@@ -56,16 +56,16 @@ std::optional<UnicodeTable> decoderTable(QStringDecoder decoder) {
 
 CharacterTable charactersOf(const UnicodeTable& unicode, int number) {
     std::array<std::uint8_t, 256> lower{};
-    std::array<bool, 256> letter{};
+    std::array<bool, 256> word{};
     for (std::size_t byte = 0; byte < unicode.size(); ++byte) {
         const QChar character(unicode[byte]);
         const auto partner =
             std::find(unicode.begin(), unicode.end(), character.toLower().unicode());
         const auto found = partner == unicode.end() ? byte : std::size_t(partner - unicode.begin());
         lower[byte] = static_cast<std::uint8_t>(found);
-        letter[byte] = character.isLetter() || character.isDigit() || character.isMark();
+        word[byte] = character.isLetter() || character.isDigit() || character.isMark();
     }
-    return {unicode, lower, letter, number};
+    return {unicode, lower, word, number};
 }
 
 struct ScriptPage {
@@ -102,11 +102,11 @@ int numberForLanguage(const QLocale& locale, bool latin) {
     return kWindows1252;
 }
 
-struct CharacterSet {
+struct CharacterSetName {
     const char* prefix;  ///< of its name, in upper case and without "-" and "_"
     int base;            ///< the Windows code page number, less the digits behind the prefix
 };
-constexpr CharacterSet kCharacterSets[] = {
+constexpr CharacterSetName kCharacterSetNames[] = {
     {"ISO8859", 28590}, {"CP125", 1250},  {"WINDOWS125", 1250}, {"CP874", 874},
     {"TIS620", 874},    {"KOI8R", 20866}, {"KOI8U", 21866},
 };
@@ -121,7 +121,7 @@ std::optional<NamedPage> characterSetOf(const QString& localeName) {
     const QByteArray name =
         localeName.section('@', 0, 0).section('.', 1).toLatin1().toUpper().replace('_', '-');
     const QByteArray plain = QByteArray(name).replace("-", "");
-    for (const CharacterSet& set : kCharacterSets) {
+    for (const CharacterSetName& set : kCharacterSetNames) {
         if (!plain.startsWith(set.prefix)) continue;
         const int digits = plain.sliced(qstrlen(set.prefix)).toInt();
         return NamedPage{plain.startsWith("CP125") ? "WINDOWS-" + plain.sliced(2) : name,

@@ -35,7 +35,7 @@ class LineStyle {
     /// The font on the screen or the device.
     const QFont& font() const { return font_; }
     void setBackground(const QColor& background);
-    /// Rows are cut at `width`; 0 for never. `available` is the width in which text is aligned.
+    /// Rows are cut at `wrap`; 0 for never. `available` is the width in which text is aligned.
     void setWidth(qreal wrap, qreal available);
     qreal wrapWidth() const { return wrapWidth_; }
     qreal availableWidth() const { return availableWidth_; }
@@ -76,7 +76,11 @@ class LineStyle {
 
     QColor color(ColorRef color) const;
     QColor standInColor() const;
+    /// Kept for as long as nothing new is asked for: valid until the next call of charFormat with
+    /// another format, and until the font or the background is set.
     const QTextCharFormat& charFormat(const CharFormat& format) const;
+    /// Valid until the next call of charFormat or advances with another format, and until the font
+    /// is set.
     const Advances& advances(const CharFormat& format) const;
     /// The width of a character of the control's own font; for estimates.
     qreal averageAdvance() const { return base().width['x']; }

@@ -232,18 +232,18 @@ class RichTextBox {
         std::span<const FormatRun> paragraphs = {};  ///< of the lines the edit leaves, or empty
     };
     /// What an edit or a move of the selection did, to be told to observer and handlers.
-    struct Happening {
+    struct ChangeNotice {
         std::optional<TextEdit> edit;
         bool selectionMoved = false;
     };
 
     // --- The one door for change; `edit` and `select` are `announce` behind what they did --------
     void edit(Range removed, const Insertion& insertion, Offset caret);
-    Happening apply(Range removed, const Insertion& insertion, Offset caret);
+    ChangeNotice apply(Range removed, const Insertion& insertion, Offset caret);
     TextEdit replaceText(Range removed, std::string_view text);
     void replaceParagraphs(const TextEdit& edit, std::span<const FormatRun> paragraphs);
     bool moveSelection(Offset anchor, Offset caret);
-    void announce(const Happening& happening);
+    void announce(const ChangeNotice& notice);
     void announceFormats(Range range);
 
     /// Normalises and cuts `text`, then edits; the caret goes behind it. `removed` splits no pair.
