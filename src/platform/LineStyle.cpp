@@ -1,6 +1,5 @@
 #include "platform/LineStyle.h"
 
-#include <QBrush>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <algorithm>

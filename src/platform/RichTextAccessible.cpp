@@ -1,6 +1,5 @@
 #include "platform/RichTextAccessible.h"
 
-#include <QFontInfo>
 #include <QScrollBar>
 #include <algorithm>
 #include <limits>

@@ -104,8 +104,7 @@ void RichTextView::selectionChanged() {
     input_->selectionChanged();
 }
 
-// --- What shows besides the text
-// ------------------------------------------------------------------
+// --- What shows besides the text -----------------------------------------------------------------
 
 void RichTextView::setPreedit(const QString& text,
                               const QList<QInputMethodEvent::Attribute>& attributes) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTextLayout>
+#include <optional>
 #include <vector>
 
 #include "platform/LineLayout.h"
