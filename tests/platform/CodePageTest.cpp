@@ -56,13 +56,6 @@ TEST(CodePage, LettersStandWhereThePageHasThem) {
     }
 }
 
-TEST(CodePage, CaseAndWordsAreThoseOfThePage) {
-    const CodePage cyrillic = CodePage::windows(1251);
-    EXPECT_EQ(cyrillic.characters().lower('\xCF'), '\xEF');
-    EXPECT_TRUE(cyrillic.characters().isWord('\xCF'));
-    EXPECT_FALSE(cyrillic.characters().isWord('\xB9'));  // the number sign
-}
-
 TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
     const Letters rows[] = {
         {1252, "", ""},

@@ -140,45 +140,6 @@ TEST(LineLayouts, ALineOfMegabytesIsMeasuredWhereItIsAskedFor) {
     EXPECT_EQ(laidOut.layouts.made(), 1U) << "the layout follows edits";
 }
 
-TEST(LineLayouts, AChangeLaysOutItsLineAlone) {
-    struct Case {
-        const char* name;
-        std::function<void(RichTextBox&)> change;
-        std::size_t made;
-    };
-    const auto replace = [](std::size_t begin, std::size_t end, const char* text) {
-        return [=](RichTextBox& box) { box.userReplace({Offset(begin), Offset(end)}, text); };
-    };
-    const auto color = [](ColorRef value) {
-        return [run = ColorRun{3, value}](RichTextBox& box) {
-            box.colorRuns(Offset(9), std::span(&run, 1));
-        };
-    };
-    const Case cases[] = {
-        {"a character", replace(12, 12, "x"), 1},
-        {"a line break", replace(12, 12, "\r\n"), 2},
-        {"two lines become one", replace(4, 8, ""), 1},
-        {"a colour", color(0xFF), 1},
-        {"a colour that is there already", color(0), 0},
-        {"a format of a paragraph", [](RichTextBox& box) { box.SetSelBullet(true); }, 1},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        LaidOutBox laidOut;
-        std::string text;
-        for (int line = 0; line < 20; ++line) text += "line\r\n";
-        laidOut.box.SetText(text);
-        const auto layOutAll = [&] {
-            for (std::size_t line = 0; line <= laidOut.box.rope().breakCount(); ++line)
-                laidOut.layouts.at(LineIndex(line));
-            return laidOut.layouts.made();
-        };
-        const std::size_t before = layOutAll();
-        row.change(laidOut.box);
-        EXPECT_EQ(layOutAll() - before, row.made);
-    }
-}
-
 TEST(LineLayouts, RowsAreCutAtTheWidthAndCoverTheLine) {
     LaidOutBox laidOut;
     for (const qreal width : {1.0, 8.0, 100.0, 333.0}) {

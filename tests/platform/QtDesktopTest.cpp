@@ -92,18 +92,5 @@ TEST(QtDesktop, FileDialogsStartInTheFolderAndAddNoSuffix) {
     EXPECT_TRUE(std::holds_alternative<Cancelled>(desktop.askFile(nullptr, question)));
 }
 
-TEST(QtDesktop, TheClipboardHoldsWhatItIsGiven) {
-    QtDesktop desktop;
-    desktop.setClipboardText(QString::fromUtf8("a\r\nb Ж"));
-    EXPECT_EQ(desktop.clipboardText(), QString::fromUtf8("a\r\nb Ж"));
-}
-
-TEST(QtDesktop, WhatIsNotThereIsNotOpened) {
-    const TempFolder folder;
-    QtDesktop desktop;
-    EXPECT_FALSE(desktop.openDocument(folder.path("readme.txt")));
-    EXPECT_FALSE(desktop.openDocument(""));
-}
-
 }  // namespace
 }  // namespace brindlex

@@ -130,18 +130,6 @@ TEST_F(Accessible, TellsFormatsAndTheirReach) {
     EXPECT_EQ(end, 6);
 }
 
-TEST_F(Accessible, BringsAStretchIntoView) {
-    std::string lines;
-    for (int i = 0; i < 300; ++i) lines += "line\r\n";
-    setText(lines);
-    for (const int offset : {200 * 6, 10 * 6, 290 * 6}) {
-        text().scrollToSubstring(offset, offset + 4);
-        EXPECT_TRUE(QRect(view_.viewport()->mapToGlobal(QPoint(0, 0)), view_.viewport()->size())
-                        .contains(text().characterRect(offset)))
-            << offset;
-    }
-}
-
 /// An event in the words "+place text", "-place text", "caret place", "select start end".
 QString described(QAccessibleEvent& event) {
     switch (event.type()) {

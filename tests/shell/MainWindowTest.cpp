@@ -6,7 +6,6 @@
 #include <QTest>
 
 #include "ShellTest.h"
-#include "shell/CaptionLabel.h"
 
 namespace brindlex {
 namespace {
@@ -122,24 +121,6 @@ TEST_F(MainWindowTest, ShortcutsReachTheirEntriesFromTheEditor) {
     EXPECT_EQ(window().focusWidget(), &control("TreeView1"));
     QTest::keyClick(&editor().rtb(), Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(panels(window()), "");
-}
-
-TEST_F(MainWindowTest, CaptionsShowToTheLetterAlsoInTheirTips) {
-    CaptionLabel label;
-    label.SetCaption("wait <b>time</b>");
-    EXPECT_EQ(label.text(), "wait <b>time</b>");
-    EXPECT_EQ(label.toolTip(), "<qt>wait &lt;b&gt;time&lt;/b&gt;</qt>");
-}
-
-TEST_F(MainWindowTest, TheTipIsAwayWhileTheButtonIsDown) {
-    start();
-    QWidget& tip = control("Picture2");
-    EXPECT_FALSE(tip.isVisible());
-    tip.show();
-    QTest::mousePress(&tip, Qt::LeftButton);
-    EXPECT_FALSE(tip.isVisible());
-    QTest::mouseRelease(&window(), Qt::LeftButton);
-    EXPECT_TRUE(tip.isVisible());
 }
 
 }  // namespace

@@ -5,15 +5,6 @@
 namespace brindlex {
 namespace {
 
-TEST(Module1Test, NamesStandBehindTheLastSeparator) {
-    const std::pair<const char*, const char*> rows[] = {{"C:\\maps\\a.script", "a.script"},
-                                                        {"/maps\\a", "a"},
-                                                        {"a.script", "a.script"},
-                                                        {"/maps/", ""},
-                                                        {"", ""}};
-    for (const auto& [path, name] : rows) EXPECT_EQ(FileNameOf(path), name) << path;
-}
-
 TEST_F(ShellTest, BrowsingWithoutAChoiceGivesTheFolderOfTheSettings) {
     AppState state;
     state.WolfDir = "/maps";
