@@ -2,7 +2,6 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <cstdio>
-#include <cstdlib>
 
 #include "platform/QtDesktop.h"
 #include "platform/SettingsStore.h"
@@ -11,7 +10,7 @@
 
 namespace {
 
-/// Ends the process when a window has painted for the first time, with the milliseconds since the
+/// Ends the event loop when a window has painted for the first time, with the milliseconds since the
 /// process began its work on standard output.
 class FirstPaint : public QObject {
   public:
@@ -29,8 +28,7 @@ class FirstPaint : public QObject {
   private:
     void report() const {
         std::printf("%.3f\n", static_cast<double>(clock_.nsecsElapsed()) / 1e6);
-        std::fflush(stdout);
-        std::_Exit(0);
+        QCoreApplication::exit(0);
     }
     const QElapsedTimer& clock_;
 };

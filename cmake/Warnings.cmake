@@ -1,10 +1,11 @@
-# Warnings are errors on every compiler that the code is built with.
+# The warnings that the code is free of. BRINDLEX_WERROR makes them errors.
 add_library(brindlex_options INTERFACE)
 if(MSVC)
-  target_compile_options(brindlex_options INTERFACE /W4 /WX /utf-8 /permissive-)
+  target_compile_options(brindlex_options INTERFACE /W4 $<$<BOOL:${BRINDLEX_WERROR}>:/WX> /utf-8 /permissive-)
 else()
   target_compile_options(brindlex_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+    $<$<BOOL:${BRINDLEX_WERROR}>:-Werror>)
 endif()
 target_include_directories(brindlex_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

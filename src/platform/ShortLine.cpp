@@ -45,7 +45,8 @@ void ShortLine::setText(const LineText& line) {
         style_.appendTo(text, piece);
         return true;
     });
-    if (preeditLength_ > 0) text.insert(static_cast<qsizetype>(preeditColumn_), line.preedit->text);
+    if (line.preedit != nullptr)
+        text.insert(static_cast<qsizetype>(preeditColumn_), line.preedit->text);
     bidirectional_ = (style_.hasRightToLeft() || preeditLength_ > 0) && runsRightToLeft(text);
     layout_.setText(text);
 }
