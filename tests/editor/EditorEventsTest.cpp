@@ -80,6 +80,7 @@ TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
     EXPECT_EQ(colorAt(0), 3U);
     EXPECT_EQ(editor.PrevSelStart(), 4);
     EXPECT_EQ(editor.CurSelStart(), 4);
+    EXPECT_EQ(editor.rtb().geometry(), QRect(0, 0, 600, 400));
 }
 
 TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
