@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <functional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
-#include "editor/NaiveColouring.h"
+#include "editor/KELP_RTBSyntax.h"
 #include "editor/ScriptSyntax.h"
 
 namespace brindlex::test {
@@ -47,12 +50,14 @@ class EditorEvents : public testing::Test {
         return editor.rtb().box().formatAt(Offset(offset)).color;
     }
 
-    void expectColoured() const {
-        std::vector<ColorRef> expected = colorsOf(editor);
-        NaiveColouring(editor).paint(editor.Text(), 0, editor.Text().size(), expected);
-        EXPECT_EQ(colorsOf(editor), expected) << testing::PrintToString(editor.Text());
+    /// What an edit coloured is what the colouring of the whole text gives.
+    void expectColoured() {
         EXPECT_FALSE(editor.Colorizing());
         EXPECT_TRUE(editor.rtb().redraw());
+        editor.onChange = nullptr;
+        const std::string found = editor.TextRTF();
+        editor.ReColorize();
+        EXPECT_EQ(found, editor.TextRTF());
     }
 
     KELP_RTBSyntax editor;
@@ -75,6 +80,7 @@ TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
     EXPECT_EQ(colorAt(0), 3U);
     EXPECT_EQ(editor.PrevSelStart(), 4);
     EXPECT_EQ(editor.CurSelStart(), 4);
+    EXPECT_EQ(editor.rtb().geometry(), QRect(0, 0, 600, 400));
 }
 
 TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {

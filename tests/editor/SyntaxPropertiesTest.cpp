@@ -40,8 +40,7 @@ TEST(SyntaxProperties, RoundTripInTheirOrder) {
         {"ColorOf_Strings", qlonglong{8}},
         {"ColorOf_Normal", qlonglong{9}},
         {"Syntax_StringChar", QString("''")},
-        {"Syntax_CommentChar", QString("//")},
-    };
+        {"Syntax_CommentChar", QString("//")}};
     PropertyBag stored;
     for (const auto& [key, value] : properties) stored.writeProperty(key, value, QVariant());
     KELP_RTBSyntax editor;

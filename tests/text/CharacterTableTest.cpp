@@ -4,9 +4,6 @@
 
 #include <string>
 
-#include "platform/text/FormatTable.h"
-#include "platform/text/Formats.h"
-
 namespace brindlex {
 namespace {
 
@@ -45,19 +42,6 @@ TEST(CharacterTable, CaseAndWordsOfLatin1) {
     for (const char other : std::string("@[`{/:\r\n\t -\x80\xA0\xD7\xF7") + '\0') {
         EXPECT_FALSE(table.isWord(other)) << other;
     }
-}
-
-TEST(FormatTable, EqualFormatsShareANumberAndDifferentOnesDoNot) {
-    FormatTable<CharFormat> table;
-    EXPECT_EQ(table.idOf(CharFormat{}), 0U);
-    const CharFormat& plain = table.format(0);
-    for (FormatId id = 1; id < 4000; ++id) {
-        const CharFormat format{.color = id / 2, .bold = id % 2 == 0, .fontName = "Courier"};
-        ASSERT_EQ(table.idOf(format), id);
-        ASSERT_EQ(table.idOf(format), id);
-        ASSERT_EQ(table.format(id), format);
-    }
-    EXPECT_EQ(&table.format(0), &plain) << "a format stays where it is";
 }
 
 }  // namespace

@@ -100,26 +100,13 @@ TYPED_TEST(RopeTest, BehavesAsAStringAndKeepsItsCopies) {
                          edits.random.between(1, 40));
             if (::testing::Test::HasFatalFailure()) FAIL() << journal.text();
         }
+        const TypeParam builtAtOnce(text);
+        expectSame(builtAtOnce, text, text.size() / 2);
+        ASSERT_TRUE(builtAtOnce == rope) << journal.text();
         for (const auto& [copy, itsText] : copies) {
             expectSame(copy, itsText, itsText.size() / 2);
             ASSERT_EQ(copy == rope, itsText == text) << journal.text();
         }
-    }
-}
-
-TYPED_TEST(RopeTest, EqualityIsOfTheBytesAndNotOfTheTree) {
-    const std::string text = test::Random(5).text(3000, "ab\n");
-    const TypeParam whole(text);
-    TypeParam grown;
-    for (const char byte : text) {
-        grown.replace(Range::at(Offset(grown.size()), 0), std::string(1, byte));
-    }
-    expectSame(whole, text, 2000);
-    EXPECT_TRUE(whole == grown);
-    for (const std::size_t place : {0, 1500, 2999}) {
-        TypeParam other = grown;
-        other.replace(Range::at(Offset(place), 1), text[place] == 'a' ? "b" : "a");
-        EXPECT_FALSE(whole == other) << place;
     }
 }
 
