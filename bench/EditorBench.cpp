@@ -37,7 +37,8 @@ class Typist {
     void typeNext() {
         const QChar c = kText[at_++ % kText.size()];
         const int key = c == u'\n' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, c == u'\n' ? QStringLiteral("\r") : QString(c));
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier,
+                        c == u'\n' ? QStringLiteral("\r") : QString(c));
         QApplication::sendEvent(&target_, &press);
     }
 

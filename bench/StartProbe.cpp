@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Ends the event loop when a window has painted for the first time, with the milliseconds since the
-/// process began its work on standard output.
+/// Ends the event loop when a window has painted for the first time, with the milliseconds since
+/// the process began its work on standard output.
 class FirstPaint : public QObject {
   public:
     explicit FirstPaint(const QElapsedTimer& clock) : clock_(clock) {

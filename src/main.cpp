@@ -1,3 +1,5 @@
 #include "shell/Module1.h"
 
-int main(int argc, char** argv) { return brindlex::runProgram(argc, argv); }
+int main(int argc, char** argv) {
+    return brindlex::runProgram(argc, argv);
+}
