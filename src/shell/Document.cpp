@@ -164,6 +164,7 @@ void Document::becomeNamed() {
 void Document::takeName(const QString& path) {
     FilePath_ = path;
     FileTitle_ = FileNameOf(path);
+    hidesFile_ = false;
 }
 
 // --- At start ------------------------------------------------------------------------------------
@@ -176,7 +177,9 @@ void Document::startNew() {
 void Document::startWith(QString commandLine) {
     takeName(commandLine.remove('"'));
     MapName_ = baseName() + ".map";
-    load(Files::read(FilePath_).value_or(std::string()), &Document::becomeNamed);
+    std::optional<std::string> FileText = Files::read(FilePath_);
+    hidesFile_ = !FileText && QFileInfo::exists(Files::toSystemPath(FilePath_));
+    load(std::move(FileText).value_or(std::string()), &Document::becomeNamed);
 }
 
 // --- Operations ----------------------------------------------------------------------------------
@@ -265,7 +268,7 @@ bool Document::offerToSave(const QString& question, const QString& title) {
 }
 
 void Document::save() {
-    if (HasFileName_)
+    if (HasFileName_ && !hidesFile_)
         SaveCurrent();
     else
         SaveAs();

@@ -63,7 +63,8 @@ class Document {
     /// A new document also when there is no preset to start it from.
     void startNew();
     /// Opens the script that the whole command line names, less its double quotes. One that cannot
-    /// be read gives an empty text under that name.
+    /// be read gives an empty text under that name; the first save then asks for a name rather than
+    /// to put it over what stands there.
     void startWith(QString commandLine);
 
     // --- Operations; they ask for nothing but a file ---------------------------------------------
@@ -110,6 +111,7 @@ class Document {
     QString title_;
     QString saveFolder_;
     bool HasFileName_ = false;
+    bool hidesFile_ = false;  // a file of the document's name is there that was never read
     bool Dirty_ = false;
     bool EditorReady_ = false;
     bool busy_ = false;

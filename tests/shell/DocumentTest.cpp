@@ -201,6 +201,20 @@ TEST_P(UnreadableTest, AsAPresetItIsReportedAndNothingIsLost) {
 INSTANTIATE_TEST_SUITE_P(Paths, UnreadableTest,
                          testing::Values("missing", "folder", "fifo", "dangling"));
 
+TEST_F(DocumentTest, AFileThatIsThereButWasNotReadIsNotSavedOver) {
+    // Too large to be read; it takes no room on the disk.
+    folder.put("scripts/huge.script", "");
+    std::filesystem::resize_file(folder.at("scripts/huge.script"), std::uintmax_t(3) << 30);
+    start(folder.path("scripts/huge.script"));
+    type("x");
+    desktop.expectFile(saveDialog(), folder.path("scripts/other.script"));
+    trigger("funSave");
+    EXPECT_EQ(std::filesystem::file_size(folder.at("scripts/huge.script")), std::uintmax_t(3)
+                                                                                << 30);
+    trigger("funSave");
+    EXPECT_EQ(folder.get("scripts/other.script"), "x\r\n");
+}
+
 // --- Names ---------------------------------------------------------------------------------------
 
 struct Name {
