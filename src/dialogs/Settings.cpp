@@ -1,5 +1,6 @@
 #include "dialogs/Settings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -127,19 +128,10 @@ void writeAll(SettingsStore& store, ValueOf valueOf) {
     store.write(Settings::kApplication, Settings::kSection, values);
 }
 
-/// The stored text; nothing when there is none.
-std::optional<QString> readKey(const SettingsStore& store, const char* key) {
-    const QString name = QString::fromLatin1(key);
-    const QString text = store.read(Settings::kApplication, Settings::kSection, name);
-    const bool there =
-        !text.isEmpty() || store.contains(Settings::kApplication, Settings::kSection, name);
-    return there ? std::optional(text) : std::nullopt;
-}
-
 }  // namespace
 
 bool Settings::isFirstRun(const SettingsStore& store) {
-    return readKey(store, kSettings[0].key).value_or(QString()).isEmpty();
+    return store.read(kApplication, kSection, kSettings[0].key).isEmpty();
 }
 
 void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
@@ -147,9 +139,10 @@ void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
 }
 
 void Settings::read(const SettingsStore& store, AppState& state) {
+    const SettingsStore::Section texts = store.readSection(kApplication, kSection);
     for (const Setting& setting : kSettings) {
-        const std::optional<QString> text = readKey(store, setting.key);
-        if (text && std::visit(Taker{state, *text}, setting.field)) continue;
+        const auto text = texts.constFind(setting.key);
+        if (text != texts.cend() && std::visit(Taker{state, *text}, setting.field)) continue;
         const QString firstValue = firstValueOf(setting, state);
         std::visit(Taker{state, firstValue}, setting.field);
     }

@@ -100,6 +100,10 @@ void frmOptions::LoadOptions() {
     txtAutoBackupMins_->setEnabled(Check6_->isChecked());
 }
 
+std::array<std::pair<QRadioButton*, int>, 3> frmOptions::panelOptions() const {
+    return {{{Option1_, kShowCommandTree}, {Option2_, kShowEntityTree}, {Option3_, kShowNoTree}}};
+}
+
 void frmOptions::setControls() {
     setValue(*Check1_, state_.GetPreset);
     setValue(*Check2_, state_.AutoComplete);
@@ -107,9 +111,8 @@ void frmOptions::setControls() {
     setValue(*Check4_, state_.AutoBlockIndent);
     setValue(*Check5_, state_.TypeOther);
     setValue(*Check6_, state_.AutoBackup);
-    if (state_.ShowTreeView == 1) Option1_->setChecked(true);
-    if (state_.ShowTreeView == 0) Option2_->setChecked(true);
-    if (state_.ShowTreeView == -1) Option3_->setChecked(true);
+    for (const auto& [option, ShowTreeView] : panelOptions())
+        if (state_.ShowTreeView == ShowTreeView) option->setChecked(true);
     for (std::size_t i = 0; i < picCol_.size(); ++i) {
         const QColor color = colorOf(state_.ColorValues[i], palette());
         setColor(*picCol_[i], QPalette::Window, color);
@@ -134,8 +137,8 @@ void frmOptions::setFontSample() {
 
 void frmOptions::setPanels() {
     mainWindow_.hidePanels();
-    if (state_.ShowTreeView == 0) mainWindow_.funScriptTar_Click();
-    if (state_.ShowTreeView == 1) mainWindow_.funShowCmd_Click();
+    if (state_.ShowTreeView == kShowEntityTree) mainWindow_.funScriptTar_Click();
+    if (state_.ShowTreeView == kShowCommandTree) mainWindow_.funShowCmd_Click();
     mainWindow_.Form_Resize();
 }
 
@@ -146,9 +149,8 @@ void frmOptions::SaveChanges() {
 
 void frmOptions::takeControls() {
     take(*Check1_, state_.GetPreset, state_.GetPresetEnabled);
-    if (Option1_->isChecked()) state_.ShowTreeView = 1;
-    if (Option2_->isChecked()) state_.ShowTreeView = 0;
-    if (Option3_->isChecked()) state_.ShowTreeView = -1;
+    for (const auto& [option, ShowTreeView] : panelOptions())
+        if (option->isChecked()) state_.ShowTreeView = ShowTreeView;
     take(*Check3_, state_.AutoIndent, state_.AutoIndentEnabled);
     take(*Check4_, state_.AutoBlockIndent, state_.AutoBlockIndentEnabled);
     take(*Check5_, state_.TypeOther, state_.TypeOtherEnabled);

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <utility>
 
 class QCheckBox;
 class QFrame;
@@ -41,6 +42,7 @@ class frmOptions : public QWidget {
   private:
     void Form_Load();
     void makeControls();
+    std::array<std::pair<QRadioButton*, int>, 3> panelOptions() const;
     void setControls();
     void setFlags();
     void setFontSample();

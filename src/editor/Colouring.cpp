@@ -113,8 +113,7 @@ void KELP_RTBSyntax::colorize(Range lines) {
 void KELP_RTBSyntax::ColorizeBlock(Range lines) {
     commentCharLen_ = static_cast<int>(Syntax_CommentChar().size());
     stringCharLen_ = static_cast<int>(Syntax_StringChar().size());
-    box().colorRuns(lines.begin(),
-                    colorsOfLines(box().rope(), lines, lists_, stringChar_, classColors()));
+    box().colorRuns(lines.begin(), colorsOfLines(box().rope(), lines, lists_, classColors()));
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {

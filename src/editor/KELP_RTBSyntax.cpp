@@ -4,11 +4,12 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/KeyCodes.h"
+
 namespace brindlex {
 namespace {
 
 constexpr int kCtrl = 2;
-constexpr int kTab = 9;
 
 /// A key of the control's own, by its code on the way down and by its control character.
 struct CommandKey {
@@ -17,10 +18,10 @@ struct CommandKey {
     std::function<void()> EditorCommands::*command;
 };
 constexpr std::array kCommandKeys = {
-    CommandKey{'Z', 26, &EditorCommands::undo},
-    CommandKey{'C', 3, &EditorCommands::copy},
-    CommandKey{'V', 22, &EditorCommands::paste},
-    CommandKey{'X', 24, &EditorCommands::cut},
+    CommandKey{'Z', kAsciiUndo, &EditorCommands::undo},
+    CommandKey{'C', kAsciiCopy, &EditorCommands::copy},
+    CommandKey{'V', kAsciiPaste, &EditorCommands::paste},
+    CommandKey{'X', kAsciiCut, &EditorCommands::cut},
 };
 
 const CommandKey* commandKey(int CommandKey::*code, int value) {
@@ -85,7 +86,7 @@ void KELP_RTBSyntax::rtb_KeyDown(int& KeyCode, int Shift) {
         return;
     }
     notifyHost(onKeyDown, KeyCode, Shift);
-    if (KeyCode != kTab) return;
+    if (KeyCode != kAsciiTab) return;  // the key's code is that of its character
     KeyCode = 0;
     SetSelText("\t");
 }

@@ -64,8 +64,7 @@ class KELP_RTBSyntax : public RichTextHost {
     int CommentCharLen() const { return commentCharLen_; }
     int StringCharLen() const { return stringCharLen_; }
 
-    // --- Colours: 0x00BBGGRR or a system colour. A new one shows at the next colouring.
-    // -----------
+    // --- Colours: 0x00BBGGRR or a system colour; shown at the next colouring --------------------
     Long ColorOf_Comments() const { return colors_[ClassComment]; }
     void SetColorOf_Comments(Long color) { colors_[ClassComment] = color; }
     Long ColorOf_ReservedWords() const { return colors_[ClassReserved]; }
@@ -85,8 +84,7 @@ class KELP_RTBSyntax : public RichTextHost {
     Long ColorOf_Normal() const { return colors_[ClassNormal]; }
     void SetColorOf_Normal(Long color) { colors_[ClassNormal] = color; }
 
-    // --- Syntax. A word list is one text in which each entry stands between two delimiters.
-    // --------
+    // --- Syntax. In a word list each entry stands between two delimiters ------------------------
     const std::string& Syntax_ReservedWords() const { return lists_.list(ClassReserved); }
     void SetSyntax_ReservedWords(std::string list) { setList(ClassReserved, std::move(list)); }
     const std::string& Syntax_ProceduresORFunctions() const { return lists_.list(ClassProcedure); }
@@ -104,8 +102,8 @@ class KELP_RTBSyntax : public RichTextHost {
     const std::string& Syntax_Constants() const { return lists_.list(ClassConstant); }
     void SetSyntax_Constants(std::string list) { setList(ClassConstant, std::move(list)); }
     /// The mark that opens and closes a string, of any length.
-    const std::string& Syntax_StringChar() const { return stringChar_; }
-    void SetSyntax_StringChar(std::string mark) { stringChar_ = std::move(mark); }
+    const std::string& Syntax_StringChar() const { return lists_.stringMark(); }
+    void SetSyntax_StringChar(std::string mark) { lists_.setStringMark(std::move(mark)); }
     /// The mark that begins a comment, of any length. It is searched for words like a word list.
     const std::string& Syntax_CommentChar() const { return lists_.list(ClassComment); }
     void SetSyntax_CommentChar(std::string mark) { setList(ClassComment, std::move(mark)); }
@@ -124,7 +122,8 @@ class KELP_RTBSyntax : public RichTextHost {
     // --- Text and colouring ----------------------------------------------------------------------
     /// Replaces the text and colours it. Raises Change twice, for the text and for the colouring.
     void SetText(std::string_view text);
-    /// The same with rich text; false, and nothing replaced, when it is damaged.
+    /// The same with rich text. False when it is damaged: the text stays then, is coloured anew all
+    /// the same, and Change is raised for that.
     bool SetTextRTF(std::string_view rtf);
     /// Colours the whole text anew and raises Change before it does.
     void ReColorize();
@@ -149,8 +148,7 @@ class KELP_RTBSyntax : public RichTextHost {
     /// The offset of a 0-based line's first character, minus 1; -2 for a line that does not exist.
     Long GetCharNr(Long lngLineNumber) const;
 
-    // --- Stored properties
-    // -------------------------------------------------------------------------
+    // --- Stored properties ----------------------------------------------------------------------
     /// Gives the control's own fields, not the view's, their first values.
     void InitProperties();
     void ReadProperties(const PropertyBag& bag);
@@ -182,7 +180,6 @@ class KELP_RTBSyntax : public RichTextHost {
     Long curSelStart_ = 0;
     std::array<Long, kWordClassCount> colors_{};
     SyntaxLists lists_{rtb().codePage().characters()};
-    std::string stringChar_;
     Long foreColor_ = 0;
     Long hWnd_ = 0;
     int commentCharLen_ = 0;

@@ -1,32 +1,14 @@
 #include "editor/LineColorizer.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
+#include <string_view>
+#include <utility>
 
 #include "editor/RopeLines.h"
 
 namespace brindlex {
 namespace {
-
-enum ByteFlag : std::uint8_t {
-    kBlank = 1,
-    kCommentFirst = 2,
-    kStringFirst = 4,
-    kMayEndWord = kBlank | kCommentFirst | kStringFirst,
-    kDelimiter = 8,
-};
-
-/// What a byte can be, and its lower-case partner.
-struct ByteTraits {
-    std::uint8_t lower = 0;
-    std::uint8_t flags = 0;
-};
-
-/// The empty mark is found in front of every byte.
-bool mayBegin(std::string_view mark, char byte) {
-    return mark.empty() || mark.front() == byte;
-}
 
 /// Room for the colours of ordinary scripts, in which a stretch of one colour takes six bytes or
 /// more.
@@ -38,24 +20,12 @@ std::size_t expectedRuns(Range lines) {
 /// after line.
 class LineColorizer {
   public:
-    LineColorizer(const SyntaxLists& lists, std::string_view stringMark, const ClassColors& colors)
+    LineColorizer(const SyntaxLists& lists, const ClassColors& colors)
         : classifier_(lists.classifier()),
+          bytes_(lists.bytes()),
           commentMark_(lists.list(ClassComment)),
-          stringMark_(stringMark),
-          colors_(colors) {
-        const auto flag = [this](char byte, ByteFlag bit) {
-            traits_[static_cast<unsigned char>(byte)].flags |= bit;
-        };
-        for (int value = 0; value < 256; ++value) {
-            const char byte = static_cast<char>(value);
-            traits_[static_cast<unsigned char>(byte)].lower =
-                static_cast<std::uint8_t>(lists.characters().lower(byte));
-            if (byte == ' ' || byte == '\t') flag(byte, kBlank);
-            if (mayBegin(commentMark_, byte)) flag(byte, kCommentFirst);
-            if (mayBegin(stringMark_, byte)) flag(byte, kStringFirst);
-            if (classifier_.isDelimiterByte(byte)) flag(byte, kDelimiter);
-        }
-    }
+          stringMark_(lists.stringMark()),
+          colors_(colors) {}
 
     void colorizeLine(std::string_view line) {
         for (std::size_t at = 0; at < line.size();) at = colorizeToken(line, at);
@@ -67,10 +37,8 @@ class LineColorizer {
     std::vector<ColorRun> take() { return std::move(runs_); }
 
   private:
-    ByteTraits traits(char byte) const { return traits_[static_cast<unsigned char>(byte)]; }
-
     std::size_t colorizeToken(std::string_view line, std::size_t at) {
-        if ((traits(line[at]).flags & kMayEndWord) == 0) return colorizeWord(line, at);
+        if ((bytes_[line[at]].flags & kMayEndWord) == 0) return colorizeWord(line, at);
         if (startsComment(line, at)) return at + paintClass(line.size() - at, ClassComment);
         if (startsString(line, at)) return colorizeString(line, at);
         if (isBlank(line, at)) return colorizeBlanks(line, at);
@@ -78,19 +46,19 @@ class LineColorizer {
     }
 
     bool startsComment(std::string_view line, std::size_t at) const {
-        return (traits(line[at]).flags & kCommentFirst) != 0 &&
+        return (bytes_[line[at]].flags & kCommentFirst) != 0 &&
                line.substr(at).starts_with(commentMark_);
     }
 
     bool startsString(std::string_view line, std::size_t at) const {
-        return (traits(line[at]).flags & kStringFirst) != 0 &&
+        return (bytes_[line[at]].flags & kStringFirst) != 0 &&
                line.substr(at).starts_with(stringMark_);
     }
 
     /// A stretch as long as the string mark is compared with the blank. With a longer mark only the
     /// last byte of a line, where the stretch is cut, can be one.
     bool isBlank(std::string_view line, std::size_t at) const {
-        return (traits(line[at]).flags & kBlank) != 0 &&
+        return (bytes_[line[at]].flags & kBlank) != 0 &&
                (stringMark_.size() == 1 || at + 1 == line.size());
     }
 
@@ -124,12 +92,12 @@ class LineColorizer {
         unsigned flags = 0;
         std::size_t end = at;
         do {
-            const ByteTraits byte = traits(line[end]);
+            const ByteTraits byte = bytes_[line[end]];
             hash.add(byte.lower);
             flags |= byte.flags;
             ++end;
         } while (end < line.size() &&
-                 ((traits(line[end]).flags & kMayEndWord) == 0 || !endsWord(line, end)));
+                 ((bytes_[line[end]].flags & kMayEndWord) == 0 || !endsWord(line, end)));
         const std::string_view word = line.substr(at, end - at);
         return at +
                paintClass(word.size(), classifier_.classOf(word, hash, (flags & kDelimiter) != 0));
@@ -149,18 +117,18 @@ class LineColorizer {
     }
 
     const WordClassifier& classifier_;
+    const ByteTable& bytes_;
     std::string_view commentMark_;
     std::string_view stringMark_;
     ClassColors colors_;
-    std::array<ByteTraits, 256> traits_;
     std::vector<ColorRun> runs_;
 };
 
 }  // namespace
 
 std::vector<ColorRun> colorsOfLines(const Rope& rope, Range lines, const SyntaxLists& lists,
-                                    std::string_view stringMark, const ClassColors& colors) {
-    LineColorizer colorizer(lists, stringMark, colors);
+                                    const ClassColors& colors) {
+    LineColorizer colorizer(lists, colors);
     colorizer.reserve(expectedRuns(lines));
     forEachLine(rope, lines, [&colorizer](std::string_view line, bool hasBreak) {
         colorizer.colorizeLine(line);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "editor/SyntaxLists.h"
@@ -17,6 +16,6 @@ namespace brindlex {
 /// the end of the line. Marks may have any length and are compared exactly; the list of comments is
 /// the comment mark. The cost is one pass over the bytes.
 std::vector<ColorRun> colorsOfLines(const Rope& rope, Range lines, const SyntaxLists& lists,
-                                    std::string_view stringMark, const ClassColors& colors);
+                                    const ClassColors& colors);
 
 }  // namespace brindlex

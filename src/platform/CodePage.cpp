@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/text/Windows1252.h"
+
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
 #endif
@@ -14,17 +16,10 @@ namespace {
 
 using UnicodeTable = std::array<char16_t, 256>;
 
-/// The upper half of Windows code page 1252 where it differs from ISO 8859-1, from 0x80.
-constexpr std::array<char16_t, 32> kWestern = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
 UnicodeTable westernTable() {
     UnicodeTable table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte)
-        table[byte] = static_cast<char16_t>(byte);
-    std::copy(kWestern.begin(), kWestern.end(), table.begin() + 0x80);
+        table[byte] = windows1252(static_cast<unsigned char>(byte));
     return table;
 }
 
@@ -61,16 +56,16 @@ std::optional<UnicodeTable> decoderTable(QStringDecoder decoder) {
 
 CharacterTable charactersOf(const UnicodeTable& unicode, int number) {
     std::array<std::uint8_t, 256> lower{};
-    std::array<bool, 256> letter{};
+    std::array<bool, 256> word{};
     for (std::size_t byte = 0; byte < unicode.size(); ++byte) {
         const QChar character(unicode[byte]);
         const auto partner =
             std::find(unicode.begin(), unicode.end(), character.toLower().unicode());
         const auto found = partner == unicode.end() ? byte : std::size_t(partner - unicode.begin());
         lower[byte] = static_cast<std::uint8_t>(found);
-        letter[byte] = character.isLetter() || character.isDigit() || character.isMark();
+        word[byte] = character.isLetter() || character.isDigit() || character.isMark();
     }
-    return {unicode, lower, letter, number};
+    return {unicode, lower, word, number};
 }
 
 struct ScriptPage {
@@ -104,14 +99,14 @@ int numberForLanguage(const QLocale& locale, bool latin) {
     }
     for (const LanguagePage& page : kLanguagePages)
         if (page.language == locale.language()) return page.number;
-    return 1252;
+    return kWindows1252;
 }
 
-struct CharacterSet {
+struct CharacterSetName {
     const char* prefix;  ///< of its name, in upper case and without "-" and "_"
     int base;            ///< the Windows code page number, less the digits behind the prefix
 };
-constexpr CharacterSet kCharacterSets[] = {
+constexpr CharacterSetName kCharacterSetNames[] = {
     {"ISO8859", 28590}, {"CP125", 1250},  {"WINDOWS125", 1250}, {"CP874", 874},
     {"TIS620", 874},    {"KOI8R", 20866}, {"KOI8U", 21866},
 };
@@ -126,7 +121,7 @@ std::optional<NamedPage> characterSetOf(const QString& localeName) {
     const QByteArray name =
         localeName.section('@', 0, 0).section('.', 1).toLatin1().toUpper().replace('_', '-');
     const QByteArray plain = QByteArray(name).replace("-", "");
-    for (const CharacterSet& set : kCharacterSets) {
+    for (const CharacterSetName& set : kCharacterSetNames) {
         if (!plain.startsWith(set.prefix)) continue;
         const int digits = plain.sliced(qstrlen(set.prefix)).toInt();
         return NamedPage{plain.startsWith("CP125") ? "WINDOWS-" + plain.sliced(2) : name,
@@ -208,7 +203,7 @@ CodePage CodePage::windows(int number) {
         if (const auto table = decoderTable(QStringDecoder(name.constData())))
             return CodePage(charactersOf(*table, number));
     }
-    return CodePage(charactersOf(westernTable(), 1252));
+    return CodePage(charactersOf(westernTable(), kWindows1252));
 }
 
 QString CodePage::toUnicode(std::string_view bytes) const {

@@ -70,7 +70,7 @@ constexpr ChordRow kChords[] = {
 std::optional<EditAction> boundAction(const QKeyEvent& event) {
     for (const StandardRow& row : kStandardKeys)
         if (event.matches(row.key)) return row.action;
-    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
+    const auto modifiers = chordOf(event);
     for (const ChordRow& row : kChords)
         if (event.key() == row.key && modifiers == row.modifiers) return row.action;
     return std::nullopt;

@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
 
 #include "platform/DiskSync.h"
 #include "platform/Files.h"

@@ -33,7 +33,7 @@ std::optional<std::string> read(const QString& path);
 /// file, or only another user's file would do) and the file itself may be written, it is written in
 /// place, and put back should that fail. Refused: a file that may not be written, and whatever is
 /// no plain file.
-bool write(const QString& path, std::string_view bytes);
+[[nodiscard]] bool write(const QString& path, std::string_view bytes);
 
 }  // namespace Files
 }  // namespace brindlex

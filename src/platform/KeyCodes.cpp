@@ -129,11 +129,6 @@ int plainCodeOf(int key) {
     return lookUp(kNamedKeys, key);
 }
 
-/// The modifiers that tell one command from another.
-Qt::KeyboardModifiers chordOf(const QKeyEvent& event) {
-    return event.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
-}
-
 int ownerCommandOf(const QKeyEvent& event) {
     struct Chord {
         int key;
@@ -175,6 +170,10 @@ int shiftOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) +
            (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
            (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+Qt::KeyboardModifiers chordOf(const QKeyEvent& event) {
+    return event.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
 }
 
 bool makesCharacters(const QKeyEvent& event) {

@@ -29,6 +29,9 @@ int keyCodeOf(const QKeyEvent& event);
 /// 1 Shift, 2 Ctrl, 4 Alt, summed up.
 int shiftOf(Qt::KeyboardModifiers modifiers);
 
+/// The modifiers that tell one command from another: all but keypad and group switch.
+Qt::KeyboardModifiers chordOf(const QKeyEvent& event);
+
 /// True when the key makes characters: event.text() is what it types. AltGr does (on some systems
 /// it is Ctrl and Alt together), a key with Ctrl or Alt alone does not.
 bool makesCharacters(const QKeyEvent& event);

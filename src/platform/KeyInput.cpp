@@ -17,22 +17,6 @@ bool leavesView(const QKeyEvent& event) {
            event.modifiers().testFlag(Qt::ControlModifier);
 }
 
-bool takesTabFocus(const QWidget& widget, const RichTextView& view) {
-    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) &&
-           !view.isAncestorOf(&widget);
-}
-
-void moveFocus(RichTextView& view, bool forward) {
-    const auto step = [forward](const QWidget* widget) {
-        return forward ? widget->nextInFocusChain() : widget->previousInFocusChain();
-    };
-    for (QWidget* widget = step(&view); widget != &view; widget = step(widget)) {
-        if (widget->window() != view.window() || !takesTabFocus(*widget, view)) continue;
-        widget->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-        return;
-    }
-}
-
 bool isControlCode(int ascii) {
     return ascii < 32 || ascii == kAsciiCtrlBackspace;
 }
@@ -44,7 +28,7 @@ void KeyInput::press(QKeyEvent& event) {
     if (consumedByKeyDown(event)) {
         return;
     } else if (leavesView(event)) {
-        moveFocus(view_, event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
+        view_.leave(event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
     } else if (makesCharacters(event)) {
         typeText(event.text());
     } else if (const int ascii = controlCodeOf(event)) {

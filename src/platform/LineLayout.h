@@ -20,6 +20,10 @@ struct Preedit {
     bool cursorVisible = true;
 };
 
+/// The width of a row that is never cut: wider than all that is laid out at once, and far from the
+/// limits of the layout's arithmetic.
+inline constexpr qreal kNoEnd = 1e7;
+
 /// What there is to lay out: one line of a box.
 struct LineText {
     const RichTextBox& box;
@@ -88,8 +92,7 @@ class LineLayout {
     virtual void paint(QPainter& painter, QPointF origin, const QRectF& clip,
                        const LineSelection& selection, const HighlightColors& colors) const = 0;
 
-    // --- A layout that can follow a change of its line says true and does
-    // --------------------------
+    // --- Following a change of the line; true when the layout could --------------------------
     /// The line's first byte now has another offset.
     virtual void moved(Offset /*begin*/) {}
     virtual bool edited(Range /*content*/, std::size_t /*column*/, std::size_t /*removed*/,

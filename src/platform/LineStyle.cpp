@@ -1,6 +1,5 @@
 #include "platform/LineStyle.h"
 
-#include <QBrush>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <algorithm>
@@ -12,10 +11,8 @@
 namespace brindlex {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr double kDefaultTabTwips = 720;
 constexpr int kTabColumns = 8;
-constexpr QChar kBullet(u'\u2022');
 
 /// Characters of no width or no shape of their own.
 bool hasNoShape(QChar character) {
@@ -23,10 +20,6 @@ bool hasNoShape(QChar character) {
     return character != u'\t' &&
            (category == QChar::Other_Control || category == QChar::Other_Format ||
             category == QChar::Other_PrivateUse || category == QChar::Other_NotAssigned);
-}
-
-bool isRightToLeft(QChar character) {
-    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
 }
 
 QRgb rgbOf(ColorRef color) {
@@ -78,7 +71,7 @@ std::size_t LineStyle::longLine() const {
 }
 
 qreal LineStyle::fromTwips(double twips) const {
-    return device_ ? twips * device_->logicalDpiX() / kTwipsPerInch : Twips::toPixels(twips);
+    return device_ ? twips * device_->logicalDpiX() / Twips::kPerInch : Twips::toPixels(twips);
 }
 
 qreal LineStyle::wholePixels(qreal height) const {
@@ -97,6 +90,10 @@ qreal LineStyle::baseRowHeight() const {
 qreal LineStyle::bulletWidth() const {
     const QFontMetricsF metrics = device_ ? QFontMetricsF(font_, device_) : QFontMetricsF(font_);
     return metrics.horizontalAdvance(kBullet) + fromTwips(bulletIndent_);
+}
+
+bool LineStyle::isRightToLeft(QChar character) {
+    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
 }
 
 void LineStyle::appendTo(QString& text, std::string_view bytes) const {

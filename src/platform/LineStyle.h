@@ -35,7 +35,7 @@ class LineStyle {
     /// The font on the screen or the device.
     const QFont& font() const { return font_; }
     void setBackground(const QColor& background);
-    /// Rows are cut at `width`; 0 for never. `available` is the width in which text is aligned.
+    /// Rows are cut at `wrap`; 0 for never. `available` is the width in which text is aligned.
     void setWidth(qreal wrap, qreal available);
     qreal wrapWidth() const { return wrapWidth_; }
     qreal availableWidth() const { return availableWidth_; }
@@ -60,6 +60,7 @@ class LineStyle {
     /// The distance of the tab stops that a paragraph does not set: eight columns of a fixed-pitch
     /// font, as in any editor of plain text and in every size, and 720 twips else.
     qreal tabDistance() const { return tabDistance_; }
+    static constexpr QChar kBullet{u'\u2022'};
     /// Where a bulleted paragraph's text begins, from its indent.
     qreal bulletWidth() const;
 
@@ -69,12 +70,17 @@ class LineStyle {
     static constexpr char16_t kStandIn = u'\u00B7';
     bool isStandIn(unsigned char byte) const { return standIn_[byte]; }
     void appendTo(QString& text, std::string_view bytes) const;
+    static bool isRightToLeft(QChar character);
     /// Whether the code page has letters that run from right to left.
     bool hasRightToLeft() const { return hasRightToLeft_; }
 
     QColor color(ColorRef color) const;
     QColor standInColor() const;
+    /// Kept for as long as nothing new is asked for: valid until the next call of charFormat with
+    /// another format, and until the font or the background is set.
     const QTextCharFormat& charFormat(const CharFormat& format) const;
+    /// Valid until the next call of charFormat or advances with another format, and until the font
+    /// is set.
     const Advances& advances(const CharFormat& format) const;
     /// The width of a character of the control's own font; for estimates.
     qreal averageAdvance() const { return base().width['x']; }

@@ -10,19 +10,6 @@ namespace brindlex {
 namespace {
 
 constexpr std::size_t kCellColumns = 128;
-const QChar kBullet(u'\u2022');
-
-std::vector<qreal> tabsOf(const ParagraphFormat& paragraph, const LineStyle& style, qreal left) {
-    std::vector<qreal> tabs;
-    for (const std::int32_t stop : paragraph.tabs)
-        if (style.fromTwips(stop) > left) tabs.push_back(style.fromTwips(stop) - left);
-    return tabs;
-}
-
-qreal textLeftOf(const ParagraphFormat& paragraph, const LineStyle& style) {
-    const qreal bullet = paragraph.bullet ? style.bulletWidth() : 0;
-    return std::max(0.0, style.fromTwips(paragraph.indent) + bullet);
-}
 
 std::unique_ptr<QTextLayout> oneRow(const QString& text, const LineStyle& style,
                                     const QList<QTextLayout::FormatRange>& formats) {
@@ -35,7 +22,6 @@ std::unique_ptr<QTextLayout> oneRow(const QString& text, const LineStyle& style,
     layout->setCacheEnabled(true);
     layout->beginLayout();
     QTextLine row = layout->createLine();
-    constexpr qreal kNoEnd = 1e6;
     row.setLineWidth(kNoEnd);
     row.setPosition({0, -row.ascent()});
     layout->endLayout();
@@ -49,9 +35,8 @@ LongLine::LongLine(const LineText& line, const LineStyle& style)
       style_(style),
       begin_(line.content.begin()),
       paragraph_(line.paragraph),
-      textLeft_(textLeftOf(line.paragraph, style)),
-      places_(line.box, style, line.content, tabsOf(line.paragraph, style, textLeft_)) {
-    if (paragraph_.bullet) bulletLeft_ = std::max(0.0, style_.fromTwips(paragraph_.indent));
+      geometry_(line.paragraph, style),
+      places_(line.box, style, line.content, geometry_.tabs) {
     if (!line.preedit || line.preedit->text.isEmpty()) return;
     preeditColumn_ = line.preeditColumn;
     preedit_ = oneRow(line.preedit->text, style_, line.preedit->formats);
@@ -99,18 +84,18 @@ LineLayout::Row LongLine::row(std::size_t) const {
 }
 
 qreal LongLine::width() const {
-    return textLeft_ + places_.width() + preeditWidth_;
+    return geometry_.textLeft + places_.width() + preeditWidth_;
 }
 
 qreal LongLine::inText(qreal x) const {
-    x -= textLeft_;
+    x -= geometry_.textLeft;
     if (!preedit_) return x;
     const qreal start = places_.xOf(preeditColumn_);
     return x > start ? std::max(start, x - preeditWidth_) : x;
 }
 
 qreal LongLine::inLine(std::size_t column, qreal x) const {
-    return textLeft_ + x + (preedit_ && column > preeditColumn_ ? preeditWidth_ : 0);
+    return geometry_.textLeft + x + (preedit_ && column > preeditColumn_ ? preeditWidth_ : 0);
 }
 
 qreal LongLine::xOf(std::size_t column) const {
@@ -118,7 +103,7 @@ qreal LongLine::xOf(std::size_t column) const {
 }
 
 qreal LongLine::preeditX(int cursor) const {
-    const qreal start = textLeft_ + places_.xOf(preeditColumn_);
+    const qreal start = geometry_.textLeft + places_.xOf(preeditColumn_);
     return preedit_ ? start + preedit_->lineAt(0).cursorToX(cursor) : start;
 }
 
@@ -184,6 +169,7 @@ std::unique_ptr<QTextLayout> LongLine::layOut(std::size_t begin, std::size_t end
     box_.visitFormats(rangeOf(begin, end), [&](Range run, const CharFormat& format) {
         add(static_cast<int>(run.begin() - (begin_ + begin)), static_cast<int>(run.length())) =
             style_.charFormat(format);
+        return true;
     });
     box_.rope().visitPieces(rangeOf(begin, end), [&](std::string_view bytes) {
         for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -200,12 +186,8 @@ std::unique_ptr<QTextLayout> LongLine::layOut(std::size_t begin, std::size_t end
 
 void LongLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
                      const LineSelection& selection, const HighlightColors& colors) const {
-    const QPointF start = origin + QPointF(textLeft_, baseline());
-    if (bulletLeft_) {
-        painter.setFont(style_.font());
-        painter.setPen(style_.color(0));
-        painter.drawText(origin + QPointF(*bulletLeft_, baseline()), kBullet);
-    }
+    const QPointF start = origin + QPointF(geometry_.textLeft, baseline());
+    geometry_.paintBullet(painter, style_, origin, baseline());
     paintPieces(clip.translated(-origin), [&](const Piece& piece, qreal left) {
         piece.layout->draw(&painter, start + QPointF(left, 0));
     });

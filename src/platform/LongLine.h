@@ -8,6 +8,7 @@
 #include "platform/LineLayout.h"
 #include "platform/LineStyle.h"
 #include "platform/LongLinePlaces.h"
+#include "platform/ParagraphGeometry.h"
 
 namespace brindlex {
 
@@ -62,8 +63,7 @@ class LongLine final : public LineLayout {
     const LineStyle& style_;
     Offset begin_;
     ParagraphFormat paragraph_;
-    qreal textLeft_;
-    std::optional<qreal> bulletLeft_;
+    ParagraphGeometry geometry_;
     LongLinePlaces places_;
     std::unique_ptr<QTextLayout> preedit_;
     std::size_t preeditColumn_ = 0;

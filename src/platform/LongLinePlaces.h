@@ -90,18 +90,18 @@ class LongLinePlaces {
 
 template <typename Visit>
 void LongLinePlaces::visitWidths(std::size_t begin, std::size_t end, Visit&& visit) const {
-    bool going = true;
     box_.visitFormats({begin_ + begin, begin_ + end}, [&](Range run, const CharFormat& format) {
-        if (!going) return;
         const LineStyle::Advances& advances = style_.advances(format);
         const qreal offset = style_.fromTwips(format.charOffset);
         ascent_ = std::max(ascent_, advances.ascent + offset);
         descent_ = std::max(descent_, advances.descent - offset);
+        bool going = true;
         box_.rope().visitPieces(run, [&](std::string_view piece) {
             for (std::size_t i = 0; going && i < piece.size(); ++i)
                 going = visit(piece[i], advances.width[static_cast<unsigned char>(piece[i])]);
             return going;
         });
+        return going;
     });
 }
 
@@ -109,17 +109,12 @@ template <typename Visit>
 void LongLinePlaces::visitFrom(std::size_t column, Visit&& visit) const {
     std::size_t at = std::min(column, length_);
     qreal left = xOf(at);
-    bool going = true;
-    while (going && at < length_) {
-        // by short stretches, since a walk over formats goes to its end
-        constexpr std::size_t kStretch = 256;
-        visitWidths(at, std::min(at + kStretch, length_), [&](char byte, qreal width) {
-            const qreal right = byte == '\t' ? nextStop(left) : left + width;
-            going = visit(at++, byte, left, right);
-            left = right;
-            return going;
-        });
-    }
+    visitWidths(at, length_, [&](char byte, qreal width) {
+        const qreal right = byte == '\t' ? nextStop(left) : left + width;
+        const bool going = visit(at++, byte, left, right);
+        left = right;
+        return going;
+    });
 }
 
 }  // namespace brindlex

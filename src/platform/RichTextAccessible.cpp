@@ -1,6 +1,5 @@
 #include "platform/RichTextAccessible.h"
 
-#include <QFontInfo>
 #include <QScrollBar>
 #include <algorithm>
 #include <limits>
@@ -135,7 +134,7 @@ QString RichTextAccessible::attributes(int offset, int* start, int* end) const {
     const FormatStretch stretch = formatStretchAt(box(), *at);
     report({stretch.range.begin(), stretch.range.begin()}, start, end);
     *end = number(stretch.range.end());
-    return textAttributes(stretch.format, view().Font());
+    return textAttributes(stretch.format, view().Font(), view().codePage());
 }
 
 QRect RichTextAccessible::characterRect(int offset) const {

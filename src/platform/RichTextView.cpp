@@ -56,10 +56,7 @@ RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
       shown_(std::make_unique<ShownLines>()) {
     setLayoutDirection(Qt::LeftToRight);  // a script is not mirrored on any desktop
     setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_InputMethodEnabled);
-    setAcceptDrops(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    viewport()->setMouseTracking(true);
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
     SetBorderStyle(1);
     SetMousePointer(0);
@@ -107,8 +104,7 @@ void RichTextView::selectionChanged() {
     input_->selectionChanged();
 }
 
-// --- What shows besides the text
-// ------------------------------------------------------------------
+// --- What shows besides the text -----------------------------------------------------------------
 
 void RichTextView::setPreedit(const QString& text,
                               const QList<QInputMethodEvent::Attribute>& attributes) {
@@ -196,8 +192,10 @@ void RichTextView::showEvent(QShowEvent* event) {
 void RichTextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {
-        case QEvent::StyleChange:
         case QEvent::FontChange:
+            if (font_) return;  // then the widget's does not show
+            [[fallthrough]];
+        case QEvent::StyleChange:
             contentWidth_ = 0;
             [[fallthrough]];
         case QEvent::PaletteChange:
@@ -224,9 +222,13 @@ void RichTextView::focusOutEvent(QFocusEvent* event) {
     changed();
 }
 
+void RichTextView::leave(bool forward) {
+    QAbstractScrollArea::focusNextPrevChild(forward);
+}
+
 bool RichTextView::focusNextPrevChild(bool) {
     return false;
-}  // Tab belongs to the text
+}
 
 void RichTextView::keyPressEvent(QKeyEvent* event) {
     input_->keyPress(*event);

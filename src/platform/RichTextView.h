@@ -53,7 +53,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     std::function<void(int button, int shift, double x, double y)> onMouseDown;
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     std::function<void(int button, int shift, double x, double y)> onMouseUp;
-    /// A file was dropped; it is opened by whoever listens, never inserted.
+    /// A file was dropped; it is opened by whoever listens, never inserted. Raised when the drop is
+    /// over, so that nobody waits for what the handler does.
     std::function<void(const QString& path)> onFileDropped;
 
     // --- Properties of the product's interface -------------------------------------------------
@@ -133,6 +134,9 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Text of an input method that is not in the box yet, shown at the caret with its attributes.
     void setPreedit(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes);
     QString preedit() const;
+    /// Hands the focus on to the next widget of the window, or the one before. Tab does not: it
+    /// belongs to the text.
+    void leave(bool forward);
     /// Shows where a drag would drop; unset hides it.
     void setDropCaret(std::optional<Offset> offset);
 

@@ -1,11 +1,9 @@
-#include <QPageLayout>
+#include <QFontInfo>
 #include <iterator>
 
 #include "platform/Files.h"
-#include "platform/LineStyle.h"
 #include "platform/RichTextView.h"
 #include "platform/TextPrinter.h"
-#include "platform/TextRows.h"
 #include "platform/Twips.h"
 
 namespace brindlex {

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <optional>
+#include <tuple>
+#include <utility>
 
 #include "platform/Files.h"
 
@@ -115,21 +117,18 @@ QString SettingsStore::pathOf(const QString& application) const {
     return folder_ + '/' + application + QLatin1String(".ini");
 }
 
-std::optional<QString> SettingsStore::find(const QString& application, const QString& section,
-                                           const QString& key) const {
-    for (const Entry& entry : load(pathOf(application)).value_or(Entries{}))
-        if (entry.section == section && entry.key == key) return entry.value;
-    return std::nullopt;
-}
-
 QString SettingsStore::read(const QString& application, const QString& section,
                             const QString& key) const {
-    return find(application, section, key).value_or(QString());
+    return readSection(application, section).value(key);
 }
 
-bool SettingsStore::contains(const QString& application, const QString& section,
-                             const QString& key) const {
-    return find(application, section, key).has_value();
+SettingsStore::Section SettingsStore::readSection(const QString& application,
+                                                  const QString& section) const {
+    Section texts;
+    for (const Entry& entry : load(pathOf(application)).value_or(Entries{}))
+        if (entry.section == section && !texts.contains(entry.key))
+            texts.insert(entry.key, entry.value);
+    return texts;
 }
 
 void SettingsStore::write(const QString& application, const QString& section, const QString& key,
@@ -147,7 +146,8 @@ void SettingsStore::write(const QString& application, const QString& section,
         changed = put(*entries, {section, key, value}) || changed;
     if (!changed) return;
     QDir().mkpath(folder_);
-    Files::write(path, print(*entries).toStdString());
+    // What cannot be written is dropped.
+    std::ignore = Files::write(path, print(*entries).toStdString());
 }
 
 }  // namespace brindlex

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -17,6 +17,8 @@ namespace brindlex {
 class SettingsStore {
   public:
     using Values = std::vector<std::pair<QString, QString>>;
+    /// Texts by their keys.
+    using Section = QHash<QString, QString>;
 
     /// The user's own store.
     SettingsStore();
@@ -25,8 +27,8 @@ class SettingsStore {
 
     /// The stored text; empty when there is none. Reads the file, so it sees what others wrote.
     QString read(const QString& application, const QString& section, const QString& key) const;
-    /// Whether there is a text for the key, be it an empty one.
-    bool contains(const QString& application, const QString& section, const QString& key) const;
+    /// All texts of a section, for the price of one. Of a key that stands twice, the first text.
+    Section readSection(const QString& application, const QString& section) const;
     /// Creates or replaces the text of a key. Waits for the disk.
     void write(const QString& application, const QString& section, const QString& key,
                const QString& value);
@@ -35,8 +37,6 @@ class SettingsStore {
 
   private:
     QString pathOf(const QString& application) const;
-    std::optional<QString> find(const QString& application, const QString& section,
-                                const QString& key) const;
 
     QString folder_;
 };

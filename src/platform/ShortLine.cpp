@@ -10,20 +10,15 @@
 namespace brindlex {
 namespace {
 
-const QChar kBullet(u'\u2022');
-/// Wider than any line that is laid out whole, and far from the limits of the layout's arithmetic.
-constexpr qreal kNoEnd = 1e7;
-
 bool runsRightToLeft(QStringView text) {
-    return std::any_of(text.begin(), text.end(), [](QChar character) {
-        return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
-    });
+    return std::any_of(text.begin(), text.end(), LineStyle::isRightToLeft);
 }
 
 }  // namespace
 
 ShortLine::ShortLine(const LineText& line, const LineStyle& style)
     : style_(style),
+      geometry_(line.paragraph, style),
       layout_(QString(), style.font(), style.device()),
       length_(line.content.length()) {
     if (line.preedit && !line.preedit->text.isEmpty()) {
@@ -32,8 +27,8 @@ ShortLine::ShortLine(const LineText& line, const LineStyle& style)
     }
     setText(line);
     setFormats(line);
-    setOptions(line.paragraph);
-    breakIntoRows(line.paragraph);
+    setOptions();
+    breakIntoRows(line.paragraph.alignment);
 }
 
 // --- Laying out ----------------------------------------------------------------------------------
@@ -67,6 +62,7 @@ void ShortLine::setFormats(const LineText& line) {
         const std::size_t cut = std::clamp(preeditColumn_, begin, end);
         if (begin < cut) add(begin, cut, format);
         if (cut < end) add(cut, end, format);
+        return true;
     });
     addStandIns(line, formats);
     for (int i = 0; preeditLength_ > 0 && i < line.preedit->formats.size(); ++i) {
@@ -99,47 +95,37 @@ void ShortLine::addStandIns(const LineText& line, QList<QTextLayout::FormatRange
     });
 }
 
-void ShortLine::setOptions(const ParagraphFormat& paragraph) {
+void ShortLine::setOptions() {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(Qt::LeftToRight);
     option.setTabStopDistance(style_.tabDistance());
     option.setWrapMode(style_.wraps() ? QTextOption::WrapAtWordBoundaryOrAnywhere
                                       : QTextOption::NoWrap);
     QList<QTextOption::Tab> tabs;
-    const qreal textLeft = edges(paragraph, true).first;
-    for (const std::int32_t stop : paragraph.tabs)
-        if (style_.fromTwips(stop) > textLeft)
-            tabs.append(QTextOption::Tab(style_.fromTwips(stop) - textLeft, QTextOption::LeftTab));
+    for (const qreal stop : geometry_.tabs)
+        tabs.append(QTextOption::Tab(stop, QTextOption::LeftTab));
     option.setTabs(tabs);
     layout_.setTextOption(option);
     layout_.setCacheEnabled(true);
 }
 
-std::pair<qreal, qreal> ShortLine::edges(const ParagraphFormat& paragraph, bool first) const {
-    qreal left = style_.fromTwips(paragraph.indent);
-    if (!first) left += style_.fromTwips(paragraph.hangingIndent);
-    if (paragraph.bullet) left += style_.bulletWidth();
-    left = std::max(0.0, left);
-    const qreal room = style_.wraps() ? style_.wrapWidth() : style_.availableWidth();
-    return {left, room - left - style_.fromTwips(paragraph.rightIndent)};
-}
-
-void ShortLine::breakIntoRows(const ParagraphFormat& paragraph) {
-    if (paragraph.bullet) bulletLeft_ = std::max(0.0, style_.fromTwips(paragraph.indent));
+void ShortLine::breakIntoRows(Alignment alignment) {
+    const qreal width = style_.wraps() ? style_.wrapWidth() : style_.availableWidth();
     layout_.beginLayout();
     for (QTextLine row = layout_.createLine(); row.isValid(); row = layout_.createLine()) {
-        const auto [left, room] = edges(paragraph, rows_.empty());
+        const qreal left = rows_.empty() ? geometry_.textLeft : geometry_.furtherLeft;
+        const qreal room = width - left - geometry_.rightIndent;
         row.setLeadingIncluded(true);
         row.setLineWidth(style_.wraps() ? std::max(1.0, room) : kNoEnd);
-        placeRow(row, paragraph, left, room);
+        placeRow(row, alignment, left, room);
     }
     layout_.endLayout();
 }
 
-void ShortLine::placeRow(QTextLine row, const ParagraphFormat& paragraph, qreal left, qreal room) {
+void ShortLine::placeRow(QTextLine row, Alignment alignment, qreal left, qreal room) {
     const qreal spare = std::max(0.0, room - row.naturalTextWidth());
-    if (paragraph.alignment == Alignment::Right) left += spare;
-    if (paragraph.alignment == Alignment::Center) left += spare / 2;
+    if (alignment == Alignment::Right) left += spare;
+    if (alignment == Alignment::Center) left += spare / 2;
     PlacedRow placed;
     placed.textLeft = style_.wholePixels(left);
     placed.baseline = style_.wholePixels(row.ascent() + offsets_.up);
@@ -204,7 +190,7 @@ std::optional<std::size_t> ShortLine::characterAt(std::size_t row, qreal x) cons
 
 void ShortLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
                       const LineSelection& selection, const HighlightColors& colors) const {
-    if (bulletLeft_) paintBullet(painter, origin);
+    geometry_.paintBullet(painter, style_, origin, rows_.front().baseline);
     layout_.draw(&painter, origin, {}, clip);
     if (selection.empty()) return;
     const std::unique_ptr<QTextLayout> selected = recolored(layout_, colors.text);
@@ -247,15 +233,9 @@ std::vector<QRectF> ShortLine::selectedParts(std::size_t row,
     return parts;
 }
 
-void ShortLine::paintBullet(QPainter& painter, QPointF origin) const {
-    painter.setFont(style_.font());
-    painter.setPen(style_.color(0));
-    painter.drawText(origin + QPointF(*bulletLeft_, rows_.front().baseline), kBullet);
-}
-
 void ShortLine::paintRow(QPainter& painter, std::size_t row, QPointF origin) const {
     const QPointF corner = origin - QPointF(0, rows_[row].box.top);
-    if (bulletLeft_ && row == 0) paintBullet(painter, corner);
+    if (row == 0) geometry_.paintBullet(painter, style_, corner, rows_.front().baseline);
     layout_.lineAt(static_cast<int>(row)).draw(&painter, corner);
 }
 

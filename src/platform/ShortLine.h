@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QTextLayout>
+#include <optional>
 #include <vector>
 
 #include "platform/LineLayout.h"
 #include "platform/LineStyle.h"
+#include "platform/ParagraphGeometry.h"
 
 namespace brindlex {
 
@@ -42,11 +44,10 @@ class ShortLine final : public LineLayout {
     void setFormats(const LineText& line);
     void makeRoom(const CharFormat& format);
     void addStandIns(const LineText& line, QList<QTextLayout::FormatRange>& formats) const;
-    void setOptions(const ParagraphFormat& paragraph);
-    void breakIntoRows(const ParagraphFormat& paragraph);
-    /// The left edge of the text of the first or a further row, and the room to its right.
-    std::pair<qreal, qreal> edges(const ParagraphFormat& paragraph, bool first) const;
-    void placeRow(QTextLine row, const ParagraphFormat& paragraph, qreal left, qreal room);
+    void setOptions();
+    void breakIntoRows(Alignment alignment);
+    /// `left` is the left edge of the row, `room` how much there is for its text.
+    void placeRow(QTextLine row, Alignment alignment, qreal left, qreal room);
 
     /// Where the character of a column stands in the layout's text, which holds the preedit text
     /// too, and back.
@@ -57,9 +58,9 @@ class ShortLine final : public LineLayout {
     qreal xInLayout(int position) const;
     /// Where the selected characters of a row stand, from the line's corner.
     std::vector<QRectF> selectedParts(std::size_t row, const LineSelection& selection) const;
-    void paintBullet(QPainter& painter, QPointF origin) const;
 
     const LineStyle& style_;
+    ParagraphGeometry geometry_;
     QTextLayout layout_;
     std::vector<PlacedRow> rows_;
     qreal width_ = 0;
@@ -68,7 +69,6 @@ class ShortLine final : public LineLayout {
     std::size_t preeditColumn_ = 0;
     int preeditLength_ = 0;
     bool bidirectional_ = false;
-    std::optional<qreal> bulletLeft_;
 };
 
 }  // namespace brindlex

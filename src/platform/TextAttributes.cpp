@@ -1,7 +1,9 @@
 #include "platform/TextAttributes.h"
 
 #include <QFont>
+#include <algorithm>
 
+#include "platform/CodePage.h"
 #include "platform/text/RichTextBox.h"
 
 namespace brindlex {
@@ -22,9 +24,9 @@ QString colorEntry(ColorRef color) {
                               .arg(color >> 16 & 0xFF));
 }
 
-QString fontEntries(const CharFormat& format, const QFont& font) {
+QString fontEntries(const CharFormat& format, const QFont& font, const CodePage& codePage) {
     const QString family =
-        format.fontName.empty() ? font.family() : QString::fromStdString(format.fontName);
+        format.fontName.empty() ? font.family() : codePage.toUnicode(format.fontName);
     const double points =
         format.fontHalfPoints > 0 ? format.fontHalfPoints / 2.0 : font.pointSizeF();
     return entry("font-family", QLatin1Char('"') + family + QLatin1Char('"')) +
@@ -35,16 +37,15 @@ QString fontEntries(const CharFormat& format, const QFont& font) {
 
 FormatStretch formatStretchAt(const RichTextBox& box, Offset offset) {
     const Range line = box.lineContent(box.rope().lineOf(offset));
-    FormatStretch found{{line.begin(), line.begin()}, {}};
-    box.visitFormats(line, [&](Range range, const CharFormat& format) {
-        const bool reached = found.range.end() > offset;
-        if (!reached) found = {range, format};
-    });
-    return found;
+    if (line.empty()) return {line, {}};
+    const Offset inLine = std::min(offset, line.end() - 1);
+    const Range run = box.formatRangeAt(inLine);
+    return {{std::max(run.begin(), line.begin()), std::min(run.end(), line.end())},
+            box.formatAt(inLine)};
 }
 
-QString textAttributes(const CharFormat& format, const QFont& font) {
-    QString all = fontEntries(format, font) + colorEntry(format.color);
+QString textAttributes(const CharFormat& format, const QFont& font, const CodePage& codePage) {
+    QString all = fontEntries(format, font, codePage) + colorEntry(format.color);
     all += entry("font-weight", format.bold || font.bold() ? "bold" : "normal");
     all += entry("font-style", format.italic || font.italic() ? "italic" : "normal");
     all += entry("text-underline-style", format.underline || font.underline() ? "solid" : "none");

@@ -9,6 +9,7 @@ class QFont;
 
 namespace brindlex {
 
+class CodePage;
 class RichTextBox;
 
 /// Neighbouring characters of one format.
@@ -18,11 +19,11 @@ struct FormatStretch {
 };
 
 /// The stretch of equal format on the line of `offset` that holds it; at the end of a line the last
-/// one, which is empty in an empty line.
+/// one, which is empty in an empty line. Cost: O(log n).
 FormatStretch formatStretchAt(const RichTextBox& box, Offset offset);
 
 /// A format as a list "name:value;" in the terms of IAccessible2. `font` is what characters without
-/// a font of their own have.
-QString textAttributes(const CharFormat& format, const QFont& font);
+/// a font of their own have, `codePage` what names of fonts are written in.
+QString textAttributes(const CharFormat& format, const QFont& font, const CodePage& codePage);
 
 }  // namespace brindlex

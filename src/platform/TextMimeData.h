@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMimeData>
+#include <utility>
 
 #include "platform/CodePage.h"
 #include "platform/text/Rope.h"

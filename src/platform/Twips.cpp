@@ -9,8 +9,6 @@
 namespace brindlex {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-
 double dotsPerInch() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? screen->logicalDotsPerInchX() : 96;
@@ -19,14 +17,14 @@ double dotsPerInch() {
 }  // namespace
 
 int Twips::toPixels(double twips) {
-    const double pixels = std::round(twips * dotsPerInch() / kTwipsPerInch);
+    const double pixels = std::round(twips * dotsPerInch() / kPerInch);
     if (std::isnan(pixels)) return 0;
     using Int = std::numeric_limits<int>;
     return static_cast<int>(std::clamp<double>(pixels, Int::min(), Int::max()));
 }
 
 double Twips::fromPixels(double pixels) {
-    return pixels * kTwipsPerInch / dotsPerInch();
+    return pixels * kPerInch / dotsPerInch();
 }
 
 }  // namespace brindlex

@@ -9,6 +9,12 @@
 
 namespace brindlex {
 
+/// The values of ShowTreeView: which side panel shows from the start. Any other shows none and
+/// leaves the choice of the options dialog as it is.
+inline constexpr int kShowCommandTree = 1;
+inline constexpr int kShowEntityTree = 0;
+inline constexpr int kShowNoTree = -1;
+
 /// The shared record of the program: it lives for the whole run and is reached from every window.
 /// A setting that the user can switch stands twice: as the number that the settings store holds,
 /// and with `Enabled` behind its name as the flag that the program tests.
@@ -31,7 +37,7 @@ struct AppState {
     bool FontStrikeThru = false;
     bool FontUnderline = false;
     int GetPreset = 0;
-    int ShowTreeView = 0;  ///< 1 the command tree, 0 the entity tree, -1 neither
+    int ShowTreeView = kShowEntityTree;
     int AutoIndent = 0;
     int AutoBlockIndent = 0;
     int TypeOther = 0;

@@ -1,12 +1,13 @@
 #include "shell/Document.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
+#include <tuple>
 #include <utility>
+#include <variant>
 
 #include "editor/KELP_RTBSyntax.h"
 #include "platform/Desktop.h"
@@ -19,7 +20,7 @@
 namespace brindlex {
 namespace {
 
-const QString kTitleEnd = QStringLiteral(" - Brindlex");
+const QString kProgram = QStringLiteral("Brindlex");
 constexpr qsizetype kExtensionLength = 7;  // of ".script"
 
 const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),
@@ -38,14 +39,14 @@ QString baseNameOf(const QString& fileTitle) {
 class Document::LoadingTime {
   public:
     explicit LoadingTime(Document& document)
-        : document_(document), focus_(document.surroundings_.window.focusWidget()) {
+        : document_(document), focus_(document.parts_.window.focusWidget()) {
         document_.EditorReady_ = false;
-        document_.surroundings_.desktop.setBusyPointer(true);
+        document_.parts_.desktop.setBusyPointer(true);
         setVisible(false);
     }
     ~LoadingTime() {
         document_.EditorReady_ = true;
-        document_.surroundings_.desktop.setBusyPointer(false);
+        document_.parts_.desktop.setBusyPointer(false);
         setVisible(true);
         if (focus_) focus_->setFocus();
     }
@@ -54,8 +55,8 @@ class Document::LoadingTime {
 
   private:
     void setVisible(bool visible) {
-        document_.surroundings_.editor.setVisible(visible);
-        document_.surroundings_.panes.setLineVisible(visible);
+        document_.parts_.editor.setVisible(visible);
+        document_.parts_.panes.setLineVisible(visible);
     }
 
     Document& document_;
@@ -73,50 +74,48 @@ class Document::Turn {
     QScopedValueRollback<bool> busy_;
 };
 
-Document::Document(Surroundings surroundings) : surroundings_(std::move(surroundings)) {
-    setTitle(QStringLiteral("Brindlex"));
+Document::Document(Parts parts) : parts_(std::move(parts)) {
+    showTitle();
 }
 
 QString Document::displayName() const {
-    QStringView name = title_;
-    if (Dirty_) name.chop(1);
-    if (name.endsWith(kTitleEnd)) name.chop(kTitleEnd.size());
-    return name.toString();
+    return name_.value_or(kProgram);
+}
+
+QString Document::title() const {
+    const QString clean = name_ ? *name_ + " - " + kProgram : kProgram;
+    return Dirty_ ? clean + '*' : clean;
 }
 
 QString Document::baseName() const {
     return baseNameOf(FileTitle_);
 }
 
-void Document::setTitle(const QString& title) {
-    title_ = title;
+void Document::showTitle() {
     // "[*]" is a place holder of the toolkit unless it stands twice.
-    QString shown = title;
-    surroundings_.window.setWindowTitle(shown.replace(QLatin1String("[*]"), "[*][*]"));
+    parts_.window.setWindowTitle(title().replace(QLatin1String("[*]"), "[*][*]"));
 }
 
 void Document::textChanged() {
-    if (!Dirty_) setTitle(title_ + '*');
-    Dirty_ = true;
+    if (!std::exchange(Dirty_, true)) showTitle();
     startAutoSave();
 }
 
 void Document::startAutoSave() {
     // Starting a timer that runs would put its tick off, with each typed character anew.
-    if (!surroundings_.timerAutoSave.isActive()) surroundings_.timerAutoSave.start();
+    if (!parts_.timerAutoSave.isActive()) parts_.timerAutoSave.start();
 }
 
 void Document::initDialogs() {
-    saveFolder_ = surroundings_.state.WolfDir;
+    saveFolder_ = parts_.state.WolfDir;
 }
 
 QString Document::inProgramFolder(const char* name) const {
-    return surroundings_.programFolder + '/' + QString::fromLatin1(name);
+    return parts_.programFolder + '/' + QString::fromLatin1(name);
 }
 
 void Document::reportUnreadable() {
-    surroundings_.errors.UpdateError(
-        QStringLiteral("Unknown error involving the script or map file."));
+    parts_.errors.UpdateError(QStringLiteral("Unknown error involving the script or map file."));
 }
 
 // --- Putting a text into the editor --------------------------------------------------------------
@@ -131,34 +130,41 @@ void yield() {
 }  // namespace
 
 void Document::load(std::string FileText, void (Document::*become)()) {
+    putIn(std::move(FileText), become);
+    if (onLoaded) onLoaded();
+}
+
+void Document::putIn(std::string FileText, void (Document::*become)()) {
     const QScopedValueRollback busy(busy_, true);
     const QScopedValueRollback loading(loading_, true);
     {
         const LoadingTime loadingTime(*this);
         yield();
-        surroundings_.editor.SetText(FileText);
+        parts_.editor.SetText(FileText);
     }
     FileText = {};
-    surroundings_.panes.showLine(surroundings_.editor.GetCurrentLine());
-    const Rope loaded = surroundings_.editor.rtb().box().rope();
+    parts_.panes.showLine(parts_.editor.GetCurrentLine());
+    const Rope loaded = parts_.editor.rtb().box().rope();
     yield();
     (this->*become)();
     // Input methods and screen readers may have edited it in the yield.
-    if (!(surroundings_.editor.rtb().box().rope() == loaded)) textChanged();
+    if (!(parts_.editor.rtb().box().rope() == loaded)) textChanged();
 }
 
 void Document::becomeUntitled() {
     Dirty_ = false;
     HasFileName_ = false;
-    setTitle("Untitled" + kTitleEnd);
+    name_ = QStringLiteral("Untitled");
+    showTitle();
     FileTitle_.clear();
-    surroundings_.timerAutoSave.stop();
+    parts_.timerAutoSave.stop();
 }
 
 void Document::becomeNamed() {
     Dirty_ = false;
     HasFileName_ = true;
-    setTitle(FileTitle_ + kTitleEnd);
+    name_ = FileTitle_;
+    showTitle();
 }
 
 void Document::takeName(const QString& path) {
@@ -170,7 +176,7 @@ void Document::takeName(const QString& path) {
 // --- At start ------------------------------------------------------------------------------------
 
 void Document::startNew() {
-    if (!surroundings_.state.GetPresetEnabled) return NewFile();
+    if (!parts_.state.GetPresetEnabled) return NewFile();
     load(readPreset().value_or(std::string()), &Document::becomeUntitled);
 }
 
@@ -185,8 +191,8 @@ void Document::startWith(QString commandLine) {
 // --- Operations ----------------------------------------------------------------------------------
 
 void Document::NewFile() {
-    if (!surroundings_.state.GetPresetEnabled) {
-        surroundings_.editor.SetText({});
+    if (!parts_.state.GetPresetEnabled) {
+        parts_.editor.SetText({});
         return becomeUntitled();
     }
     if (auto preset = readPreset()) load(std::move(*preset), &Document::becomeUntitled);
@@ -201,19 +207,19 @@ std::optional<std::string> Document::readPreset() {
 }
 
 std::optional<QString> Document::askForFile(const FileQuestion& question) {
-    const FileAnswer answer = surroundings_.desktop.askFile(&surroundings_.window, question);
+    const FileAnswer answer = parts_.desktop.askFile(&parts_.window, question);
     if (const auto* failure = std::get_if<DialogFailure>(&answer))
-        surroundings_.desktop.showBox(&surroundings_.window,
-                                      {.text = "Error " + QString::number(failure->number) +
-                                               " selecting file.\r\n" + failure->description,
-                                       .title = QStringLiteral("Brindlex")});
+        parts_.desktop.showBox(&parts_.window,
+                               {.text = "Error " + QString::number(failure->number) +
+                                        " selecting file.\r\n" + failure->description,
+                                .title = kProgram});
     const auto* path = std::get_if<QString>(&answer);
     return path ? std::optional(*path) : std::nullopt;
 }
 
 void Document::OpenFile() {
     const auto path = askForFile({.title = QStringLiteral("Open script file"),
-                                  .folder = surroundings_.state.WolfDir,
+                                  .folder = parts_.state.WolfDir,
                                   .filters = kFilters});
     if (path) openPath(*path);
 }
@@ -244,7 +250,7 @@ void Document::SaveAs() {
 }
 
 void Document::write(const QString& path) const {
-    const Rope& text = surroundings_.editor.rtb().box().rope();
+    const Rope& text = parts_.editor.rtb().box().rope();
     constexpr std::string_view kEnd = "\r\n";
     std::string bytes;
     bytes.reserve(text.size() + kEnd.size());
@@ -253,7 +259,8 @@ void Document::write(const QString& path) const {
         return true;
     });
     bytes += kEnd;
-    Files::write(path, bytes);
+    // The product counts a failed save as saved and tells nobody; the old file stays whole.
+    std::ignore = Files::write(path, bytes);
 }
 
 // --- Commands ------------------------------------------------------------------------------------
@@ -261,8 +268,8 @@ void Document::write(const QString& path) const {
 bool Document::offerToSave(const QString& question, const QString& title) {
     if (!Dirty_) return true;
     const QScopedValueRollback busy(busy_, true);
-    const BoxAnswer answer = surroundings_.desktop.showBox(
-        &surroundings_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
+    const BoxAnswer answer = parts_.desktop.showBox(
+        &parts_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
     if (answer == BoxAnswer::Yes) save();
     return answer != BoxAnswer::Cancel;
 }
@@ -309,8 +316,8 @@ void Document::funSaveAs_Click() {
 void Document::funSavePreset_Click() {
     const Turn turn(*this);
     if (!turn) return;
-    const BoxAnswer answer = surroundings_.desktop.showBox(
-        &surroundings_.window,
+    const BoxAnswer answer = parts_.desktop.showBox(
+        &parts_.window,
         {.text = QStringLiteral("Are you sure you want to change the preset?\r\nWhile it is not "
                                 "extremely important, there is no option to reset it!"),
          .title = QStringLiteral("Confirm"),

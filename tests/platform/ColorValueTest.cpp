@@ -25,7 +25,6 @@ TEST(ColorValue, SystemColoursFollowThePalette) {
     EXPECT_EQ(ColorValue(0x80000005).resolve(palette), QColor("#102030"));
     EXPECT_EQ(ColorValue(0x80000012).resolve(palette), QColor("#405060"));
     EXPECT_EQ(ColorValue(0x80000011).resolve(palette), QColor("#708090"));
-    EXPECT_EQ(ColorValue(0xFFFFFFFF).resolve(palette), QColor(Qt::black));
     EXPECT_EQ(ColorValue(0x80ABCD05).resolve(palette), QColor("#102030")) << "only the low byte";
 }
 

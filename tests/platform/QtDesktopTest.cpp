@@ -30,29 +30,24 @@ void whenOpen(Action action) {
     });
 }
 
-struct KeyRow {
-    BoxButtons buttons;
-    Qt::Key key;
-    BoxAnswer answer;
-};
-
-class BoxKey : public testing::TestWithParam<KeyRow> {};
-
-TEST_P(BoxKey, GivesTheAnswer) {
-    whenOpen<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, GetParam().key); });
+TEST(QtDesktop, KeysAnswerABox) {
+    struct Case {
+        BoxButtons buttons;
+        BoxAnswer onEscape;
+        BoxAnswer onReturn;
+    };
     QtDesktop desktop;
-    EXPECT_EQ(desktop.showBox(nullptr, {"Text", "Title", BoxIcon::Question, GetParam().buttons}),
-              GetParam().answer);
+    for (const Case& row : {Case{BoxButtons::Ok, BoxAnswer::Ok, BoxAnswer::Ok},
+                            Case{BoxButtons::YesNo, BoxAnswer::No, BoxAnswer::Yes},
+                            Case{BoxButtons::YesNoCancel, BoxAnswer::Cancel, BoxAnswer::Yes}}) {
+        const auto answerTo = [&](Qt::Key key) {
+            whenOpen<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
+            return desktop.showBox(nullptr, {"Text", "Title", BoxIcon::Question, row.buttons});
+        };
+        EXPECT_EQ(answerTo(Qt::Key_Escape), row.onEscape);
+        EXPECT_EQ(answerTo(Qt::Key_Return), row.onReturn);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, BoxKey,
-    testing::Values(KeyRow{BoxButtons::Ok, Qt::Key_Escape, BoxAnswer::Ok},
-                    KeyRow{BoxButtons::YesNo, Qt::Key_Escape, BoxAnswer::No},
-                    KeyRow{BoxButtons::YesNoCancel, Qt::Key_Escape, BoxAnswer::Cancel},
-                    KeyRow{BoxButtons::Ok, Qt::Key_Return, BoxAnswer::Ok},
-                    KeyRow{BoxButtons::YesNo, Qt::Key_Return, BoxAnswer::Yes},
-                    KeyRow{BoxButtons::YesNoCancel, Qt::Key_Return, BoxAnswer::Yes}));
 
 TEST(QtDesktop, BoxesShowPlainTextWithLineBreaksAndTheNormalPointer) {
     QtDesktop desktop;
@@ -95,21 +90,6 @@ TEST(QtDesktop, FileDialogsStartInTheFolderAndAddNoSuffix) {
     question.folder = "C:\\No such folder";
     whenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     EXPECT_TRUE(std::holds_alternative<Cancelled>(desktop.askFile(nullptr, question)));
-}
-
-TEST(QtDesktop, TheClipboardHoldsWhatItIsGiven) {
-    QtDesktop desktop;
-    desktop.setClipboardText(QString::fromUtf8("a\r\nb Ж"));
-    EXPECT_EQ(desktop.clipboardText(), QString::fromUtf8("a\r\nb Ж"));
-    desktop.setClipboardText("");
-    EXPECT_EQ(desktop.clipboardText(), "");
-}
-
-TEST(QtDesktop, WhatIsNotThereIsNotOpened) {
-    const TempFolder folder;
-    QtDesktop desktop;
-    EXPECT_FALSE(desktop.openDocument(folder.path("readme.txt")));
-    EXPECT_FALSE(desktop.openDocument(""));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -12,7 +11,6 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMimeData>
-#include <QScrollBar>
 #include <QStyleHints>
 #include <QTest>
 #include <QTimer>
@@ -20,7 +18,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/KeyCodes.h"
 #include "platform/RichTextView.h"
 #include "platform/TextMimeData.h"
 #include "platform/Twips.h"
@@ -30,9 +27,16 @@ namespace {
 
 /// Texts are written with '|' for the caret, '^' for the other end of the selection and '\n' for a
 /// line break.
-class MarkedText {
-  public:
-    static void put(RichTextView& view, std::string_view marked) {
+class Input : public testing::Test {
+  protected:
+    Input() {
+        view_.resize(640, 320);
+        view_.show();
+        view_.setFocus();
+        QApplication::setActiveWindow(&view_);
+    }
+
+    void put(std::string_view marked) {
         std::string text;
         std::optional<Offset> anchor;
         Offset caret;
@@ -44,14 +48,13 @@ class MarkedText {
             else
                 text += byte == '\n' ? std::string("\r\n") : std::string(1, byte);
         }
-        view.box().SetText(text);
-        view.box().select(anchor.value_or(caret), caret);
+        view_.box().SetText(text);
+        view_.box().select(anchor.value_or(caret), caret);
     }
-
-    static std::string of(RichTextView& view) {
-        const RichTextBox& box = view.box();
-        std::string marked;
+    std::string marked() const {
+        const RichTextBox& box = view_.box();
         const std::string text = box.Text();
+        std::string marked;
         for (std::size_t at = 0; at <= text.size(); ++at) {
             if (box.anchor() != box.caret() && box.anchor() == Offset(at)) marked += '^';
             if (box.caret() == Offset(at)) marked += '|';
@@ -59,56 +62,36 @@ class MarkedText {
         }
         return marked;
     }
-};
-
-class Input : public testing::Test {
-  protected:
-    Input() {
-        view_.resize(640, 320);
-        view_.show();
-        view_.setFocus();
-        QApplication::setActiveWindow(&view_);
-    }
-
-    void put(std::string_view marked) { MarkedText::put(view_, marked); }
-    std::string marked() { return MarkedText::of(view_); }
-    void type(const QString& text, Qt::KeyboardModifiers modifiers = {}, int key = 0) {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
-        QApplication::sendEvent(&view_, &event);
+    void strike(const std::vector<QKeyCombination>& keys) {
+        for (const QKeyCombination& key : keys)
+            QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
     }
     /// A pixel on the left half of the character at `offset`.
     QPoint pixel(std::size_t offset) const {
         const QRect place = view_.characterRect(Offset(offset));
         return {place.left() + place.width() / 4, place.center().y()};
     }
-    void press(std::size_t at, Qt::KeyboardModifiers modifiers = {},
-               Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mousePress(view_.viewport(), button, modifiers, pixel(at));
-    }
-    void release(std::size_t at, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseRelease(view_.viewport(), button, {}, pixel(at));
-    }
-    void drag(QPoint to) {
-        QMouseEvent event(QEvent::MouseMove, to, view_.viewport()->mapToGlobal(to), Qt::NoButton,
-                          Qt::LeftButton, Qt::NoModifier);
+    void mouse(QEvent::Type type, QPoint at, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = {}) {
+        QMouseEvent event(type, at, view_.viewport()->mapToGlobal(at), button, button, modifiers);
         QApplication::sendEvent(view_.viewport(), &event);
     }
-    /// A double click, after an earlier one no longer counts.
-    void doubleClick(std::size_t at) {
-        QMouseEvent event(QEvent::MouseButtonDblClick, pixel(at),
-                          view_.viewport()->mapToGlobal(pixel(at)), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(view_.viewport(), &event);
+    void mouse(QEvent::Type type, std::size_t at, Qt::MouseButton button = Qt::LeftButton) {
+        mouse(type, pixel(at), button);
     }
 
     const CodePage page_ = CodePage::windows(1252);
     RichTextView view_{nullptr, page_};
 };
 
-// --- Keys -------------------------------------------------------------------------------------
-
 constexpr auto kShift = Qt::ShiftModifier;
 constexpr auto kCtrl = Qt::ControlModifier;
+constexpr auto kPress = QEvent::MouseButtonPress;
+constexpr auto kRelease = QEvent::MouseButtonRelease;
+constexpr auto kDouble = QEvent::MouseButtonDblClick;
+constexpr auto kMove = QEvent::MouseMove;
+
+// --- Keys ----------------------------------------------------------------------------------------
 
 struct KeyCase {
     const char* start;
@@ -120,75 +103,46 @@ class Keys : public Input, public testing::WithParamInterface<KeyCase> {};
 
 TEST_P(Keys, MoveSelectAndEdit) {
     put(GetParam().start);
-    for (const QKeyCombination& key : GetParam().keys)
-        QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
+    strike(GetParam().keys);
     EXPECT_EQ(marked(), GetParam().expected);
 }
 
 const KeyCase kKeyCases[] = {
     // characters, line breaks, overwriting
-    {"a|b", {Qt::Key_X}, "ax|b"},
     {"a^bc|d", {Qt::Key_X}, "ax|d"},
     {"a|b", {Qt::Key_Return}, "a\n|b"},
     {"a|b", {Qt::Key_Enter | Qt::KeypadModifier}, "a\n|b"},
-    {"a|b", {kShift | Qt::Key_Return}, "a\n|b"},
-    {"a|b", {Qt::Key_Tab}, "a\t|b"},
-    {"ab|c", {Qt::Key_Escape}, "ab|c"},
+    {"a|b", {Qt::Key_Tab, Qt::Key_Escape}, "a\t|b"},
     {"a|bc\nd", {Qt::Key_Insert, Qt::Key_X, Qt::Key_Y, Qt::Key_Z}, "axyz|\nd"},
-    {"a^b|c", {Qt::Key_Insert, Qt::Key_X}, "ax|c"},
-    {"a|b", {Qt::Key_Insert, Qt::Key_Return}, "a\n|b"},
     {"a|bc", {Qt::Key_Insert, Qt::Key_Insert, Qt::Key_X}, "ax|bc"},
     // deleting
-    {"ab|c", {Qt::Key_Backspace}, "a|c"},
-    {"ab|c", {kShift | Qt::Key_Backspace}, "a|c"},
     {"a\n|b", {Qt::Key_Backspace}, "a|b"},
-    {"|ab", {Qt::Key_Backspace}, "|ab"},
+    {"ab|c", {kShift | Qt::Key_Backspace}, "a|c"},
     {"a|\nb", {Qt::Key_Delete}, "a|b"},
-    {"a|bc", {Qt::Key_Delete}, "a|c"},
-    {"ab|", {Qt::Key_Delete}, "ab|"},
     {"a|bc^d", {Qt::Key_Delete}, "a|d"},
     {"wait sound|", {kCtrl | Qt::Key_Backspace}, "wait |"},
     {"wait |sound {", {kCtrl | Qt::Key_Delete}, "wait |{"},
-    {"a|\nb", {kCtrl | Qt::Key_Delete}, "a|b"},
     {"one ^two| three", {kCtrl | Qt::Key_Delete}, "one | three"},
     // steps
-    {"a|b", {Qt::Key_Right, Qt::Key_Right}, "ab|"},
-    {"a|\nb", {Qt::Key_Right}, "a\n|b"},
-    {"a\n|b", {Qt::Key_Left}, "a|\nb"},
+    {"a|\nb", {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left}, "a\n|b"},
     {"a^bc|d", {Qt::Key_Left}, "a|bcd"},
-    {"a|bc^d", {Qt::Key_Right}, "abc|d"},
-    {"|wait  500", {kCtrl | Qt::Key_Right}, "wait  |500"},
     {"wait  500|", {kCtrl | Qt::Key_Left, kCtrl | Qt::Key_Left}, "|wait  500"},
-    {"a|\n\tb", {kCtrl | Qt::Key_Right}, "a\n|\tb"},
-    {"a b|c\nd", {Qt::Key_Home}, "|a bc\nd"},
-    {"\t\ta|b", {Qt::Key_Home, Qt::Key_Home}, "|\t\tab"},
+    {"x\n\t\ta|b", {Qt::Key_Home, Qt::Key_Home}, "x\n|\t\tab"},
     {"a|bc\nd", {Qt::Key_End}, "abc|\nd"},
     {"ab\nc|d\nef", {kCtrl | Qt::Key_Home}, "|ab\ncd\nef"},
     {"ab\nc|d\nef", {kCtrl | Qt::Key_End}, "ab\ncd\nef|"},
-    {"abcd|\nx\nabcd", {Qt::Key_Down}, "abcd\nx|\nabcd"},
     {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Down}, "abcd\nx\nabcd|"},
     {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Left, Qt::Key_Down}, "abcd\nx\n|abcd"},
-    {"abcd\nx\nabc|d", {Qt::Key_Up, Qt::Key_Up}, "abc|d\nx\nabcd"},
     {"abcd\nx|\nabcd", {Qt::Key_Up, Qt::Key_Y, Qt::Key_Down}, "aybcd\nx|\nabcd"},
     // selecting
-    {"a|bc", {kShift | Qt::Key_Right}, "a^b|c"},
-    {"a|\nb", {kShift | Qt::Key_Right}, "a^\n|b"},
     {"a^b|c", {kShift | Qt::Key_Left, kShift | Qt::Key_Left}, "|a^bc"},
     {"|wait 5", {kShift | kCtrl | Qt::Key_Right}, "^wait |5"},
     {"ab|\ncd", {kShift | Qt::Key_Down}, "ab^\ncd|"},
-    {"a|b\nc", {kShift | Qt::Key_End}, "a^b|\nc"},
-    {"ab\nc|d", {kShift | kCtrl | Qt::Key_Home}, "|ab\nc^d"},
     {"a|b\nc", {kCtrl | Qt::Key_A}, "^ab\nc|"},
     // the clipboard and undo belong to the owner; menu shortcuts that no menu took do nothing
-    {"a^b|c", {kCtrl | Qt::Key_C}, "a^b|c"},
-    {"a^b|c", {kCtrl | Qt::Key_X}, "a^b|c"},
-    {"a^b|c", {kCtrl | Qt::Key_V}, "a^b|c"},
-    {"a^b|c", {kCtrl | Qt::Key_Z}, "a^b|c"},
-    {"a^b|c", {kShift | Qt::Key_Delete}, "a^b|c"},
-    {"ab|c", {kCtrl | Qt::Key_H}, "ab|c"},
-    {"ab|c", {kCtrl | Qt::Key_J}, "ab|c"},
-    {"ab|c", {kCtrl | Qt::Key_K}, "ab|c"},
-    {"ab|c", {kCtrl | Qt::Key_U}, "ab|c"},
+    {"a^b|c", {kCtrl | Qt::Key_C, kCtrl | Qt::Key_X, kCtrl | Qt::Key_V}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_Z, kShift | Qt::Key_Delete}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_H, kCtrl | Qt::Key_J, kCtrl | Qt::Key_U}, "a^b|c"},
 };
 
 INSTANTIATE_TEST_SUITE_P(, Keys, testing::ValuesIn(kKeyCases));
@@ -197,98 +151,80 @@ TEST_F(Input, PagesKeepTheColumnAndScroll) {
     std::string lines = "abc|def";
     for (int i = 0; i < 100; ++i) lines += i % 3 == 0 ? "\n" : "\nabcdef";
     put(lines);
-    const Offset start = view_.box().caret();
-    QTest::keyClick(&view_, Qt::Key_PageDown);
-    QTest::keyClick(&view_, Qt::Key_PageDown);
+    const std::string start = marked();
+    strike({Qt::Key_PageDown, Qt::Key_PageDown});
     const Long line = view_.box().GetLineFromChar(view_.box().SelStart());
     EXPECT_EQ(line, 2 * (view_.rowsPerPage() - 1));
     EXPECT_GT(view_.firstVisibleLine().value(), 0U);
-    QTest::keyClick(&view_, Qt::Key_PageUp);
-    QTest::keyClick(&view_, Qt::Key_PageUp);
-    EXPECT_EQ(view_.box().caret(), start);
+    strike({Qt::Key_PageUp, Qt::Key_PageUp});
     EXPECT_EQ(view_.firstVisibleLine().value(), 0U);
-    QTest::keyClick(&view_, Qt::Key_Down, kCtrl);
+    strike({kCtrl | Qt::Key_Down});
     EXPECT_EQ(view_.firstVisibleLine().value(), 1U);
-    EXPECT_EQ(view_.box().caret(), start);
+    EXPECT_EQ(marked(), start);
 }
 
 TEST_F(Input, LockedBoxKeepsItsTextAndLetsTheCaretMove) {
     put("a^bc|d\ne");
     view_.box().SetLocked(true);
-    for (const int key : {Qt::Key_X, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return})
-        QTest::keyClick(&view_, static_cast<Qt::Key>(key));
+    strike({Qt::Key_X, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return});
     EXPECT_EQ(marked(), "a^bc|d\ne");
-    QTest::keyClick(&view_, Qt::Key_End);
+    strike({Qt::Key_End});
     EXPECT_EQ(marked(), "abcd|\ne");
 }
 
-// --- Key events -------------------------------------------------------------------------------
+// --- Key events ----------------------------------------------------------------------------------
 
-struct EventCase {
-    int key;
-    Qt::KeyboardModifiers modifiers;
-    const char16_t* text;
-    const char* events;
-};
-
-class KeyEvents : public Input, public testing::WithParamInterface<EventCase> {};
-
-TEST_P(KeyEvents, AreRaisedWithTheirCodes) {
+TEST_F(Input, KeyEventsHaveTheirCodes) {
+    struct Case {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        const char16_t* text;
+        const char* events;
+    };
+    const Case cases[] = {
+        {Qt::Key_A, kShift, u"A", "down 65 1 press 65 up 65 1 "},
+        {Qt::Key_5, Qt::KeypadModifier, u"5", "down 101 0 press 53 up 101 0 "},
+        {Qt::Key_ParenLeft, kShift, u"(", "down 57 1 press 40 up 57 1 "},
+        {Qt::Key_Delete, {}, u"\x7f", "down 46 0 up 46 0 "},
+        // commands
+        {Qt::Key_Z, kCtrl, u"\x1a", "down 90 2 press 26 up 90 2 "},
+        {Qt::Key_C, kCtrl | kShift, u"\x03", "down 67 3 up 67 3 "},
+        {Qt::Key_Insert, kShift, u"", "down 45 1 press 22 up 45 1 "},
+        {Qt::Key_F, Qt::AltModifier, u"f", "down 70 4 up 70 4 "},
+        // AltGr in its two forms, a key of no own code, several characters, some that do not fit
+        {Qt::Key_BraceLeft, Qt::GroupSwitchModifier, u"{", "down 219 0 press 123 up 219 0 "},
+        {Qt::Key_Q, kCtrl | Qt::AltModifier, u"@", "down 81 6 press 64 up 81 6 "},
+        {Qt::Key_Eacute, {}, u"\u00e9", "down 231 0 press 233 up 231 0 "},
+        {0, {}, u"ab\r\n", "down 231 0 press 97 press 98 press 13 up 231 0 "},
+        {0, {}, u"\u0101\u4e2d", "down 231 0 press 97 press 63 up 231 0 "},
+    };
     std::string log;
-    view_.onKeyDown = [&](int& code, int shift) {
-        log += "down " + std::to_string(code) + ' ' + std::to_string(shift) + ' ';
+    const auto note = [&log](const char* name) {
+        return [&log, name](int& code, int shift) {
+            log += name + std::to_string(code) + ' ' + std::to_string(shift) + ' ';
+        };
     };
+    view_.onKeyDown = note("down ");
     view_.onKeyPress = [&](int& ascii) { log += "press " + std::to_string(ascii) + ' '; };
-    view_.onKeyUp = [&](int& code, int shift) {
-        log += "up " + std::to_string(code) + ' ' + std::to_string(shift) + ' ';
-    };
-    for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(kind, GetParam().key, GetParam().modifiers,
-                        QString::fromUtf16(GetParam().text));
-        QApplication::sendEvent(&view_, &event);
+    view_.onKeyUp = note("up ");
+    for (const Case& row : cases) {
+        log.clear();
+        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(kind, row.key, row.modifiers, QString::fromUtf16(row.text));
+            QApplication::sendEvent(&view_, &event);
+        }
+        EXPECT_EQ(log, row.events);
     }
-    EXPECT_EQ(log, GetParam().events);
 }
-
-const EventCase kEventCases[] = {
-    {Qt::Key_A, {}, u"a", "down 65 0 press 97 up 65 0 "},
-    {Qt::Key_A, kShift, u"A", "down 65 1 press 65 up 65 1 "},
-    {Qt::Key_5, Qt::KeypadModifier, u"5", "down 101 0 press 53 up 101 0 "},
-    {Qt::Key_Period, {}, u".", "down 190 0 press 46 up 190 0 "},
-    {Qt::Key_ParenLeft, kShift, u"(", "down 57 1 press 40 up 57 1 "},
-    {Qt::Key_Enter, Qt::KeypadModifier, u"\r", "down 13 0 press 13 up 13 0 "},
-    {Qt::Key_Backspace, {}, u"\b", "down 8 0 press 8 up 8 0 "},
-    {Qt::Key_Tab, {}, u"\t", "down 9 0 press 9 up 9 0 "},
-    {Qt::Key_Backtab, kShift, u"\t", "down 9 1 press 9 up 9 1 "},
-    {Qt::Key_Escape, {}, u"\x1b", "down 27 0 press 27 up 27 0 "},
-    {Qt::Key_Delete, {}, u"\x7f", "down 46 0 up 46 0 "},
-    {Qt::Key_Up, {}, u"", "down 38 0 up 38 0 "},
-    {Qt::Key_F5, {}, u"", "down 116 0 up 116 0 "},
-    // commands
-    {Qt::Key_Z, kCtrl, u"\x1a", "down 90 2 press 26 up 90 2 "},
-    {Qt::Key_C, kCtrl | kShift, u"\x03", "down 67 3 up 67 3 "},
-    {Qt::Key_Insert, kShift, u"", "down 45 1 press 22 up 45 1 "},
-    {Qt::Key_Delete, kShift, u"", "down 46 1 press 24 up 46 1 "},
-    {Qt::Key_Insert, kCtrl, u"", "down 45 2 press 3 up 45 2 "},
-    {Qt::Key_F, Qt::AltModifier, u"f", "down 70 4 up 70 4 "},
-    // AltGr in its two forms, a key of no own code, several characters, characters that do not fit
-    {Qt::Key_BraceLeft, Qt::GroupSwitchModifier, u"{", "down 219 0 press 123 up 219 0 "},
-    {Qt::Key_Q, kCtrl | Qt::AltModifier, u"@", "down 81 6 press 64 up 81 6 "},
-    {Qt::Key_Eacute, {}, u"\u00e9", "down 231 0 press 233 up 231 0 "},
-    {0, {}, u"ab\r\n", "down 231 0 press 97 press 98 press 13 up 231 0 "},
-    {0, {}, u"\u0101\u4e2d", "down 231 0 press 97 press 63 up 231 0 "},
-};
-
-INSTANTIATE_TEST_SUITE_P(, KeyEvents, testing::ValuesIn(kEventCases));
 
 TEST_F(Input, AutoRepeatRaisesKeyUpOnce) {
     int ups = 0;
     view_.onKeyUp = [&](int&, int) { ++ups; };
     for (const bool repeats : {true, true, false}) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, {}, "a", repeats);
-        QApplication::sendEvent(&view_, &press);
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, {}, "a", repeats);
-        QApplication::sendEvent(&view_, &release);
+        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(kind, Qt::Key_A, {}, "a", repeats);
+            QApplication::sendEvent(&view_, &event);
+        }
     }
     EXPECT_EQ(marked(), "aaa|");
     EXPECT_EQ(ups, 1);
@@ -306,15 +242,12 @@ TEST_F(Input, HandlersConsumeAndExchangeKeys) {
         if (ascii == 'n') ascii = 13;
     };
     put("ab\nc|d");
-    QTest::keyClick(&view_, Qt::Key_Up);
-    QTest::keyClick(&view_, Qt::Key_X);
-    QTest::keyClick(&view_, Qt::Key_Delete);
+    strike({Qt::Key_Up, Qt::Key_X, Qt::Key_Delete});
     EXPECT_EQ(presses, 0);
-    QTest::keyClick(&view_, Qt::Key_Backspace);
-    QTest::keyClick(&view_, 'q');
+    QTest::keyClicks(&view_, "q");
+    strike({Qt::Key_Backspace});
     EXPECT_EQ(marked(), "ab\nc|d");
-    QTest::keyClick(&view_, '[');
-    QTest::keyClick(&view_, 'n');
+    QTest::keyClicks(&view_, "[n");
     EXPECT_EQ(marked(), "ab\nc{\n|d");
 }
 
@@ -328,40 +261,38 @@ TEST_F(Input, HandlersMayEditAtAnyMoment) {
         view_.box().SetSelLength(5);
         offering = false;
     };
-    QTest::keyClick(&view_, Qt::Key_T);
-    EXPECT_EQ(marked(), "t^offer|");
-    QTest::keyClick(&view_, Qt::Key_R);
+    QTest::keyClicks(&view_, "tr");
     EXPECT_EQ(marked(), "tr^offer|");
 
     view_.box().onChange = nullptr;
     view_.onKeyDown = [&](int&, int) { view_.box().SetText("short"); };
     put("a much longer text with the caret at its end|");
-    QTest::keyClick(&view_, Qt::Key_Backspace);
+    strike({Qt::Key_Backspace});
     EXPECT_EQ(marked(), "|short");
-    QTest::keyClick(&view_, Qt::Key_Down, kShift);
-    EXPECT_EQ(view_.box().Text(), "short");
+    view_.onMouseDown = [&](int, int, double, double) { view_.box().SetText(""); };
+    mouse(kPress, 5);
+    mouse(kRelease, 0);
+    EXPECT_EQ(marked(), "|");
 }
 
-// --- Shortcuts and focus -----------------------------------------------------------------------
+// --- Shortcuts and focus -------------------------------------------------------------------------
 
-/// Shift, Ctrl and Alt go down before the key that they change.
-bool isModifier(int keyCode) {
-    return 16 <= keyCode && keyCode <= 18;
-}
-
-struct ShortcutCase {
-    const char* shortcut;
-    bool menuGetsIt;
-};
-
-class Shortcuts : public testing::TestWithParam<ShortcutCase> {};
-
-TEST_P(Shortcuts, GoToTheMenuOrTheView) {
+TEST(Shortcuts, GoToTheMenuOrTheView) {
+    struct Case {
+        const char* shortcut;
+        bool menuGetsIt;
+    };
+    const Case cases[] = {
+        {"Ctrl+N", true},  {"Ctrl+J", true},     {"Ctrl+H", true},  {"Ctrl+A", true},
+        {"Ctrl+Y", true},  {"F5", true},         {"Alt+F", true},   {"Ctrl+Z", false},
+        {"Ctrl+C", false}, {"Ctrl+V", false},    {"Ctrl+X", false}, {"Del", false},
+        {"X", false},      {"Home", false},      {"Return", false}, {"Ctrl+Left", false},
+        {"Esc", false},    {"Shift+Ins", false},
+    };
     QMainWindow window;
     auto* view = new RichTextView(&window);
     window.setCentralWidget(view);
     QAction entry(&window);
-    entry.setShortcut(QKeySequence::fromString(GetParam().shortcut));
     bool triggered = false;
     QObject::connect(&entry, &QAction::triggered, [&] { triggered = true; });
     window.addAction(&entry);
@@ -369,22 +300,20 @@ TEST_P(Shortcuts, GoToTheMenuOrTheView) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     view->setFocus();
     bool seen = false;
-    view->onKeyDown = [&](int& code, int) { seen = seen || !isModifier(code); };
-    const QKeyCombination key = entry.shortcut()[0];
-    QTest::keyClick(view, key.key(), key.keyboardModifiers());
-    EXPECT_EQ(triggered, GetParam().menuGetsIt);
-    EXPECT_NE(seen, GetParam().menuGetsIt);
+    view->onKeyDown = [&](int& code, int) {
+        const bool isModifier = 16 <= code && code <= 18;  // it goes down before the key
+        seen = seen || !isModifier;
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.shortcut);
+        entry.setShortcut(QKeySequence::fromString(row.shortcut));
+        triggered = seen = false;
+        const QKeyCombination key = entry.shortcut()[0];
+        QTest::keyClick(view, key.key(), key.keyboardModifiers());
+        EXPECT_EQ(triggered, row.menuGetsIt);
+        EXPECT_NE(seen, row.menuGetsIt);
+    }
 }
-
-const ShortcutCase kShortcutCases[] = {
-    {"Ctrl+N", true},  {"Ctrl+J", true},     {"Ctrl+K", true},     {"Ctrl+H", true},
-    {"Ctrl+U", true},  {"Ctrl+A", true},     {"Ctrl+Y", true},     {"F5", true},
-    {"Alt+F", true},   {"Ctrl+Z", false},    {"Ctrl+C", false},    {"Ctrl+V", false},
-    {"Ctrl+X", false}, {"Del", false},       {"X", false},         {"Home", false},
-    {"Return", false}, {"Ctrl+Left", false}, {"Shift+Ins", false}, {"Esc", false},
-};
-
-INSTANTIATE_TEST_SUITE_P(, Shortcuts, testing::ValuesIn(kShortcutCases));
 
 TEST(TextInputFocus, CtrlTabLeavesTheView) {
     QWidget window;
@@ -407,80 +336,61 @@ TEST(TextInputFocus, CtrlTabLeavesTheView) {
     EXPECT_EQ(view.box().Text(), "\t");
 }
 
-// --- Mouse ------------------------------------------------------------------------------------
+// --- Mouse ---------------------------------------------------------------------------------------
 
-TEST_F(Input, ClickAndDragSelectCharacters) {
-    put("|first line\nsecond");
-    press(3);
-    EXPECT_EQ(marked(), "fir|st line\nsecond");
-    drag(pixel(8));
-    EXPECT_EQ(marked(), "fir^st li|ne\nsecond");
-    drag(pixel(14));
-    release(14);
-    EXPECT_EQ(marked(), "fir^st line\nse|cond");
-    press(1, kShift);
-    release(1);
-    EXPECT_EQ(marked(), "f|ir^st line\nsecond");
-    drag(pixel(6));
-    EXPECT_EQ(marked(), "f|ir^st line\nsecond") << "moves after the release";
+struct MouseCase {
+    const char* start;
+    std::vector<std::pair<QEvent::Type, std::size_t>> gestures;
+    const char* expected;
+};
+
+class Mouse : public Input, public testing::WithParamInterface<MouseCase> {};
+
+TEST_P(Mouse, SelectsCharactersWordsAndLines) {
+    put(GetParam().start);
+    for (const auto& [type, at] : GetParam().gestures) mouse(type, at);
+    EXPECT_EQ(marked(), GetParam().expected);
 }
 
-TEST_F(Input, DoubleClickSelectsWordsAndGoesOnByWords) {
-    put("|wait 500 {sound}\nnext_one");
-    doubleClick(6);
-    EXPECT_EQ(marked(), "wait ^500| {sound}\nnext_one");
-    drag(pixel(12));
-    EXPECT_EQ(marked(), "wait ^500 {sound|}\nnext_one");
-    drag(pixel(1));
-    release(1);
-    EXPECT_EQ(marked(), "|wait 500^ {sound}\nnext_one");
-    doubleClick(9);
-    EXPECT_EQ(marked(), "wait 500 ^{|sound}\nnext_one");
-    release(9);
-    doubleClick(26);
-    EXPECT_EQ(marked(), "wait 500 {sound}\n^next_one|");
-    release(26);
-}
+const MouseCase kMouseCases[] = {
+    {"|first line\nsecond", {{kPress, 3}}, "fir|st line\nsecond"},
+    {"|first line\nsecond", {{kPress, 3}, {kMove, 14}}, "fir^st line\nse|cond"},
+    {"|first line", {{kPress, 3}, {kRelease, 3}, {kMove, 6}}, "fir|st line"},
+    // by words
+    {"wait |500 {one}\nnext", {{kDouble, 6}, {kMove, 12}}, "wait ^500 {one|}\nnext"},
+    {"wait |500 {one}\nnext", {{kDouble, 6}, {kMove, 1}}, "|wait 500^ {one}\nnext"},
+    {"wait |500 {one}\nnext", {{kDouble, 9}}, "wait 500 ^{|one}\nnext"},
+    {"|wait 500\nnext_one", {{kDouble, 18}}, "wait 500\n^next_one|"},
+    // by lines with their breaks
+    {"|one\ntwo\nthree", {{kDouble, 6}, {kRelease, 6}, {kPress, 6}}, "one\n^two\n|three"},
+    {"|one\ntwo\nthree",
+     {{kDouble, 6}, {kRelease, 6}, {kPress, 6}, {kMove, 1}},
+     "|one\ntwo\n^three"},
+    {"|one\ntwo\nthree",
+     {{kDouble, 6}, {kRelease, 6}, {kPress, 6}, {kMove, 12}},
+     "one\n^two\nthree|"},
+    // on the selection, that might be dragged
+    {"one ^two| three", {{kPress, 5}, {kMove, 5}}, "one ^two| three"},
+    {"one ^two| three", {{kPress, 5}, {kMove, 5}, {kRelease, 5}}, "one t|wo three"},
+};
 
-TEST_F(Input, TripleClickSelectsLinesWithTheirBreaks) {
-    put("one\ntwo\nthree|");
-    doubleClick(6);
-    release(6);
-    press(6);
-    EXPECT_EQ(marked(), "one\n^two\n|three");
-    drag(pixel(1));
-    EXPECT_EQ(marked(), "|one\ntwo\n^three");
-    drag(pixel(12));
-    release(12);
-    EXPECT_EQ(marked(), "one\n^two\nthree|");
+INSTANTIATE_TEST_SUITE_P(, Mouse, testing::ValuesIn(kMouseCases));
 
+TEST_F(Input, OtherClicks) {
+    put("fir^st| line");
+    mouse(kPress, pixel(1), Qt::LeftButton, kShift);
+    EXPECT_EQ(marked(), "f|ir^st line");
+    mouse(kRelease, 1);
+    mouse(kPress, 2, Qt::RightButton);
+    EXPECT_EQ(marked(), "f|ir^st line");
+    mouse(kPress, 6, Qt::RightButton);
+    EXPECT_EQ(marked(), "first |line");
+    mouse(kDouble, 1);
+    mouse(kRelease, 1);
     QTest::qWait(QApplication::styleHints()->mouseDoubleClickInterval() + 50);
-    press(1);
-    release(1);
-    doubleClick(1);
-    release(1);
-    QTest::qWait(QApplication::styleHints()->mouseDoubleClickInterval() + 50);
-    press(1);
-    release(1);
-    EXPECT_EQ(marked(), "o|ne\ntwo\nthree") << "a late third click is a first one";
-}
-
-TEST_F(Input, PressOnTheSelectionKeepsItUntilTheRelease) {
-    put("one ^two| three");
-    press(5);
-    EXPECT_EQ(marked(), "one ^two| three");
-    drag(pixel(5) + QPoint(1, 0));
-    EXPECT_EQ(marked(), "one ^two| three");
-    release(5);
-    EXPECT_EQ(marked(), "one t|wo three");
-
-    put("one ^two| three");
-    press(5, {}, Qt::RightButton);
-    release(5, Qt::RightButton);
-    EXPECT_EQ(marked(), "one ^two| three");
-    press(1, {}, Qt::RightButton);
-    release(1, Qt::RightButton);
-    EXPECT_EQ(marked(), "o|ne two three");
+    mouse(kPress, 1);
+    mouse(kRelease, 1);
+    EXPECT_EQ(marked(), "f|irst line") << "a late third click is a first one";
 }
 
 TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
@@ -498,64 +408,35 @@ TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
     view_.onMouseUp = note("up");
     view_.onClick = [&] { log << "click"; };
     view_.onDblClick = [&] { log << "double"; };
-    QTest::mousePress(view_.viewport(), Qt::LeftButton, kShift | Qt::AltModifier, {30, 5});
+    mouse(kPress, QPoint(30, 5), Qt::LeftButton, kShift | Qt::AltModifier);
     EXPECT_DOUBLE_EQ(x, Twips::fromPixels(30));
-    drag({31, 5});
-    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, {31, 5});
+    mouse(kMove, QPoint(31, 5));
+    mouse(kRelease, QPoint(31, 5));
     EXPECT_EQ(log, QStringList({"down 1 5", "move 1 0", "up 1 0", "click"}));
-
     log.clear();
-    QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, {30, 5});
-    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, {-30, 5});
-    press(1, {}, Qt::RightButton);
-    release(1, Qt::RightButton);
-    EXPECT_EQ(log, QStringList({"down 1 0", "up 1 0", "down 2 0", "up 2 0"}));
-
-    log.clear();
-    doubleClick(1);
-    release(1);
-    EXPECT_EQ(log, QStringList({"double", "up 1 0"}));
-
-    view_.onMouseDown = [&](int, int, double, double) { view_.box().SetText(""); };
-    press(5);
-    release(0);
-    EXPECT_EQ(marked(), "|");
+    mouse(kPress, QPoint(30, 5));
+    mouse(kRelease, QPoint(-30, 5));
+    mouse(kPress, 1, Qt::RightButton);
+    mouse(kRelease, 1, Qt::RightButton);
+    mouse(kDouble, 1);
+    mouse(kRelease, 1);
+    EXPECT_EQ(log, QStringList({"down 1 0", "up 1 0", "down 2 0", "up 2 0", "double", "up 1 0"}));
 }
 
 TEST_F(Input, DraggingBeyondTheEdgeScrollsOn) {
     std::string lines = "|start";
     for (int i = 0; i < 300; ++i) lines += "\nline";
     put(lines);
-    press(0);
-    drag({5, view_.viewport()->height() + 60});
+    mouse(kPress, 0);
+    mouse(kMove, QPoint(5, view_.viewport()->height() + 60));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() > 40; }, 5000));
     const Range far = view_.box().selection();
     EXPECT_EQ(far.begin(), Offset(0));
     EXPECT_GT(far.length(), 40U * 6);
-    drag({5, -200});
+    mouse(kMove, QPoint(5, -200));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() == 0; }, 5000));
-    release(0);
+    mouse(kRelease, 0);
     EXPECT_LT(view_.box().selection().length(), 6U);
-}
-
-TEST_F(Input, MiddleClickPastesThePrimarySelection) {
-    QClipboard* clipboard = QApplication::clipboard();
-    if (!clipboard->supportsSelection()) GTEST_SKIP() << "this system has no primary selection";
-    put("one |two\nthree");
-    QTest::keyClick(&view_, Qt::Key_Down, kShift);
-    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthre");
-    view_.box().select(Offset(0), Offset(3));
-    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthre") << "code selects nothing";
-    press(0, {}, Qt::MiddleButton);
-    release(0, Qt::MiddleButton);
-    EXPECT_EQ(marked(), "two\nthre|one two\nthree");
-    view_.box().SetSelStart(0);
-    view_.box().SetSelLength(1000);
-    EXPECT_EQ(clipboard->text(QClipboard::Selection), "two\nthreone two\nthree");
-    view_.box().SetLocked(true);
-    press(0, {}, Qt::MiddleButton);
-    release(0, Qt::MiddleButton);
-    EXPECT_EQ(view_.box().Text(), "two\r\nthreone two\r\nthree");
 }
 
 TEST(TextMimeDataTest, KeepsTheTextOfItsTime) {
@@ -564,12 +445,7 @@ TEST(TextMimeDataTest, KeepsTheTextOfItsTime) {
     const TextMimeData data(text, {Offset(1), Offset(5)}, page);
     text.replace({Offset(0), Offset(4)}, "");
     EXPECT_TRUE(data.hasText());
-#ifdef Q_OS_WIN
-    EXPECT_EQ(data.text(), QString::fromUtf8("\r\n\u20ac "));
-#else
-    EXPECT_EQ(data.text(), QString::fromUtf8("\n\u20ac "));
-#endif
-    EXPECT_FALSE(data.hasUrls());
+    EXPECT_EQ(data.text().remove('\r'), QString::fromUtf8("\n\u20ac "));
 }
 
 // --- Drag and drop ----------------------------------------------------------------------------
@@ -646,8 +522,8 @@ class InnerDrags : public QObject, public Drops, public testing::WithParamInterf
 
 TEST_P(InnerDrags, MoveOrCopyTheSelection) {
     put("one ^two |three\nfour");
-    press(5);
-    drag(pixel(5) + QPoint(QApplication::styleHints()->startDragDistance() + 1, 0));
+    mouse(kPress, 5);
+    mouse(kMove, pixel(5) + QPoint(QApplication::styleHints()->startDragDistance() + 1, 0));
     EXPECT_EQ(marked(), GetParam().expected);
 }
 
@@ -681,7 +557,6 @@ TEST_F(Composing, CommitsLikeTyping) {
     };
     put("a^bc|d");
     compose("ni");
-    EXPECT_EQ(view_.preedit(), "ni");
     EXPECT_EQ(marked(), "a^bc|d");
     commit(QString::fromUtf8("\u00e9x\u4e2d"));
     EXPECT_EQ(marked(), "a\xE9?|d");
@@ -698,8 +573,8 @@ TEST_F(Composing, CommitsLikeTyping) {
 TEST_F(Composing, ClickAndLossOfFocusCommit) {
     put("abc|");
     compose("xy");
-    press(0);
-    release(0);
+    mouse(kPress, 0);
+    mouse(kRelease, 0);
     EXPECT_EQ(marked(), "|abcxy");
     EXPECT_EQ(view_.preedit(), "");
     compose("z");
@@ -713,14 +588,17 @@ TEST_F(Composing, ClickAndLossOfFocusCommit) {
 
 TEST_F(Composing, AnswersAboutTheCaretsLine) {
     put("first\nsec^on|d\nthird");
-    EXPECT_TRUE(ask(Qt::ImEnabled).toBool());
-    EXPECT_EQ(ask(Qt::ImSurroundingText).toString(), "second");
-    EXPECT_EQ(ask(Qt::ImCursorPosition).toInt(), 5);
-    EXPECT_EQ(ask(Qt::ImAnchorPosition).toInt(), 3);
-    EXPECT_EQ(ask(Qt::ImAbsolutePosition).toInt(), 12);
-    EXPECT_EQ(ask(Qt::ImCurrentSelection).toString(), "on");
-    EXPECT_EQ(ask(Qt::ImTextBeforeCursor).toString(), "first\r\nsecon");
-    EXPECT_EQ(ask(Qt::ImTextAfterCursor).toString(), "d\r\nthird");
+    const std::pair<Qt::InputMethodQuery, QVariant> answers[] = {
+        {Qt::ImEnabled, true},
+        {Qt::ImSurroundingText, "second"},
+        {Qt::ImCursorPosition, 5},
+        {Qt::ImAnchorPosition, 3},
+        {Qt::ImAbsolutePosition, 12},
+        {Qt::ImCurrentSelection, "on"},
+        {Qt::ImTextBeforeCursor, "first\r\nsecon"},
+        {Qt::ImTextAfterCursor, "d\r\nthird"},
+    };
+    for (const auto& [query, answer] : answers) EXPECT_EQ(ask(query), answer) << query;
     EXPECT_TRUE(ask(Qt::ImCursorRectangle).toRect().intersects(view_.rect()));
     view_.box().SetLocked(true);
     EXPECT_FALSE(ask(Qt::ImEnabled).toBool());
@@ -733,9 +611,6 @@ TEST_F(Composing, AnswersForAHugeLineStaySmall) {
     EXPECT_EQ(ask(Qt::ImSurroundingText).toString(), QString(500, 'a') + QString(500, 'b'));
     EXPECT_EQ(ask(Qt::ImCursorPosition).toInt(), 500);
     EXPECT_EQ(ask(Qt::ImTextBeforeCursor).toString(), QString(1000, 'a'));
-    view_.box().select(Offset(0), Offset(600000));
-    EXPECT_EQ(ask(Qt::ImCurrentSelection).toString(), QString());
-    EXPECT_EQ(ask(Qt::ImAnchorPosition).toInt(), 0);
 }
 
 }  // namespace

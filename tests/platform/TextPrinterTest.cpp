@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
+#include <tuple>
 
 #include "platform/RichTextView.h"
 
@@ -46,36 +47,23 @@ TEST(TextPrinter, PutsPageAfterPageWithinMarginsOfAnInch) {
     EXPECT_LE(fitting, 29);
     const int perPage = fitting - 1;
 
-    struct Case {
-        const char* name;
-        std::string text;
-        std::pair<std::size_t, std::size_t> selected;
-        qsizetype pages;
+    const auto line = [&](int pages, int more = 0) {
+        return std::string(static_cast<std::size_t>(24 * perPage * pages + more), 'x');
     };
-    const Case cases[] = {
-        {"nothing", "", {0, 0}, 1},
-        {"two full pages", numbered(2 * perPage), {0, 0}, 2},
-        {"a line more", numbered(2 * perPage + 1), {0, 0}, 3},
-        {"only what is selected", numbered(500), {0, 40}, 1},
-        {"a line wraps on paper",
-         std::string(static_cast<std::size_t>(24 * perPage), 'x'),
-         {0, 0},
-         1},
-        {"and goes on overleaf",
-         std::string(static_cast<std::size_t>(24 * perPage + 1), 'x'),
-         {0, 0},
-         2},
-        {"a very long line",
-         std::string(static_cast<std::size_t>(24 * perPage * 60), 'x'),
-         {0, 0},
-         60},
+    const std::tuple<const char*, std::string, qsizetype> cases[] = {
+        {"nothing", "", 1},
+        {"two full pages", numbered(2 * perPage), 2},
+        {"a line more", numbered(2 * perPage + 1), 3},
+        {"a line wraps on paper", line(1), 1},
+        {"and goes on overleaf", line(1, 1), 2},
+        {"a very long line", line(60), 60},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        view.box().SetText(row.text);
-        view.box().select(Offset(row.selected.first), Offset(row.selected.second));
-        EXPECT_EQ(pagesOf(printed(view)), row.pages);
+    for (const auto& [name, text, pages] : cases) {
+        view.box().SetText(text);
+        EXPECT_EQ(pagesOf(printed(view)), pages) << name;
     }
+    view.box().SetSelLength(40);
+    EXPECT_EQ(pagesOf(printed(view)), 1) << "only what is selected";
 }
 
 }  // namespace

@@ -20,12 +20,11 @@ class NotedPointer : public FakeDesktop {
     QStringList& notes_;
 };
 
-/// Writes down when a widget goes and comes, and with `yields` what the event loop gets to do
-/// while it is away.
+/// Writes down when a widget goes and comes.
 class NotedVisibility : public QObject {
   public:
-    NotedVisibility(QWidget& widget, QString name, QStringList& notes)
-        : name_(std::move(name)), notes_(notes) {
+    NotedVisibility(QWidget& widget, const char* name, QStringList& notes)
+        : name_(name), notes_(notes) {
         widget.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
@@ -41,101 +40,80 @@ class NotedVisibility : public QObject {
 
 class LoadOrderTest : public ShellTest {
   protected:
-    /// From now on everything that a load does is written down.
-    void note() {
-        notes.clear();
-        const auto tell = [this](const char* what, const std::function<void()>& own) {
-            return [this, what, own] {
-                notes += what;
-                if (document().EditorReady()) notes += "ready";
-                own();
-            };
-        };
-        editor().onChange = tell("Change", editor().onChange);
-        editor().onSelChange = tell("SelChange", editor().onSelChange);
-        yieldSoon();
-    }
-    void yieldSoon() {
-        QTimer::singleShot(0, &window(), [this] {
-            notes += "yield";
-            if (++yields == 1) QTimer::singleShot(0, &window(), [this] { notes += "yield"; });
-        });
-    }
+    LoadOrderTest() { folder.put("scripts/next.script", "a\nb"); }
 
-    QStringList notes;
-    int yields = 0;
-    NotedPointer pointer{notes};
+    /// Opens the file; `then` runs while its dialog is open.
+    void openNext(FakeDesktop& onDesktop, std::function<void()> then) {
+        onDesktop.expectFile(openDialog(), folder.path("scripts/next.script"), std::move(then));
+        trigger("funOpen");
+    }
+    /// `work` runs in the first yield of a load, or, when nested, in the one after it.
+    void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }
 };
 
 TEST_F(LoadOrderTest, GoesStepByStep) {
-    folder.put("scripts/next.script", "a\nb");
+    QStringList notes;
+    NotedPointer pointer(notes);
     start(pointer, {});
     NotedVisibility editorNotes(editor(), "editor", notes);
     NotedVisibility paneNotes(control<QLabel>("SB1_Pane1"), "pane", notes);
     editor().SetSelStart(8);
-    pointer.expectFile(openDialog(), folder.path("scripts/next.script"), [this] { note(); });
-    trigger("funOpen");
+    const auto tell = [&](const char* what, const std::function<void()>& own) {
+        return [&notes, this, what, own] {
+            notes += what;
+            if (document().EditorReady()) notes += "ready";
+            own();
+        };
+    };
+    openNext(pointer, [&] {
+        notes.clear();
+        editor().onChange = tell("Change", editor().onChange);
+        editor().onSelChange = tell("SelChange", editor().onSelChange);
+        inAYield([&] {
+            notes += "yield";
+            inAYield([&] { notes += "yield"; });
+        });
+    });
     EXPECT_EQ(notes.join(", ").toStdString(),
               "hourglass, editor hidden, pane hidden, yield, SelChange, Change, SelChange, Change, "
               "SelChange, arrow, editor shown, pane shown, yield");
     EXPECT_EQ(editor().Text(), "a\r\nb");
     EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 1");
-    EXPECT_EQ(title(), "next.script - Brindlex");
     EXPECT_FALSE(pointer.busyPointer());
 }
 
 TEST_F(LoadOrderTest, GivesTheFocusBack) {
     start();
     QCoreApplication::processEvents();
-    EXPECT_EQ(window().focusWidget(), &editor().rtb());
-    trigger("funNew");
-    EXPECT_EQ(window().focusWidget(), &editor().rtb());
-    QWidget& errors = control("txtError");
-    errors.setFocus();
-    trigger("funNew");
-    EXPECT_EQ(window().focusWidget(), &errors);
+    for (QWidget* focus : {static_cast<QWidget*>(&editor().rtb()), &control("txtError")}) {
+        focus->setFocus();
+        trigger("funNew");
+        EXPECT_EQ(window().focusWidget(), focus);
+    }
 }
 
 TEST_F(LoadOrderTest, WhatComesInAYieldWaitsOrDoesNothing) {
     start();
-    folder.put("scripts/next.script", "next");
-    desktop.expectFile(openDialog(), folder.path("scripts/next.script"), [this] {
-        QTimer::singleShot(0, &window(), [this] {
+    openNext(desktop, [this] {
+        editor().rtb().onFileDropped(folder.path("scripts/battery.script"));
+        inAYield([this] {
             window().close();
             for (const char* name : {"funNew", "funOpen", "funSave", "funSaveAs"}) trigger(name);
         });
     });
-    trigger("funOpen");
     EXPECT_EQ(title(), "next.script - Brindlex");
-    EXPECT_EQ(folder.get("scripts/next.script"), "next");
+    EXPECT_EQ(editor().Text(), "a\r\nb");
+    EXPECT_EQ(folder.get("scripts/next.script"), "a\nb");
     EXPECT_EQ(ends, 0);
     EXPECT_TRUE(QTest::qWaitFor([this] { return ends == 1; }));
 }
 
 TEST_F(LoadOrderTest, AnEditInTheLastYieldIsUnsaved) {
     start();
-    folder.put("scripts/next.script", "next");
-    desktop.expectFile(openDialog(), folder.path("scripts/next.script"), [this] {
-        QTimer::singleShot(0, &window(), [this] {
-            QTimer::singleShot(0, &window(), [this] { editor().SetSelText("late "); });
-        });
-    });
-    trigger("funOpen");
-    EXPECT_EQ(editor().Text(), "late next");
+    openNext(desktop, [this] { inAYield([this] { inAYield([this] { type("late "); }); }); });
+    EXPECT_EQ(editor().Text(), "late a\r\nb");
     EXPECT_TRUE(document().Dirty());
     EXPECT_EQ(title(), "next.script - Brindlex*");
-}
-
-TEST_F(LoadOrderTest, AFileDroppedInAYieldDoesNotLoadIntoALoad) {
-    start();
-    folder.put("scripts/next.script", "next");
-    desktop.expectFile(openDialog(), folder.path("scripts/next.script"), [this] {
-        editor().rtb().onFileDropped(folder.path("scripts/battery.script"));
-    });
-    trigger("funOpen");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(editor().Text(), "next");
-    EXPECT_EQ(title(), "next.script - Brindlex");
 }
 
 }  // namespace

@@ -41,7 +41,6 @@ constexpr const char* kExitNamed = "Do you want to save changes to battery.scrip
 
 const Row kRows[] = {
     {"funNew", Untitled, false, nullptr, "", kNo, Dialog::NotAsked, true, nullptr},
-    {"funNew", Named, false, nullptr, "", kNo, Dialog::NotAsked, true, nullptr},
     {"funNew", Untitled, true, kSave, "Save?", kYes, Dialog::Chosen, true, kChosen},
     {"funNew", Untitled, true, kSave, "Save?", kYes, Dialog::Cancelled, true, nullptr},
     {"funNew", Untitled, true, kSave, "Save?", kNo, Dialog::NotAsked, true, nullptr},
@@ -127,14 +126,14 @@ TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
     startNamed();
     folder.put("scripts/next.script", "next");
     type("x");
-    desktop.expectBox(saveQuestion(kOpenNamed), BoxAnswer::Cancel);
-    editor().rtb().onFileDropped(folder.path("scripts/next.script"));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(title(), "battery.script - Brindlex*");
-    desktop.expectBox(saveQuestion(kOpenNamed), BoxAnswer::Yes);
-    editor().rtb().onFileDropped(folder.path("scripts/next.script"));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(title(), "next.script - Brindlex");
+    const std::pair<BoxAnswer, const char*> rows[] = {{kCancel, "battery.script - Brindlex*"},
+                                                      {kYes, "next.script - Brindlex"}};
+    for (const auto& [answer, titleThen] : rows) {
+        desktop.expectBox(saveQuestion(kOpenNamed), answer);
+        editor().rtb().onFileDropped(folder.path("scripts/next.script"));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(title(), titleThen);
+    }
     EXPECT_EQ(document().MapName(), "next.map");
     EXPECT_EQ(editor().Text(), "next");
     EXPECT_EQ(folder.get(kOwn), "xspawn\r\n\r\n");

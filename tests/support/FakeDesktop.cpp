@@ -19,8 +19,8 @@ QString describe(const FileQuestion& question) {
              question.filters.join('|'));
 }
 
-QString describe(const char* what, const QString& title, const QString& start) {
-    return QStringLiteral("a %1, titled \"%2\", from \"%3\"").arg(what, title, start);
+QString describeFolder(const QString& title, const QString& folder) {
+    return QStringLiteral("a folder, titled \"%1\", from \"%2\"").arg(title, folder);
 }
 
 }  // namespace
@@ -42,17 +42,7 @@ void FakeDesktop::expectFile(const FileQuestion& question, const FileAnswer& ans
 
 void FakeDesktop::expectFolder(const QString& title, const QString& folder,
                                const std::optional<QString>& answer) {
-    expected_.push_back({describe("folder", title, folder), answer, {}});
-}
-
-void FakeDesktop::expectColor(const QString& title, const QColor& color,
-                              const std::optional<QColor>& answer) {
-    expected_.push_back({describe("colour", title, color.name()), answer, {}});
-}
-
-void FakeDesktop::expectFont(const QString& title, const QFont& font,
-                             const std::optional<QFont>& answer) {
-    expected_.push_back({describe("font", title, font.toString()), answer, {}});
+    expected_.push_back({describeFolder(title, folder), answer, {}});
 }
 
 template <typename T>
@@ -81,25 +71,7 @@ FileAnswer FakeDesktop::askFile(QWidget*, const FileQuestion& question) {
 
 std::optional<QString> FakeDesktop::askFolder(QWidget*, const QString& title,
                                               const QString& folder) {
-    return take(describe("folder", title, folder), std::optional<QString>());
-}
-
-std::optional<QColor> FakeDesktop::askColor(QWidget*, const QString& title, const QColor& color) {
-    return take(describe("colour", title, color.name()), std::optional<QColor>());
-}
-
-std::optional<QFont> FakeDesktop::askFont(QWidget*, const QString& title, const QFont& font) {
-    return take(describe("font", title, font.toString()), std::optional<QFont>());
-}
-
-bool FakeDesktop::openDocument(const QString& pathOrUrl) {
-    openedDocuments_ += pathOrUrl;
-    return documentsOpen_;
-}
-
-void FakeDesktop::setBusyPointer(bool busy) {
-    if (busy && !busyPointer_) ++busyTimes_;
-    busyPointer_ = busy;
+    return take(describeFolder(title, folder), std::optional<QString>());
 }
 
 }  // namespace brindlex

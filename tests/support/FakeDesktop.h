@@ -9,7 +9,7 @@ namespace brindlex {
 
 /// A desktop without a user: the test says beforehand what will be asked, in this order, and what
 /// the answers are. A question that was not expected fails the test, and so does an expected one
-/// that has not been asked when the desktop goes away.
+/// that has not been asked when the desktop goes away. Colour and font dialogs are cancelled.
 class FakeDesktop : public Desktop {
   public:
     ~FakeDesktop() override;
@@ -21,38 +21,27 @@ class FakeDesktop : public Desktop {
                     std::function<void()> meanwhile = {});
     void expectFolder(const QString& title, const QString& folder,
                       const std::optional<QString>& answer);
-    void expectColor(const QString& title, const QColor& color,
-                     const std::optional<QColor>& answer);
-    void expectFont(const QString& title, const QFont& font, const std::optional<QFont>& answer);
     /// Whether all that was expected has been asked.
     bool allAsked() const { return expected_.empty(); }
 
-    int beeps() const { return beeps_; }
-    const QStringList& openedDocuments() const { return openedDocuments_; }
-    /// What openDocument answers.
-    void setDocumentsOpen(bool open) { documentsOpen_ = open; }
     void setNow(const QDateTime& now) { now_ = now; }
     bool busyPointer() const { return busyPointer_; }
-    /// How often the pointer became the hourglass.
-    int busyTimes() const { return busyTimes_; }
 
     BoxAnswer showBox(QWidget* owner, const MessageBox& box) override;
     FileAnswer askFile(QWidget* owner, const FileQuestion& question) override;
     std::optional<QString> askFolder(QWidget* owner, const QString& title,
                                      const QString& folder) override;
-    std::optional<QColor> askColor(QWidget* owner, const QString& title,
-                                   const QColor& color) override;
-    std::optional<QFont> askFont(QWidget* owner, const QString& title, const QFont& font) override;
+    std::optional<QColor> askColor(QWidget*, const QString&, const QColor&) override { return {}; }
+    std::optional<QFont> askFont(QWidget*, const QString&, const QFont&) override { return {}; }
     QString clipboardText() override { return clipboard_; }
     void setClipboardText(const QString& text) override { clipboard_ = text; }
-    void beep() override { ++beeps_; }
-    bool openDocument(const QString& pathOrUrl) override;
+    void beep() override {}
+    bool openDocument(const QString&) override { return true; }
     QDateTime now() override { return now_; }
-    void setBusyPointer(bool busy) override;
+    void setBusyPointer(bool busy) override { busyPointer_ = busy; }
 
   private:
-    using Answer = std::variant<BoxAnswer, FileAnswer, std::optional<QString>,
-                                std::optional<QColor>, std::optional<QFont>>;
+    using Answer = std::variant<BoxAnswer, FileAnswer, std::optional<QString>>;
     struct Expected {
         QString question;
         Answer answer;
@@ -63,11 +52,7 @@ class FakeDesktop : public Desktop {
 
     std::deque<Expected> expected_;
     QString clipboard_;
-    QStringList openedDocuments_;
     QDateTime now_{QDate(2003, 5, 29), QTime(12, 0)};
-    int beeps_ = 0;
-    int busyTimes_ = 0;
-    bool documentsOpen_ = true;
     bool busyPointer_ = false;
 };
 

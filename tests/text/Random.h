@@ -1,17 +1,16 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <iomanip>
 #include <iostream>
 #include <numeric>
 #include <random>
-#include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace brindlex::test {
@@ -41,9 +40,7 @@ class Random {
     /// Characters out of `alphabet`.
     std::string text(std::size_t length, const std::string& alphabet) {
         std::string result;
-        while (result.size() < length) {
-            result += alphabet[below(alphabet.size())];
-        }
+        while (result.size() < length) result += alphabet[below(alphabet.size())];
         return result;
     }
 
@@ -51,51 +48,36 @@ class Random {
     std::mt19937_64 engine_;
 };
 
-/// The operations of the random sequence that runs, as lines of C++ that make a test case. They are
-/// printed when the test fails (by `text()`) and when the code under test aborts.
+/// Seed and operations of the random sequence that runs, for the report of a failure. They are also
+/// printed when the code under test aborts.
 class Journal {
   public:
-    explicit Journal(std::string declaration) : text_(std::move(declaration) + '\n') {
+    explicit Journal(std::uint64_t seed) {
+        add("seed", seed);
         current() = this;
+        std::signal(SIGABRT, [](int) {
+            if (current() != nullptr) std::fputs(current()->text_.c_str(), stderr);
+        });
     }
     ~Journal() { current() = nullptr; }
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    void add(const std::string& line) { text_ += line + '\n'; }
+    template <typename... Arguments>
+    void add(const char* operation, const Arguments&... arguments) {
+        text_ += operation;
+        ((text_ += ' ' + testing::PrintToString(arguments)), ...);
+        text_ += '\n';
+    }
     const std::string& text() const { return text_; }
 
-    static void printOnAbort() {
-        std::signal(SIGABRT, [](int) {
-            if (const Journal* journal = current()) {
-                std::fputs(journal->text_.c_str(), stderr);
-            }
-        });
-    }
-
   private:
-    static Journal*& current() {
-        static Journal* journal = nullptr;
+    static const Journal*& current() {
+        static const Journal* journal = nullptr;
         return journal;
     }
 
     std::string text_;
 };
-
-/// A text as a C++ literal; what is not printable is in octal.
-inline std::string literal(const std::string& text) {
-    std::ostringstream result;
-    result << '"' << std::oct << std::setfill('0');
-    for (const char byte : text) {
-        const bool plain = byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
-        if (plain) {
-            result << byte;
-        } else {
-            result << '\\' << std::setw(3) << unsigned{static_cast<unsigned char>(byte)};
-        }
-    }
-    result << '"';
-    return result.str();
-}
 
 }  // namespace brindlex::test

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/text/Windows1252.h"
+
 namespace brindlex {
 
 namespace {
 
-constexpr int kWestern = 1252;
 constexpr int kMultiplicationSign = 0xD7;
 constexpr int kDivisionSign = 0xF7;
 
@@ -16,7 +17,7 @@ bool isLatin1Upper(int byte) {
            (byte >= 0xC0 && byte <= 0xDE && byte != kMultiplicationSign);
 }
 
-bool isLatin1Letter(int byte) {
+bool isWordCharacter(int byte) {
     const bool ascii = (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9');
     const bool sign = byte == 0xAA || byte == 0xB5 || byte == 0xBA;  // ordinals and micro
     return ascii || sign || isLatin1Upper(byte) || (byte >= 0xDF && byte != kDivisionSign);
@@ -25,14 +26,14 @@ bool isLatin1Letter(int byte) {
 CharacterTable makeLatin1() {
     std::array<char16_t, 256> unicode{};
     std::array<std::uint8_t, 256> lower{};
-    std::array<bool, 256> letter{};
+    std::array<bool, 256> word{};
     for (std::size_t byte = 0; byte < 256; ++byte) {
         const int value = static_cast<int>(byte);
         unicode[byte] = static_cast<char16_t>(value);
         lower[byte] = static_cast<std::uint8_t>(value + (isLatin1Upper(value) ? 0x20 : 0));
-        letter[byte] = isLatin1Letter(value);
+        word[byte] = isWordCharacter(value);
     }
-    return {unicode, lower, letter, kWestern};
+    return {unicode, lower, word, kWindows1252};
 }
 
 }  // namespace
@@ -44,8 +45,8 @@ const CharacterTable& CharacterTable::latin1() {
 
 CharacterTable::CharacterTable(const std::array<char16_t, 256>& unicode,
                                const std::array<std::uint8_t, 256>& lower,
-                               const std::array<bool, 256>& letter, int ansiCodePage)
-    : unicode_(unicode), lower_(lower), word_(letter), ansiCodePage_(ansiCodePage) {
+                               const std::array<bool, 256>& word, int ansiCodePage)
+    : unicode_(unicode), lower_(lower), word_(word), ansiCodePage_(ansiCodePage) {
     word_['_'] = true;
     std::iota(bytesByValue_.begin(), bytesByValue_.end(), std::uint8_t{0});
     std::ranges::sort(bytesByValue_, {}, [this](std::uint8_t byte) { return unicode_[byte]; });

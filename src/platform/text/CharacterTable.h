@@ -17,10 +17,10 @@ class CharacterTable {
     static const CharacterTable& latin1();
 
     /// `unicode[b]` is the value of byte b; all values differ. `lower[b]` is the byte of b's
-    /// lower-case letter, or b. `letter[b]` tells whether b is a letter or a digit. `ansiCodePage`
-    /// is the Windows code page number (1252 and so on) that RTF names.
+    /// lower-case letter, or b. `word[b]` tells whether b makes words, as letters and digits do.
+    /// `ansiCodePage` is the Windows code page number (1252 and so on) that RTF names.
     CharacterTable(const std::array<char16_t, 256>& unicode,
-                   const std::array<std::uint8_t, 256>& lower, const std::array<bool, 256>& letter,
+                   const std::array<std::uint8_t, 256>& lower, const std::array<bool, 256>& word,
                    int ansiCodePage);
 
     char16_t unicode(unsigned char byte) const { return unicode_[byte]; }

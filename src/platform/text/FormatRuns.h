@@ -41,6 +41,11 @@ class FormatRuns {
     std::size_t length() const { return runs_.length(); }
     /// `unit` lies before the end.
     FormatId idAt(std::size_t unit) const { return runs_.at(unit).format; }
+    /// The run of one format that holds `unit`, which lies before the end.
+    UnitRange around(std::size_t unit) const {
+        const RunList::Place run = runs_.at(unit);
+        return {run.begin, run.end};
+    }
     /// Valid until the next idOf.
     const Format& format(FormatId id) const { return table_.format(id); }
     FormatId idOf(const Format& format) { return table_.idOf(format); }

@@ -101,7 +101,7 @@ bool RichTextBox::userMove(Range range, Offset target) {
         charFormats_.runs({source.begin().value(), source.end().value()});
     if (!caretGoesTo(place)) return false;
     TrackedRange original(tracked_, source);
-    const Happening insertion =
+    const ChangeNotice insertion =
         apply({place, place}, {.text = text, .characters = formats}, place + text.size());
     // The handlers may edit; the insertion comes first so that whatever they do no text is lost.
     TrackedRange moved(tracked_, Range::at(place, text.size()));
@@ -168,25 +168,26 @@ void RichTextBox::edit(Range removed, const Insertion& insertion, Offset caret) 
     announce(apply(removed, insertion, caret));
 }
 
-RichTextBox::Happening RichTextBox::apply(Range removed, const Insertion& insertion, Offset caret) {
-    Happening happening;
+RichTextBox::ChangeNotice RichTextBox::apply(Range removed, const Insertion& insertion,
+                                             Offset caret) {
+    ChangeNotice notice;
     if (!removed.empty() || !insertion.text.empty()) {
-        happening.edit = replaceText(removed, insertion.text);
+        notice.edit = replaceText(removed, insertion.text);
         const UnitRange units{removed.begin().value(), removed.end().value()};
         if (insertion.characters.empty())
             charFormats_.replace(units, insertion.text.size(), insertion.format);
         else
             charFormats_.replace(units, insertion.characters);
-        replaceParagraphs(*happening.edit, insertion.paragraphs);
+        replaceParagraphs(*notice.edit, insertion.paragraphs);
         TrackedRange::follow(tracked_, removed, insertion.text.size());
         if (!insertion.text.empty()) nextFormat_.reset();
     }
-    happening.selectionMoved = moveSelection(caret, caret);
+    notice.selectionMoved = moveSelection(caret, caret);
 #ifndef NDEBUG
     constexpr std::size_t kSmall = 4096;
     if (rope_.size() <= kSmall) checkInvariants();
 #endif
-    return happening;
+    return notice;
 }
 
 TextEdit RichTextBox::replaceText(Range removed, std::string_view text) {
@@ -218,13 +219,13 @@ bool RichTextBox::moveSelection(Offset anchor, Offset caret) {
     return true;
 }
 
-void RichTextBox::announce(const Happening& happening) {
+void RichTextBox::announce(const ChangeNotice& notice) {
     if (observer_ != nullptr) {
-        if (happening.edit) observer_->textChanged(*happening.edit);
-        if (happening.selectionMoved) observer_->selectionChanged();
+        if (notice.edit) observer_->textChanged(*notice.edit);
+        if (notice.selectionMoved) observer_->selectionChanged();
     }
-    if (happening.selectionMoved && onSelChange) onSelChange();
-    if (happening.edit && onChange) onChange();
+    if (notice.selectionMoved && onSelChange) onSelChange();
+    if (notice.edit && onChange) onChange();
 }
 
 void RichTextBox::announceFormats(Range range) {

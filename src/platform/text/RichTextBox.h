@@ -157,9 +157,12 @@ class RichTextBox {
     /// Colours the bytes from `begin` on, run by run, without a look at the selection; what lies
     /// past the end of the text is left out. Cost: O(log n + runs).
     void colorRuns(Offset begin, std::span<const ColorRun> runs);
-    /// Calls `visit(Range, const CharFormat&)` for the runs of equal format within `range`.
-    void visitFormats(Range range,
-                      const std::function<void(Range, const CharFormat&)>& visit) const;
+    /// The characters around the one at an offset that all have its format; empty at the end.
+    Range formatRangeAt(Offset offset) const;
+    /// Calls `visit(Range, const CharFormat&)` for the runs of equal format within `range`, cut to
+    /// it, in order, until it returns false. Cost: O(log n + runs visited).
+    template <typename Visit>
+    void visitFormats(Range range, Visit&& visit) const;
 
     // --- Paragraph format of the lines that the selection touches; lengths in twips -------------
     // A line is touched when one of its characters is selected, or the caret stands in it.
@@ -229,18 +232,18 @@ class RichTextBox {
         std::span<const FormatRun> paragraphs = {};  ///< of the lines the edit leaves, or empty
     };
     /// What an edit or a move of the selection did, to be told to observer and handlers.
-    struct Happening {
+    struct ChangeNotice {
         std::optional<TextEdit> edit;
         bool selectionMoved = false;
     };
 
     // --- The one door for change; `edit` and `select` are `announce` behind what they did --------
     void edit(Range removed, const Insertion& insertion, Offset caret);
-    Happening apply(Range removed, const Insertion& insertion, Offset caret);
+    ChangeNotice apply(Range removed, const Insertion& insertion, Offset caret);
     TextEdit replaceText(Range removed, std::string_view text);
     void replaceParagraphs(const TextEdit& edit, std::span<const FormatRun> paragraphs);
     bool moveSelection(Offset anchor, Offset caret);
-    void announce(const Happening& happening);
+    void announce(const ChangeNotice& notice);
     void announceFormats(Range range);
 
     /// Normalises and cuts `text`, then edits; the caret goes behind it. `removed` splits no pair.
@@ -288,5 +291,14 @@ class RichTextBox {
     RichTextObserver* observer_ = nullptr;
     TrackedRange* tracked_ = nullptr;
 };
+
+template <typename Visit>
+void RichTextBox::visitFormats(Range range, Visit&& visit) const {
+    const Range within = clamped(range);
+    charFormats_.visit({within.begin().value(), within.end().value()},
+                       [&](std::size_t begin, std::size_t end, FormatId id) -> bool {
+                           return visit(Range(Offset(begin), Offset(end)), charFormats_.format(id));
+                       });
+}
 
 }  // namespace brindlex

@@ -114,13 +114,9 @@ void RichTextBox::colorRuns(Offset begin, std::span<const ColorRun> runs) {
     if (!changed.empty()) announceFormats(rangeOf(changed));
 }
 
-void RichTextBox::visitFormats(Range range,
-                               const std::function<void(Range, const CharFormat&)>& visit) const {
-    charFormats_.visit(unitsOf(clamped(range)),
-                       [&](std::size_t begin, std::size_t end, FormatId id) {
-                           visit(rangeOf({begin, end}), charFormats_.format(id));
-                           return true;
-                       });
+Range RichTextBox::formatRangeAt(Offset offset) const {
+    if (offset.value() >= rope_.size()) return {Offset(rope_.size()), Offset(rope_.size())};
+    return rangeOf(charFormats_.around(offset.value()));
 }
 
 // --- Paragraphs ----------------------------------------------------------------------------------

@@ -111,11 +111,12 @@ RichTextFragment RichTextBox::fragmentOf(Range range) const {
         const bool splitsPair = rope_.at(run.begin()) == '\n';
         if (splitsPair) fragment.characters.back().length += 1;
         const std::size_t length = run.length() - (splitsPair ? 1 : 0);
-        if (length == 0) return;
+        if (length == 0) return true;
         if (!fragment.characters.empty() && fragment.characters.back().format == format)
             fragment.characters.back().length += length;
         else
             fragment.characters.push_back({length, format});
+        return true;
     });
     const UnitRange lines{rope_.lineOf(range.begin()).value(),
                           rope_.lineOf(range.end()).value() + 1};

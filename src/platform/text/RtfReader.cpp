@@ -243,8 +243,7 @@ void RtfReader::addLine() {
     ++lines.back().count;
 }
 
-// --- Code pages, fonts, tabs
-// --------------------------------------------------------------------------------------
+// --- Code pages, fonts, tabs ---------------------------------------------------------------------
 
 char RtfReader::decoded(unsigned char byte) const {
     const std::int32_t source = codePage();

@@ -12,6 +12,7 @@
 #include "platform/text/Rtf.h"
 #include "platform/text/RtfTables.h"
 #include "platform/text/RtfTokens.h"
+#include "platform/text/Windows1252.h"
 
 namespace brindlex {
 
@@ -119,7 +120,7 @@ class RtfReader {
     std::int32_t fallbackLeft_ = 0;
     bool unknownPending_ = false;  // a character that the code page lacks wants its fallback
 
-    std::int32_t documentCodePage_ = 1252;
+    std::int32_t documentCodePage_ = kWindows1252;
     RtfFontTable fonts_;
     RtfColorTable colors_;
     RtfTabs tabs_;

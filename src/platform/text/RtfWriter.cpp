@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/text/Rtf.h"
 #include "platform/text/RtfCharsets.h"
