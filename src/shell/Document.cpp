@@ -1,6 +1,7 @@
 #include "shell/Document.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QTimer>
