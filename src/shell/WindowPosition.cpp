@@ -38,11 +38,16 @@ Qt::WindowStates statesFor(int state) {
     }
 }
 
-std::optional<int> pixelsOf(const QString& twips) {
+/// Window systems know no further places.
+constexpr int kFurthest = 0x7FFF;
+
+/// Nothing for a text that is no number, or one outside `least` to kFurthest pixels.
+std::optional<int> pixelsOf(const QString& twips, int least) {
     bool ok = false;
     const double value = twips.toDouble(&ok);
     if (!ok || !std::isfinite(value)) return std::nullopt;
-    return Twips::toPixels(value);
+    const int pixels = Twips::toPixels(value);
+    return pixels >= least && pixels <= kFurthest ? std::optional(pixels) : std::nullopt;
 }
 
 /// Twips as the decimal text of a single-precision number.
@@ -79,10 +84,15 @@ void WindowPosition::restore() {
         settings_.readSection(Settings::kApplication, Settings::kSection);
     if (saved.value("FormPos_Top").isEmpty()) return;
     QRect frame(window_.pos(), frameSize());
-    if (const auto top = pixelsOf(saved.value("FormPos_Top"))) frame.moveTop(*top);
-    if (const auto left = pixelsOf(saved.value("FormPos_Left"))) frame.moveLeft(*left);
-    if (const auto width = pixelsOf(saved.value("FormPos_Width"))) frame.setWidth(*width);
-    if (const auto height = pixelsOf(saved.value("FormPos_Height"))) frame.setHeight(*height);
+    const auto pixels = [&saved](const char* key, int least) {
+        return pixelsOf(saved.value(QString::fromLatin1(key)), least);
+    };
+    if (const auto top = pixels("FormPos_Top", -kFurthest)) frame.moveTop(*top);
+    if (const auto left = pixels("FormPos_Left", -kFurthest)) frame.moveLeft(*left);
+    if (const auto width = pixels("FormPos_Width", 1)) frame.setWidth(*width);
+    if (const auto height = pixels("FormPos_Height", 1)) frame.setHeight(*height);
+    // A window may be larger than the screens, but only so far that it can still be painted.
+    frame.setSize(frame.size().boundedTo(2 * screenOf(window_)->virtualSize()));
     // A screen that is gone must not take the window with it.
     if (!isOnSomeScreen(frame)) frame.moveTopLeft(window_.pos());
     setFrame(frame);

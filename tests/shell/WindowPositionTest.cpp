@@ -67,7 +67,11 @@ TEST_F(WindowPositionTest, KeysThatMakeNoSenseAreLeftOut) {
     EXPECT_GT(frame().height(), 100);
     put("FormPos_Top", "-90000");
     put("FormPos_Left", "900000");
+    put("FormPos_Width", "-9000");
+    put("FormPos_Height", "400000");
     startShown();
+    EXPECT_GT(frame().width(), 100);
+    EXPECT_LE(frame().height(), 2 * window().screen()->geometry().height()) << "can be painted";
     EXPECT_TRUE(window().screen()->geometry().intersects(frame())) << "of a screen that is gone";
 }
 
