@@ -65,9 +65,11 @@ void ShortLine::setFormats(const LineText& line) {
         return true;
     });
     addStandIns(line, formats);
-    for (int i = 0; preeditLength_ > 0 && i < line.preedit->formats.size(); ++i) {
-        formats.append(line.preedit->formats[i]);
-        formats.back().start += static_cast<int>(preeditColumn_);
+    if (line.preedit != nullptr) {
+        for (QTextLayout::FormatRange range : line.preedit->formats) {
+            range.start += static_cast<int>(preeditColumn_);
+            if (preeditLength_ > 0) formats.append(range);
+        }
     }
     layout_.setFormats(formats);
 }
