@@ -1,0 +1,132 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+#include "widgets/XPButtonEvents.h"
+#include "widgets/XPButtonFrame.h"
+#include "widgets/XPButtonHost.h"
+#include "widgets/XPButtonInput.h"
+#include "widgets/XPButtonMask.h"
+#include "widgets/XPButtonModel.h"
+#include "widgets/XPButtonStore.h"
+#include "widgets/XPButtonWindow.h"
+
+namespace brindlex {
+
+class Desktop;
+class PropertyBag;
+
+/// A push button that paints itself: rectangular, slanted, oval or a picture, with its own colours,
+/// caption styles and a look for the pointer. Sizes are logical pixels. What each member takes and
+/// refuses stands with XPButtonModel. The widget's mask is the window region.
+///
+/// A program lets it stand in a widget and sets its members; Enter and Escape in a window come with
+/// XPButtonForm. A host of its own gives it design mode and hears which members changed.
+class XPButton : public QWidget, private XPButtonWindow {
+  public:
+    /// `desktop` shows its boxes. Without a host the widget's surroundings answer for one. Both
+    /// outlive the button.
+    explicit XPButton(Desktop& desktop, QWidget* parent = nullptr, XPButtonHost* host = nullptr);
+    ~XPButton() override;
+
+    XPButtonEvents events;
+
+    // --- Members -------------------------------------------------------------------------------
+    QString Caption() const { return members().Caption; }
+    void SetCaption(const QString& caption);
+    int CaptionAlign() const { return members().CaptionAlign; }
+    void SetCaptionAlign(int align) { model_.SetCaptionAlign(align); }
+    int CaptionStyle() const { return members().CaptionStyle; }
+    void SetCaptionStyle(int style) { model_.SetCaptionStyle(style); }
+    int ButtonShape() const { return members().ButtonShape; }
+    void SetButtonShape(int shape) { model_.SetButtonShape(shape); }
+    ButtonPicture Picture() const { return members().Picture; }
+    void SetPicture(const ButtonPicture& picture) { model_.SetPicture(picture); }
+    int PictureAlign() const { return members().PictureAlign; }
+    void SetPictureAlign(int align) { model_.SetPictureAlign(align); }
+    /// Of the button itself, also while what it stands in is disabled.
+    bool Enabled() const { return !testAttribute(Qt::WA_ForceDisabled); }
+    void SetEnabled(bool on);
+    bool ShowFocusRect() const { return members().ShowFocusRect; }
+    void SetShowFocusRect(bool show) { model_.SetShowFocusRect(show); }
+    int PictureSize() { return model_.PictureSize(); }
+    void SetPictureSize(int size) { model_.SetPictureSize(size); }
+    int MousePointer() const { return pointer_; }
+    void SetMousePointer(int pointer);
+    ButtonPicture MouseIcon() const { return mouseIcon_; }
+    /// None or an icon.
+    void SetMouseIcon(const ButtonPicture& icon);
+    QFont Font() const { return font(); }
+    void SetFont(const QFont& font);
+    ColorValue ForeColor() const { return members().ForeColor; }
+    void SetForeColor(ColorValue color) { model_.SetForeColor(color); }
+    ColorValue BackColor() const { return members().BackColor; }
+    void SetBackColor(ColorValue color) { model_.SetBackColor(color); }
+    ColorValue GradientColor() const { return members().GradientColor; }
+    void SetGradientColor(ColorValue color) { model_.SetGradientColor(color); }
+    ColorValue GotFocusBorderColor() const { return members().GotFocusBorderColor; }
+    void SetGotFocusBorderColor(ColorValue color) { model_.SetGotFocusBorderColor(color); }
+    ColorValue HoverBorderColor() const { return members().HoverBorderColor; }
+    void SetHoverBorderColor(ColorValue color) { model_.SetHoverBorderColor(color); }
+    int GradientMode() const { return members().GradientMode; }
+    void SetGradientMode(int mode) { model_.SetGradientMode(mode); }
+    bool ResetDefaultColors() const { return false; }
+    void SetResetDefaultColors(bool reset) { model_.SetResetDefaultColors(reset); }
+    int HoverColorLocks() const { return members().HoverColorLocks; }
+    void SetHoverColorLocks(int locks) { model_.SetHoverColorLocks(locks); }
+    ColorValue HoverForeColor() const { return members().HoverForeColor; }
+    void SetHoverForeColor(ColorValue color) { model_.SetHoverForeColor(color); }
+    ColorValue HoverBackColor() const { return members().HoverBackColor; }
+    void SetHoverBackColor(ColorValue color) { model_.SetHoverBackColor(color); }
+    /// What the window is painted on.
+    QPaintDevice* hDC() { return this; }
+    /// Gives the widget a native window of its own when it has none.
+    WId hWnd() const { return winId(); }
+    /// Switches delayed drawing off and redraws.
+    void Refresh();
+    /// While on, the button keeps its frame, region and layout; they follow when it goes off.
+    void DelayDrawing(bool on);
+
+    // --- The host's side -------------------------------------------------------------------------
+    /// Makes a new button of the host's: call it instead of ReadProperties.
+    void InitProperties();
+    void ReadProperties(const PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag) const;
+    void UserControl_AmbientChanged(const QString& name);
+    /// The access key, or Enter (13) and Escape (27) for the form's default and cancel button.
+    void UserControl_AccessKeyPress(int KeyAscii);
+    /// What assistive technology does to press it: a click, unless it is disabled.
+    void press();
+
+    // --- What it shows ---------------------------------------------------------------------------
+    const XPButtonLook& look() const { return model_.look(); }
+    const XPButtonRegion& region() const { return region_; }
+    const XPButtonLayout& layoutRects() const { return layout_; }
+    /// The frame of the present state.
+    XPButtonFrame frame();
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+  private:
+    const XPButtonMembers& members() const { return model_.members(); }
+};
+
+}  // namespace brindlex

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+#include "widgets/ButtonPicture.h"
+
+namespace brindlex {
+
+/// A picture at its drawn size. A bitmap is transparent where it has the colour of its pixel (0, 0)
+/// or one that differs by at most 3 in each channel.
+class XPButtonMask {
+  public:
+    /// Forgets both images.
+    void clear();
+    /// Makes the image for `size` in logical pixels, unless it is there. Reads every pixel of the
+    /// result and, to scale it, of the picture.
+    void prepare(const ButtonPicture& picture, const QSize& size, double pixelRatio);
+    /// Null without a picture or room.
+    const QImage& image() const { return image_; }
+    /// For a disabled button: grey wherever the picture is neither transparent nor white. Made on
+    /// first use.
+    const QImage& disabledImage();
+
+  private:
+    struct Source {
+        qint64 key = 0;
+        QSize size;
+        double pixelRatio = 0;
+        bool operator==(const Source&) const = default;
+    };
+    Source source_;
+    QImage image_;
+    QImage disabled_;
+};
+
+}  // namespace brindlex

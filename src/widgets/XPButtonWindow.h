@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+namespace brindlex {
+
+/// What the parts of a button ask of its window.
+class XPButtonWindow {
+  public:
+    /// Shows a frame of the present state, unless drawing is delayed.
+    virtual void Redraw() = 0;
+    /// The flag alone, nothing is drawn.
+    virtual void setDelayDrawing(bool on) = 0;
+    /// Places caption and picture anew; the copy of the picture is made again when `rebuildMask`.
+    /// While drawing is delayed this waits.
+    virtual void ComputeLayout(bool rebuildMask) = 0;
+    /// Region, layout and a frame for the present size and shape. While drawing is delayed this
+    /// waits.
+    virtual void UserControl_Resize() = 0;
+    /// A box with an information icon and the program's title.
+    virtual void showBox(const QString& text) = 0;
+
+    /// The pointer is over this window: over no other above it, and inside the region.
+    virtual bool isUnderPointer() const = 0;
+    /// The pointer in the window's own coordinates.
+    virtual QPoint pointerPosition() const = 0;
+    /// Starts or stops the calls of tmrHover_Timer.
+    virtual void setHoverTimer(bool on) = 0;
+    /// Hands a key to the container, after the present handler has returned.
+    virtual void postToContainer(int qtKey) = 0;
+
+  protected:
+    ~XPButtonWindow() = default;
+};
+
+}  // namespace brindlex
