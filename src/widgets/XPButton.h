@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -102,8 +103,10 @@ class XPButton : public QWidget, private XPButtonWindow {
 
     // --- What it shows ---------------------------------------------------------------------------
     const XPButtonLook& look() const { return model_.look(); }
-    const XPButtonRegion& region() const { return region_; }
-    const XPButtonLayout& layoutRects() const { return layout_; }
+    const XPButtonRegion& region();
+    const XPButtonLayout& layoutRects();
+    /// Empty without an access key.
+    QKeySequence accessKeySequence() const;
     /// The frame of the present state.
     XPButtonFrame frame();
     QSize sizeHint() const override;
@@ -126,7 +129,49 @@ class XPButton : public QWidget, private XPButtonWindow {
     void keyReleaseEvent(QKeyEvent* event) override;
 
   private:
+    /// What has to be worked out again once drawing is no longer delayed.
+    enum class Stale { Nothing, Layout, Region };
+
     const XPButtonMembers& members() const { return model_.members(); }
+    void followCaption();
+    void bringUpToDate();
+    void fitRegion();
+    XPButtonFrame makeFrame();
+    void announce();
+    bool isInside(const QPoint& position) const;
+
+    // --- What the parts ask of the window --------------------------------------------------------
+    void Redraw() override;
+    void setDelayDrawing(bool on) override;
+    void ComputeLayout() override;
+    void UserControl_Resize() override;
+    void showBox(const QString& text) override;
+    bool isUnderPointer() const override;
+    QPoint pointerPosition() const override;
+    void setHoverTimer(bool on) override;
+    void postToContainer(int qtKey) override;
+
+    Desktop& desktop_;
+    std::unique_ptr<XPButtonHost> ownHost_;
+    XPButtonHost& host_;
+    XPButtonModel model_;
+    XPButtonInput input_;
+    QTimer tmrHover_;
+    int pointer_ = 0;
+    ButtonPicture mouseIcon_;
+    int accessKeyId_ = 0;
+
+    QSize laidOut_{0, 0};  // the size that region and layout are for
+    XPButtonRegion region_;
+    XPButtonLayout layout_;
+    std::shared_ptr<const XPButtonCaption> caption_;
+    XPButtonMask mask_;
+    XPButtonFrame frame_;
+    bool delayed_ = false;
+    Stale stale_ = Stale::Nothing;
+    bool ownPaint_ = false;  // the next paint event is the answer to Redraw
+    XPButtonLook announced_;
+    Qt::MouseButtons pressed_;  // inside of the button
 };
 
 }  // namespace brindlex

@@ -18,7 +18,11 @@ class XPButtonAccessible : public QAccessibleWidget {
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;
+    /// Presses from the event loop.
     void doAction(const QString& name) override;
+
+  private:
+    XPButton& button_;
 };
 
 }  // namespace brindlex

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <vector>
 
 class QShortcut;
 class QWidget;
@@ -25,8 +26,11 @@ class XPButtonForm : public QObject {
 
   private:
     void follow(QWidget* focus);
+    QShortcut* makeKey(int key, int ascii, const QPointer<XPButton>& button);
 
     QWidget& window_;
+    std::vector<QShortcut*> defaultKeys_;
+    QShortcut* cancelKey_ = nullptr;
     QPointer<XPButton> default_;
     QPointer<XPButton> cancel_;
     QPointer<XPButton> current_;

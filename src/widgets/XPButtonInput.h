@@ -42,10 +42,10 @@ class XPButtonInput {
 
   private:
     void redrawNow();
-    void startHover();
+    bool startHover();
     void pressSpace();
-    void press(XPButtonMouse mouse);
-    void click();
+    bool press(XPButtonMouse mouse);
+    bool click();
     template <typename Event, typename... Arguments>
     bool raise(const Event& event, Arguments&... arguments);
 

@@ -24,7 +24,8 @@ class XPButtonMask {
 
   private:
     struct Source {
-        qint64 key = 0;
+        qint64 picture = 0;
+        bool isIcon = false;
         QSize size;
         double pixelRatio = 0;
         bool operator==(const Source&) const = default;

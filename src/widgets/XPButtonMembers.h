@@ -19,7 +19,6 @@ inline constexpr int kMaxHoverColorLocks = 3;
 
 inline constexpr int kCaptionCentred = 2;
 inline constexpr int kPictureAbove = 4;
-inline constexpr int kPictureBelow = 5;
 
 /// Shapes: 0 rectangle, 1 left side slanted, 2 right side slanted, 3 both, 4 oval, 5 oval with a
 /// picture only, 6 the same with an outline, 7 the picture is the button.

@@ -10,6 +10,8 @@ struct XPButtonRegion {
     QRegion window;        ///< for shapes 0 to 3 and 7 it reaches one pixel past the window
     QRegion MiddleRegion;  ///< ovals: one pixel inside the window region; else empty
     QRegion InnerRegion;   ///< ovals: two pixels inside; else empty
+    QRegion windowFrame;   ///< ovals: the outermost pixels of the window region
+    QRegion middleFrame;   ///< ovals: those of MiddleRegion
     int LeftEdge = 0;      ///< where the straight part of the face begins, at the bottom
     int RightEdge = 0;     ///< where it ends, at the top
 };

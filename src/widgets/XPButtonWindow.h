@@ -12,9 +12,8 @@ class XPButtonWindow {
     virtual void Redraw() = 0;
     /// The flag alone, nothing is drawn.
     virtual void setDelayDrawing(bool on) = 0;
-    /// Places caption and picture anew; the copy of the picture is made again when `rebuildMask`.
-    /// While drawing is delayed this waits.
-    virtual void ComputeLayout(bool rebuildMask) = 0;
+    /// Places caption and picture anew. While drawing is delayed this waits.
+    virtual void ComputeLayout() = 0;
     /// Region, layout and a frame for the present size and shape. While drawing is delayed this
     /// waits.
     virtual void UserControl_Resize() = 0;

@@ -1,0 +1,80 @@
+#include "widgets/XPButtonColors.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace brindlex {
+namespace {
+
+struct Channels {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+};
+
+/// The divisors make a full green or blue 256, not 255.
+Channels channelsOf(Bgr color) {
+    return {static_cast<double>(color & 0xFF), (color & 0xFF00) / 255.0,
+            (color & 0xFF0000) / 65280.0};
+}
+
+Bgr compose(std::int64_t red, std::int64_t green, std::int64_t blue) {
+    return static_cast<Bgr>(red | green << 8 | blue << 16);
+}
+
+std::int64_t clamped(std::int64_t channel) {
+    return std::clamp<std::int64_t>(channel, 0, 255);
+}
+
+Bgr shifted(Bgr color, std::int64_t shift, bool scaleBlue, bool invert) {
+    const Channels channels = channelsOf(color);
+    const auto red = static_cast<std::int64_t>(channels.red) + shift;
+    const std::int64_t green = std::llround(channels.green) + shift;
+    const std::int64_t whole = std::llround(channels.blue);
+    const std::int64_t blue = whole + (scaleBlue ? shift * whole / 192 : shift);
+    const Bgr result = compose(clamped(red), clamped(green), clamped(blue));
+    return invert ? result ^ kWhite : result;
+}
+
+}  // namespace
+
+Bgr AdjustColor(Bgr color, int shift, bool scaleBlue, bool avoidExtremes, bool invert) {
+    const Bgr first = shifted(color, shift, scaleBlue, invert);
+    const auto isExtreme = [](Bgr result) { return result == 0 || result == kWhite; };
+    if (!avoidExtremes || !isExtreme(first)) return first;
+    const std::int64_t turned = shift == 0 ? 64 : -std::int64_t{shift};
+    const Bgr second = shifted(color, turned, scaleBlue, invert);
+    return isExtreme(second) ? shifted(color, -turned, scaleBlue, invert) : second;
+}
+
+std::vector<Bgr> GradientColors(Bgr from, Bgr to, int count) {
+    if (count <= 0) return {};
+    std::vector<Bgr> colors{from};
+    colors.reserve(static_cast<std::size_t>(count));
+    Channels now = channelsOf(from);
+    const Channels end = channelsOf(to);
+    const double steps = std::max(count - 1, 1);
+    const double red = (end.red - now.red) / steps;
+    const double green = (std::round(end.green) - now.green) / steps;
+    const double blue = (std::round(end.blue) - now.blue) / steps;
+    const auto move = [](double& channel, double step) {
+        channel = std::clamp(channel + step, 0.0, 255.0);
+        return static_cast<std::int64_t>(channel);
+    };
+    for (int i = 1; i < count; ++i) {
+        const std::int64_t r = move(now.red, red);
+        const std::int64_t g = move(now.green, green);
+        colors.push_back(compose(r, g, move(now.blue, blue)));
+    }
+    return colors;
+}
+
+int roundedQuotient(int dividend, int divisor) {
+    const std::int64_t twice = std::int64_t{dividend} * 2;
+    const std::int64_t down = dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
+    const std::int64_t excess = twice - (2 * down + 1) * divisor;  // over the half
+    const bool up = excess > 0 || (excess == 0 && down % 2 != 0);
+    return static_cast<int>(down + (up ? 1 : 0));
+}
+
+}  // namespace brindlex

@@ -1,0 +1,186 @@
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QShortcutEvent>
+
+#include "platform/CodePage.h"
+#include "platform/KeyCodes.h"
+#include "widgets/XPButton.h"
+
+namespace brindlex {
+namespace {
+
+constexpr int kSpace = 32;
+
+int buttonOf(Qt::MouseButton button) {
+    if (button == Qt::MiddleButton) return 4;
+    return button == Qt::RightButton ? 2 : 1;
+}
+
+/// The buttons that a move finds held, summed up.
+int buttonsOf(Qt::MouseButtons buttons) {
+    int sum = 0;
+    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
+        if (buttons & button) sum += buttonOf(button);
+    return sum;
+}
+
+bool isKnown(Qt::MouseButton button) {
+    return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
+}
+
+XPButtonMouse mouseOf(const QMouseEvent& event, int button) {
+    return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
+            static_cast<float>(event.position().y())};
+}
+
+/// KeyAscii of each character that a key makes.
+std::string asciiOf(const QKeyEvent& event) {
+    if (makesCharacters(event)) return CodePage::system().fromUnicode(event.text());
+    const int code = controlCodeOf(event);
+    return code == 0 ? std::string() : std::string(1, static_cast<char>(code));
+}
+
+}  // namespace
+
+bool XPButton::event(QEvent* event) {
+    if (event->type() != QEvent::Shortcut) return QWidget::event(event);
+    const auto& shortcut = *static_cast<const QShortcutEvent*>(event);
+    if (shortcut.isAmbiguous())
+        setFocus(Qt::ShortcutFocusReason);
+    else if (const QString key = model_.accessKey(); !key.isEmpty())
+        UserControl_AccessKeyPress(key.at(0).unicode());
+    return true;
+}
+
+void XPButton::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    switch (event->type()) {
+        case QEvent::FontChange:
+            ComputeLayout();
+            updateGeometry();
+            return Redraw();
+        case QEvent::PaletteChange:
+            return model_.setPalette(palette());
+        case QEvent::EnabledChange:
+            return Redraw();
+        default:
+            return;
+    }
+}
+
+void XPButton::resizeEvent(QResizeEvent*) {
+    if (laidOut_ != size()) UserControl_Resize();
+}
+
+void XPButton::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (host_.UserMode() || !host_.DisplayAsDefault() || !ShowFocusRect()) return;
+    model_.look().set(XPButtonLook::kDefault, true);
+    Redraw();
+}
+
+void XPButton::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    pressed_ = Qt::NoButton;
+    input_.abandonPress();
+}
+
+/// Without a host of its own nobody else says that the button is now what Enter presses.
+void XPButton::focusInEvent(QFocusEvent*) {
+    if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+}
+
+/// The release of a held space bar goes elsewhere.
+void XPButton::focusOutEvent(QFocusEvent*) {
+    if (!pressed_.testFlag(Qt::LeftButton)) input_.abandonPress();
+    if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+}
+
+// --- Mouse
+// -----------------------------------------------------------------------------------------
+
+bool XPButton::isInside(const QPoint& position) const {
+    return rect().contains(position) && region_.window.contains(position);
+}
+
+bool XPButton::isUnderPointer() const {
+    return QApplication::widgetAt(QCursor::pos()) == this;
+}
+
+QPoint XPButton::pointerPosition() const {
+    return mapFromGlobal(QCursor::pos());
+}
+
+void XPButton::setHoverTimer(bool on) {
+    on ? tmrHover_.start() : tmrHover_.stop();
+}
+
+void XPButton::mousePressEvent(QMouseEvent* event) {
+    if (!isKnown(event->button())) return event->ignore();
+    pressed_.setFlag(event->button(), isInside(event->pos()));
+    input_.UserControl_MouseDown(mouseOf(*event, buttonOf(event->button())));
+}
+
+void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!isKnown(event->button())) return event->ignore();
+    pressed_.setFlag(event->button(), isInside(event->pos()));
+    input_.UserControl_DblClick();
+}
+
+void XPButton::mouseMoveEvent(QMouseEvent* event) {
+    input_.UserControl_MouseMove(mouseOf(*event, buttonsOf(event->buttons())));
+}
+
+/// A press and a release on the button make a click.
+void XPButton::mouseReleaseEvent(QMouseEvent* event) {
+    if (!isKnown(event->button())) return event->ignore();
+    const bool clicked = pressed_.testFlag(event->button()) && isInside(event->pos());
+    pressed_.setFlag(event->button(), false);
+    const QPointer<XPButton> self(this);
+    input_.UserControl_MouseUp(mouseOf(*event, buttonOf(event->button())));
+    if (self && clicked) input_.UserControl_Click();
+}
+
+// --- Keys
+// ------------------------------------------------------------------------------------------
+
+void XPButton::keyPressEvent(QKeyEvent* event) {
+    int keyCode = keyCodeOf(*event);
+    if (keyCode == kAsciiEnter && host_.DisplayAsDefault()) {
+        if (!event->isAutoRepeat()) UserControl_AccessKeyPress(kAsciiEnter);
+        return;
+    }
+    const QPointer<XPButton> self(this);
+    const std::string characters = asciiOf(*event);
+    const bool taken = keyCode == kSpace;
+    input_.UserControl_KeyDown(keyCode, shiftOf(event->modifiers()), event->key());
+    event->setAccepted(taken || keyCode == 0);
+    if (keyCode == 0) return;
+    for (const char character : characters)
+        if (self) input_.UserControl_KeyPress(static_cast<unsigned char>(character));
+}
+
+void XPButton::keyReleaseEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) return;
+    const int keyCode = keyCodeOf(*event);
+    event->setAccepted(keyCode == kSpace);
+    input_.UserControl_KeyUp(keyCode, shiftOf(event->modifiers()));
+}
+
+/// A container that does nothing with the key leaves the step to the next or previous widget.
+void XPButton::postToContainer(int qtKey) {
+    const auto hand = [this, qtKey] {
+        QKeyEvent key(QEvent::KeyPress, qtKey, Qt::NoModifier);
+        key.ignore();
+        const QPointer<XPButton> self(this);
+        if (parentWidget()) QCoreApplication::sendEvent(parentWidget(), &key);
+        const bool forward = qtKey == Qt::Key_Right || qtKey == Qt::Key_Down;
+        if (self && hasFocus() && !key.isAccepted()) focusNextPrevChild(forward);
+    };
+    QMetaObject::invokeMethod(this, hand, Qt::QueuedConnection);
+}
+
+}  // namespace brindlex

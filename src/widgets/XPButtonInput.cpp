@@ -1,0 +1,163 @@
+#include "widgets/XPButtonInput.h"
+
+#include <Qt>
+
+#include "platform/KeyCodes.h"
+#include "widgets/XPButtonWindow.h"
+
+namespace brindlex {
+namespace {
+
+using Look = XPButtonLook;
+
+constexpr int kLeftButton = 1;
+constexpr int kNoButton = -1;
+constexpr int kSpace = 32;
+constexpr int kShiftKey = 16;
+constexpr int kFirstArrow = 37;
+constexpr int kLastArrow = 40;
+
+constexpr bool isArrow(int keyCode) {
+    return keyCode >= kFirstArrow && keyCode <= kLastArrow;
+}
+
+}  // namespace
+
+XPButtonInput::XPButtonInput(Look& look, XPButtonWindow& window, const XPButtonEvents& events)
+    : look_(look), window_(window), events_(events) {}
+
+/// False when the button is gone.
+template <typename Event, typename... Arguments>
+bool XPButtonInput::raise(const Event& event, Arguments&... arguments) {
+    if (!event) return true;
+    const std::weak_ptr<char> life = life_;
+    const Event handler = event;  // outlives a button that it destroys
+    handler(arguments...);
+    return !life.expired();
+}
+
+void XPButtonInput::redrawNow() {
+    window_.setDelayDrawing(false);
+    window_.Redraw();
+}
+
+// --- Mouse
+// -----------------------------------------------------------------------------------------
+
+void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
+    press(mouse);
+}
+
+bool XPButtonInput::press(XPButtonMouse mouse) {
+    LastButton_ = mouse.Button;
+    if (mouse.Button == kLeftButton) {
+        look_.set(Look::kDown, true);
+        redrawNow();
+    }
+    return raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+void XPButtonInput::UserControl_MouseMove(XPButtonMouse mouse) {
+    if (!look_.Hovering && window_.isUnderPointer() && !startHover()) return;
+    raise(events_.MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+/// False when the button is gone.
+bool XPButtonInput::startHover() {
+    look_.set(Look::kOver, true);
+    if (!raise(events_.MouseEnter)) return false;
+    window_.setHoverTimer(true);
+    look_.Hovering = true;
+    redrawNow();
+    return true;
+}
+
+void XPButtonInput::tmrHover_Timer() {
+    if (window_.isUnderPointer()) return;
+    window_.setHoverTimer(false);
+    look_.Hovering = false;
+    look_.set(Look::kOver, false);
+    window_.setDelayDrawing(false);
+    if (raise(events_.MouseLeave)) redrawNow();
+}
+
+void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
+    const int button = mouse.Button;
+    if (button == kLeftButton) {
+        look_.set(Look::kDown, false);
+        redrawNow();
+    }
+    if (raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) LastButton_ = button;
+}
+
+void XPButtonInput::UserControl_Click() {
+    click();
+}
+
+/// False when the button is gone.
+bool XPButtonInput::click() {
+    return LastButton_ != kLeftButton || raise(events_.Click);
+}
+
+void XPButtonInput::UserControl_DblClick() {
+    const QPoint place = window_.pointerPosition();
+    const int last = LastButton_;
+    XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),
+                        static_cast<float>(place.y())};
+    int button = last;
+    if (!raise(events_.DblClick, button)) return;
+    if (last != kLeftButton)
+        raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    else if (press(mouse))
+        LastButton_ = kNoButton;
+}
+
+// --- Keys
+// ------------------------------------------------------------------------------------------
+
+void XPButtonInput::UserControl_KeyDown(int& KeyCode, int Shift, int qtKey) {
+    if (isArrow(KeyCode)) {
+        KeyCode = 0;
+        window_.postToContainer(qtKey);
+    }
+    if (KeyCode == kSpace && !look_.has(Look::kDown)) pressSpace();
+    if (KeyCode != 0) raise(events_.KeyDown, KeyCode, Shift);
+}
+
+/// Shows one pressed frame wherever the pointer is; the next one follows the pointer.
+void XPButtonInput::pressSpace() {
+    look_.set(Look::kDown, true);
+    look_.set(Look::kOver, true);
+    window_.Redraw();
+    if (!look_.Hovering) look_.set(Look::kOver, false);
+}
+
+void XPButtonInput::UserControl_KeyUp(int KeyCode, int Shift) {
+    if (KeyCode == kSpace && look_.has(Look::kDown)) {
+        LastButton_ = kLeftButton;
+        look_.set(Look::kDown, false);
+        window_.Redraw();
+        if (!click()) return;
+    }
+    if (isArrow(KeyCode) || KeyCode == kShiftKey) return;
+    if (KeyCode > 0) raise(events_.KeyUp, KeyCode, Shift);
+}
+
+void XPButtonInput::UserControl_KeyPress(int KeyAscii) {
+    raise(events_.KeyPress, KeyAscii);
+}
+
+void XPButtonInput::UserControl_AccessKeyPress(int KeyAscii) {
+    const bool formKey = KeyAscii == kAsciiEscape || KeyAscii == kAsciiEnter;
+    if (!formKey && !look_.has(Look::kDefault)) window_.Redraw();
+    LastButton_ = kLeftButton;
+    click();
+}
+
+void XPButtonInput::abandonPress() {
+    if (!look_.has(Look::kDown)) return;
+    look_.set(Look::kDown, false);
+    window_.Redraw();
+}
+
+}  // namespace brindlex

@@ -1,0 +1,212 @@
+#include "widgets/XPButtonPainter.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "widgets/XPButtonBorder.h"
+
+namespace brindlex {
+namespace {
+
+constexpr int kRightward = 1;
+constexpr int kLeftward = 2;
+constexpr int kDownward = 3;
+constexpr int kUpward = 4;
+
+constexpr int kFaceSteps = 25;  // the face is that much darker at the bottom
+constexpr int kGradientShift = 48;
+constexpr int kDisabledFaceShift = -24;
+constexpr int kDisabledTextShift = -104;
+constexpr int kReliefShift = 40;
+constexpr int kRaised = 2;
+constexpr int kPartOfScreen = 4;  // larger buttons have coarser gradients
+
+void fillRegion(QPainter& painter, const QRegion& region, Bgr color) {
+    const QColor brush = qColor(color);
+    for (const QRect& rect : region) painter.fillRect(rect, brush);
+}
+
+/// Fills the face with bands from the top or the left; the last one goes to the end.
+class Bands {
+  public:
+    Bands(QPainter& painter, const QSize& size, bool alongWidth)
+        : painter_(painter), size_(size), alongWidth_(alongWidth) {}
+
+    void fill(const std::vector<Bgr>& colors, int depth) const {
+        const int count = static_cast<int>(colors.size());
+        const int end = alongWidth_ ? size_.width() : size_.height();
+        for (int i = 0; i < count;) {
+            const Bgr color = colors[static_cast<std::size_t>(i)];
+            const int first = i * depth;
+            while (i < count && colors[static_cast<std::size_t>(i)] == color) ++i;
+            FillBand(first, i == count ? end : i * depth, color);
+        }
+    }
+
+  private:
+    void FillBand(int from, int to, Bgr color) const {
+        const QRect band = alongWidth_ ? QRect(from, 0, to - from, size_.height())
+                                       : QRect(0, from, size_.width(), to - from);
+        painter_.fillRect(band, qColor(color));
+    }
+
+    QPainter& painter_;
+    QSize size_;
+    bool alongWidth_;
+};
+
+/// One frame on its way to the painter.
+class Frame {
+  public:
+    Frame(QPainter& painter, const XPButtonFrame& frame);
+    void PaintFace();
+
+  private:
+    bool isOval() const { return f_.ButtonShape >= kFirstOval && f_.ButtonShape <= kOutlinedOval; }
+    void PaintBackground();
+    void PaintOvalBackground();
+    void FillGradient(int mode, Bgr from, Bgr to);
+    void shadeFace(Bgr color);
+    void DrawContent();
+    void DrawPicture(const QPoint& shift);
+    void DrawCaption(const QPoint& shift);
+    void drawText(const QPoint& shift, Bgr color);
+    void DrawRim();
+
+    QPainter& painter_;
+    const XPButtonFrame& f_;
+    bool pressed_;
+    bool hovers_;  // and is not pressed
+    Bgr back_;
+};
+
+Bgr backOf(const XPButtonFrame& frame) {
+    if (frame.look.isPressed() && frame.GradientMode == 0) return frame.PressedColor;
+    return frame.Enabled ? frame.FaceColor : AdjustColor(frame.FaceColor, kDisabledFaceShift);
+}
+
+Frame::Frame(QPainter& painter, const XPButtonFrame& frame)
+    : painter_(painter),
+      f_(frame),
+      pressed_(frame.look.isPressed()),
+      hovers_(frame.look.Hovering && !pressed_),
+      back_(backOf(frame)) {}
+
+void Frame::PaintFace() {
+    painter_.save();
+    if (isOval())
+        PaintOvalBackground();
+    else
+        PaintBackground();
+    DrawContent();
+    painter_.restore();
+    if (f_.ButtonShape < kFirstOval) DrawBorder(painter_, f_);
+    if (isOval()) DrawRim();
+}
+
+/// Leaves the painter's clip inside of the oval's ring.
+void Frame::PaintOvalBackground() {
+    const XPButtonRegion& region = f_.region;
+    if (f_.ButtonShape == kOutlinedOval) {
+        PaintBackground();
+        if (!f_.look.Hovering) return;
+        fillRegion(painter_, region.windowFrame, 0);
+        painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
+        return;
+    }
+    FillGradient(kDownward, kWhite, kGrey);
+    painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
+    if (pressed_) {
+        FillGradient(kDownward, kGrey, kWhite);
+        painter_.setClipRegion(region.InnerRegion, Qt::IntersectClip);
+    }
+    PaintBackground();
+}
+
+void Frame::PaintBackground() {
+    const Bgr fill = hovers_ ? f_.HoverFaceColor : back_;
+    const QRect face(QPoint(0, 0), f_.size);
+    if (f_.GradientMode != 0) {
+        if (hovers_ && !f_.hoverKeepsGradient)
+            painter_.fillRect(face, qColor(f_.HoverFaceColor));
+        else
+            FillGradient(f_.GradientMode, back_, AdjustColor(f_.GradientColor, kGradientShift));
+    } else if (f_.Enabled) {
+        shadeFace(fill);
+    } else {
+        painter_.fillRect(face, qColor(fill));
+    }
+}
+
+void Frame::shadeFace(Bgr color) {
+    const int h = f_.size.height();
+    std::vector<Bgr> rows;
+    rows.reserve(static_cast<std::size_t>(h));
+    for (int y = 0; y < h; ++y)
+        rows.push_back(AdjustColor(color, -roundedQuotient(kFaceSteps * y, h)));
+    Bands(painter_, f_.size, false).fill(rows, 1);
+}
+
+void Frame::FillGradient(int mode, Bgr from, Bgr to) {
+    const bool alongWidth = mode == kRightward || mode == kLeftward;
+    const int length = alongWidth ? f_.size.width() : f_.size.height();
+    const int screen = alongWidth ? f_.screen.width() : f_.screen.height();
+    const int depth = screen / length < kPartOfScreen ? 2 : 1;
+    std::vector<Bgr> colors = GradientColors(from, to, std::max(1, length / depth));
+    if (mode == kLeftward || mode == kUpward) std::reverse(colors.begin(), colors.end());
+    Bands(painter_, f_.size, alongWidth).fill(colors, depth);
+}
+
+void Frame::DrawContent() {
+    const int down = pressed_ ? 1 : 0;
+    const QPoint shift(f_.ButtonShape < kFirstOval ? down : 0, down);
+    DrawPicture(shift);
+    if (f_.caption && f_.ButtonShape < kFirstShapeWithoutCaption) DrawCaption(shift);
+}
+
+void Frame::DrawPicture(const QPoint& shift) {
+    if (f_.picture.isNull()) return;
+    const int inset = pressed_ ? 1 : 0;
+    const QRect place = f_.ButtonShape == kCustomShape
+                            ? QRect(QPoint(0, 0), f_.size).adjusted(inset, inset, -inset, -inset)
+                            : f_.layout.PictureRect.translated(shift);
+    if (!place.isEmpty()) painter_.drawImage(place, f_.picture);
+}
+
+void Frame::DrawCaption(const QPoint& shift) {
+    if (!f_.Enabled && f_.GradientMode == 0)
+        return drawText(shift, AdjustColor(back_, kDisabledTextShift));
+    if (!f_.Enabled) {
+        drawText(shift + QPoint(1, 1), kWhite);
+        return drawText(shift, kGrey);
+    }
+    const Bgr color = hovers_ ? f_.HoverForeColor : f_.ForeColor;
+    if (f_.CaptionStyle == 0) return drawText(shift, color);
+    const int relief = f_.CaptionStyle == kRaised ? kReliefShift : -kReliefShift;
+    drawText(shift + QPoint(-1, 0), AdjustColor(back_, relief));
+    drawText(shift + QPoint(1, 2), AdjustColor(back_, -relief, false));
+    drawText(shift + QPoint(0, 1), color);
+}
+
+void Frame::drawText(const QPoint& shift, Bgr color) {
+    painter_.setPen(qColor(color));
+    f_.caption->draw(painter_, f_.layout.CaptionRect.translated(shift));
+}
+
+void Frame::DrawRim() {
+    const XPButtonLook& look = f_.look;
+    const bool outlined = f_.ButtonShape == kOutlinedOval;
+    const QRegion& rim = outlined && pressed_ ? f_.region.windowFrame : f_.region.middleFrame;
+    if (look.Hovering)
+        fillRegion(painter_, rim, f_.HoverBorderColor);
+    else if (look.has(XPButtonLook::kDefault) && !outlined)
+        fillRegion(painter_, rim, f_.GotFocusBorderColor);
+}
+
+}  // namespace
+
+void PaintFrame(QPainter& painter, const XPButtonFrame& frame) {
+    if (!frame.size.isEmpty()) Frame(painter, frame).PaintFace();
+}
+
+}  // namespace brindlex

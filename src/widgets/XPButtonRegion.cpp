@@ -1,0 +1,121 @@
+#include "widgets/XPButtonRegion.h"
+
+#include <QList>
+#include <QRect>
+#include <cmath>
+
+#include "widgets/XPButtonMembers.h"
+
+namespace brindlex {
+namespace {
+
+constexpr int kStraightEdge = 5;
+
+bool leftSlants(int shape) {
+    return shape == 1 || shape == 3;
+}
+
+bool rightSlants(int shape) {
+    return shape == 2 || shape == 3;
+}
+
+bool hasFourPoints(int shape) {
+    return (shape >= 1 && shape <= 3) || shape == kCustomShape;
+}
+
+bool isOval(int shape) {
+    return shape >= kFirstOval && shape <= kOutlinedOval;
+}
+
+/// Three pixels in each of the corners that do not slant, of the window's own pixels.
+QRegion corners(bool left, bool right, const QSize& size) {
+    const int w = size.width();
+    const int h = size.height();
+    QRegion nipped;
+    if (left) {
+        nipped += QRegion(0, 0, 2, 1) + QRegion(0, 1, 1, 1);
+        nipped += QRegion(0, h - 1, 2, 1) + QRegion(0, h - 2, 1, 1);
+    }
+    if (right) {
+        nipped += QRegion(w - 2, 0, 2, 1) + QRegion(w - 1, 1, 1, 1);
+        nipped += QRegion(w - 2, h - 1, 2, 1) + QRegion(w - 1, h - 2, 1, 1);
+    }
+    return nipped;
+}
+
+/// Row for row from `top`: the pixels that `spanOf(row)` gives as first and last.
+template <typename SpanOf>
+QRegion rows(int top, int bottom, SpanOf spanOf) {
+    QList<QRect> spans;
+    for (int y = top; y < bottom; ++y) {
+        const auto [first, last] = spanOf(y);
+        if (first > last) continue;
+        const QRect span(QPoint(first, y), QPoint(last, y));
+        const bool goesOn = !spans.isEmpty() && spans.last().bottom() == y - 1 &&
+                            spans.last().left() == first && spans.last().right() == last;
+        if (goesOn)
+            spans.last().setBottom(y);
+        else
+            spans.append(span);
+    }
+    QRegion region;
+    region.setRects(spans.constData(), static_cast<int>(spans.size()));
+    return region;
+}
+
+/// Both slants run at 45 degrees, from the top left to the bottom right.
+QRegion fourPoints(int shape, const QSize& size, int rightEdge) {
+    return rows(0, size.height() + 1, [&](int y) {
+        return std::pair(leftSlants(shape) ? y : 0,
+                         rightSlants(shape) ? rightEdge + y : size.width());
+    });
+}
+
+}  // namespace
+
+int grownWidth(int shape, const QSize& size) {
+    const int missing = kStraightEdge - (size.width() - (size.height() + 1));
+    if (!hasFourPoints(shape) || missing <= 0) return size.width();
+    return size.width() + (missing + kStraightEdge - 1) / kStraightEdge * kStraightEdge;
+}
+
+QRegion ellipse(int left, int top, int right, int bottom) {
+    if (left >= right || top >= bottom) return {};
+    const double radiusX = (right - left) / 2.0;
+    const double radiusY = (bottom - top) / 2.0;
+    const double middle = left + radiusX;
+    return rows(top, bottom, [&](int y) {
+        const double height = (y + 0.5 - (top + radiusY)) / radiusY;
+        const double half = radiusX * std::sqrt(1 - height * height);
+        return std::pair(static_cast<int>(std::ceil(middle - half - 0.5)),
+                         static_cast<int>(std::floor(middle + half - 0.5)));
+    });
+}
+
+QRegion frameOf(const QRegion& region) {
+    return region - (region.translated(1, 0) & region.translated(-1, 0) & region.translated(0, 1) &
+                     region.translated(0, -1));
+}
+
+XPButtonRegion BuildRegion(int shape, const QSize& size) {
+    const int w = size.width();
+    const int h = size.height();
+    XPButtonRegion region;
+    region.RightEdge = w;
+    if (isOval(shape)) {
+        region.window = ellipse(0, 0, w, h);
+        region.MiddleRegion = ellipse(1, 1, w - 1, h - 1);
+        region.InnerRegion = ellipse(2, 2, w - 2, h - 2);
+        region.windowFrame = frameOf(region.window);
+        region.middleFrame = frameOf(region.MiddleRegion);
+        return region;
+    }
+    if (leftSlants(shape)) region.LeftEdge = h + 1;
+    if (rightSlants(shape)) region.RightEdge = w - (h + 1);
+    region.window = fourPoints(shape, size, region.RightEdge) -
+                    corners(shape == 0 || shape == 2, shape == 0 || shape == 1, size);
+    if (region.RightEdge == 0) region.RightEdge = w;
+    return region;
+}
+
+}  // namespace brindlex
