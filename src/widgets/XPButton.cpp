@@ -261,7 +261,8 @@ void XPButton::ComputeLayout() {
     const Qt::Alignment alignment = kAlignments[m.CaptionAlign];
     std::shared_ptr<XPButtonCaption> caption;
     if (!m.Caption.isEmpty()) {
-        caption = std::make_shared<XPButtonCaption>(m.Caption, drawingFont(font()));
+        caption = std::make_shared<XPButtonCaption>(m.Caption, drawingFont(font()),
+                                                    mostCharactersOn(laidOut_));
         in.measure = [&](int width) {
             caption->wrap(width, alignment);
             return caption->size();
@@ -274,7 +275,7 @@ void XPButton::ComputeLayout() {
 
 QSize XPButton::sizeHint() const {
     const XPButtonMembers& m = members();
-    XPButtonCaption caption(m.Caption, drawingFont(font()));
+    XPButtonCaption caption(m.Caption, drawingFont(font()), mostCharactersOn({}));
     caption.wrap(QWIDGETSIZE_MAX, Qt::AlignLeft);
     QSize content = m.Caption.isEmpty() ? QSize(0, 0) : caption.size();
     const int s = m.Picture.isNone() ? 0 : m.PicturePixels;

@@ -156,7 +156,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     XPButtonHost& host_;
     XPButtonModel model_;
     XPButtonInput input_;
-    QTimer tmrHover_;
+    QTimer tmrHover_{this};
     int pointer_ = 0;
     ButtonPicture mouseIcon_;
     int accessKeyId_ = 0;

@@ -61,9 +61,10 @@ QFont drawingFont(const QFont& font) {
     return drawing;
 }
 
-XPButtonCaption::XPButtonCaption(const QString& caption, const QFont& drawingFont) {
+XPButtonCaption::XPButtonCaption(const QString& caption, const QFont& drawingFont,
+                                 qsizetype mostCharacters) {
     const Shown shown = shownText(caption);
-    layout_.setText(shown.text);
+    layout_.setText(shown.text.left(mostCharacters));
     layout_.setFont(drawingFont);
     layout_.setCacheEnabled(true);
     if (shown.underlined < 0) return;

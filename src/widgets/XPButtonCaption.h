@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QSize>
 #include <QString>
 #include <QTextLayout>
 #include <optional>
@@ -19,11 +20,17 @@ QString spokenCaption(const QString& caption);
 /// characters at most.
 QFont drawingFont(const QFont& font);
 
+/// More characters than a face of that size can show, in any font that can be read.
+constexpr qsizetype mostCharactersOn(const QSize& size) {
+    return 1000 + qsizetype{size.width()} * size.height() / 16;
+}
+
 /// A caption as lines of one width. "||" breaks the line, "&" is a mark and not shown, "&&" shows
 /// as "&"; the access key is underlined.
 class XPButtonCaption {
   public:
-    XPButtonCaption(const QString& caption, const QFont& drawingFont);
+    /// Shows at most that many characters.
+    XPButtonCaption(const QString& caption, const QFont& drawingFont, qsizetype mostCharacters);
     XPButtonCaption(const XPButtonCaption&) = delete;
     XPButtonCaption& operator=(const XPButtonCaption&) = delete;
 

@@ -1,6 +1,5 @@
 #include "widgets/XPButtonMask.h"
 
-#include <cmath>
 #include <cstdlib>
 
 namespace brindlex {
@@ -24,25 +23,39 @@ bool isClose(QRgb a, QRgb b) {
            std::abs(qAlpha(a) - qAlpha(b)) <= kTolerance;
 }
 
-/// A picture much larger than its copy is thinned out first, so that the time for a copy follows
-/// the size of the copy.
-QImage scaled(const QImage& image, const QSize& size) {
-    const bool grows = size.width() > image.width() || size.height() > image.height();
-    if (grows) return image.scaled(size);
+/// A picture much larger than its copy loses pixels first, so that the time for a copy follows the
+/// size of the copy.
+QImage thinned(const QImage& image, const QSize& size) {
     constexpr int kFiner = 4;
-    const QSize between = size * kFiner;
-    const bool isLarge = between.width() < image.width() && between.height() < image.height();
-    return (isLarge ? image.scaled(between) : image)
-        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+    const QSize enough = (size * kFiner).boundedTo(image.size());
+    return enough == image.size() ? image : image.scaled(enough);
+}
+
+/// Whole multiples stay sharp.
+QImage scaled(const QImage& image, const QSize& size) {
+    if (size.width() % image.width() == 0 && size.height() % image.height() == 0)
+        return image.scaled(size);
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
+/// The key colour goes before the picture is scaled, so that it does not bleed into its edges, and
+/// what scaling makes of it afterwards.
+QImage keyed(QImage image, const QSize& size) {
+    const QRgb key = *reinterpret_cast<const QRgb*>(image.constScanLine(0));
+    const auto clearKey = [key](QRgb pixel) { return isClose(pixel, key) ? 0 : pixel; };
+    changePixels(image, clearKey);
+    image = scaled(image, size);
+    changePixels(image, clearKey);
+    return image;
+}
+
 QRgb greyed(QRgb pixel) {
-    if (qAlpha(pixel) == 0) return 0;
-    const int white = 255 - qAlpha(pixel);
+    const int alpha = qAlpha(pixel);
+    const int white = 255 - alpha;
     const bool showsWhite =
         qRed(pixel) + white >= 255 && qGreen(pixel) + white >= 255 && qBlue(pixel) + white >= 255;
-    return showsWhite ? 0 : qRgb(0x80, 0x80, 0x80);
+    return showsWhite ? 0 : qPremultiply(qRgba(0x80, 0x80, 0x80, alpha));
 }
 
 }  // namespace
@@ -57,11 +70,9 @@ void XPButtonMask::prepare(const ButtonPicture& picture, const QSize& size, doub
     if (source == source_) return;
     source_ = source;
     disabled_ = QImage();
-    image_ = scaled(picture.image(), (QSizeF(size) * pixelRatio).toSize());
-    if (!picture.isIcon()) {
-        const QRgb key = *reinterpret_cast<const QRgb*>(image_.constScanLine(0));
-        changePixels(image_, [key](QRgb pixel) { return isClose(pixel, key) ? 0 : pixel; });
-    }
+    const QSize pixels = (QSizeF(size) * pixelRatio).toSize().expandedTo({1, 1});
+    const QImage image = thinned(picture.image(), pixels);
+    image_ = picture.isIcon() ? scaled(image, pixels) : keyed(image, pixels);
     image_.setDevicePixelRatio(pixelRatio);
 }
 

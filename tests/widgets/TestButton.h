@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "support/FakeDesktop.h"
+#include "widgets/XPButton.h"
+
+namespace brindlex {
+
+/// A host that a test sets, and that writes down what it is told.
+struct TestHost : XPButtonHost {
+    bool userMode = true;
+    bool displayAsDefault = false;
+    ColorValue backColor = kButtonFace;
+    QFont font{"Courier New", 11};
+    std::string told;
+
+    bool UserMode() const override { return userMode; }
+    bool DisplayAsDefault() const override { return displayAsDefault; }
+    ColorValue BackColor() const override { return backColor; }
+    QString DisplayName() const override { return QStringLiteral("btnOne"); }
+    std::optional<QFont> containerFont() const override { return font; }
+    void propertyChanged(const QString& key) override { told += key.toStdString() + " "; }
+};
+
+inline QImage plainImage(const QSize& size, const QColor& color) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
+}  // namespace brindlex

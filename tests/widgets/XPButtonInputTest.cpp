@@ -1,0 +1,244 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QTest>
+#include <memory>
+
+#include "widgets/TestButton.h"
+#include "widgets/XPButtonForm.h"
+
+namespace brindlex {
+namespace {
+
+/// A window with two buttons and a line; the first button's events are written down.
+class XPButtonInputTest : public testing::Test {
+  protected:
+    XPButtonInputTest() {
+        window.setGeometry(100, 100, 400, 200);
+        for (XPButton* b : {button, other}) b->resize(120, 30);
+        button->move(10, 10);
+        other->move(200, 10);
+        line->move(10, 100);
+        button->SetCaption("&Apply");
+        XPButtonEvents& events = button->events;
+        const auto mouse = [this](const char* name) {
+            return [this, name](int& Button, int& Shift, float&, float&) {
+                log += name + std::to_string(Button) + (Shift ? "s " : " ");
+            };
+        };
+        const auto key = [this](const char* name) {
+            return [this, name](int& code, int&) { log += name + std::to_string(code) + " "; };
+        };
+        events.MouseDown = mouse("down");
+        events.MouseUp = mouse("up");
+        events.KeyDown = key("keydown");
+        events.KeyUp = key("keyup");
+        events.KeyPress = [this](int& ascii) { log += "key" + std::to_string(ascii) + " "; };
+        events.Click = [this] { log += "click "; };
+        events.DblClick = [this](int& b) { log += "dbl" + std::to_string(b) + " "; };
+        events.MouseEnter = [this] { log += "enter "; };
+        events.MouseLeave = [this] { log += "leave "; };
+        other->events.Click = [this] { log += "other "; };
+        pointAt({350, 150});
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        line->setFocus();
+    }
+    ~XPButtonInputTest() override { pointAt({350, 150}); }
+
+    void pointAt(QPoint place) {
+        QCursor::setPos(window.mapToGlobal(place));
+        QWidget* under = window.childAt(place);
+        QWidget* target = QWidget::mouseGrabber() ? QWidget::mouseGrabber() : under;
+        if (target) QTest::mouseMove(target, target->mapFrom(&window, place));
+    }
+    std::string taken() { return std::exchange(log, {}); }
+    bool hovers() const { return button->look().Hovering; }
+
+    FakeDesktop desktop;
+    QWidget window;
+    XPButton* button = new XPButton(desktop, &window);
+    XPButton* other = new XPButton(desktop, &window);
+    QLineEdit* line = new QLineEdit(&window);
+    std::string log;
+};
+
+TEST_F(XPButtonInputTest, FollowsThePointerWhileItIsThere) {
+    const auto timers = [this] {
+        const QList<QTimer*> all = button->findChildren<QTimer*>();
+        return std::count_if(all.begin(), all.end(), [](QTimer* t) { return t->isActive(); });
+    };
+    EXPECT_EQ(timers(), 0);
+    pointAt({50, 20});
+    EXPECT_EQ(taken(), "enter ");
+    EXPECT_EQ(button->look().ButtonFlags, XPButtonLook::kOver);
+    EXPECT_EQ(timers(), 1);
+    QTest::qWait(120);
+    EXPECT_TRUE(hovers());
+    pointAt({250, 20});
+    EXPECT_TRUE(other->look().Hovering);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000));
+    EXPECT_EQ(taken(), "leave ");
+    EXPECT_EQ(timers(), 0);
+    pointAt({11, 11});  // a nipped corner
+    pointAt({10, 10});
+    EXPECT_FALSE(hovers() && taken() == "");
+}
+
+TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
+    pointAt({50, 20});
+    taken();
+    QTest::mousePress(button, Qt::LeftButton, Qt::ShiftModifier, {40, 10});
+    EXPECT_TRUE(button->look().isPressed());
+    QTest::mouseRelease(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_EQ(taken(), "down1s up1 click ");
+    QTest::mouseClick(button, Qt::RightButton, {}, {40, 10});
+    EXPECT_EQ(taken(), "down2 up2 ");
+    for (const auto mouse : {Qt::LeftButton, Qt::RightButton}) {
+        QTest::mouseClick(button, mouse, {}, {40, 10});
+        QTest::mouseDClick(button, mouse, {}, {40, 10});
+        QTest::mouseRelease(button, mouse, {}, {40, 10});
+    }
+    EXPECT_EQ(taken(),
+              "down1 up1 click dbl1 down1 up1 click "
+              "down2 up2 dbl2 down1 up2 ");
+
+    QTest::mousePress(button, Qt::LeftButton, {}, {40, 10});
+    QCursor::setPos(window.mapToGlobal(QPoint(350, 150)));
+    QTest::mouseMove(button, {340, 140});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000));
+    EXPECT_EQ(button->look().ButtonFlags, XPButtonLook::kDown);
+    QCursor::setPos(window.mapToGlobal(QPoint(50, 20)));
+    QTest::mouseMove(button, {40, 10});
+    EXPECT_TRUE(button->look().isPressed());
+    QCursor::setPos(window.mapToGlobal(QPoint(350, 150)));
+    QTest::mouseRelease(button, Qt::LeftButton, {}, {340, 140});
+    EXPECT_EQ(taken(), "down1 leave enter up1 ");
+
+    button->SetEnabled(false);
+    QTest::mouseClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_EQ(taken(), "");
+}
+
+TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
+    button->setFocus();
+    QTest::keyPress(button, Qt::Key_Space);
+    EXPECT_EQ(button->look().ButtonFlags, XPButtonLook::kDown | XPButtonLook::kDefault);
+    QTest::keyRelease(button, Qt::Key_Space);
+    EXPECT_EQ(taken(), "keydown32 key32 click keyup32 ");
+    QTest::keyClick(button, Qt::Key_B);
+    QTest::keyClick(button, Qt::Key_Shift);
+    EXPECT_EQ(taken(), "keydown66 key98 keyup66 keydown16 ");
+    QTest::keyPress(button, Qt::Key_Space);
+    other->setFocus();
+    EXPECT_EQ(button->look().ButtonFlags, 0) << "its release went elsewhere";
+    button->setFocus();
+    taken();
+    QTest::keyClick(button, Qt::Key_Right);
+    EXPECT_TRUE(button->hasFocus()) << "the key is posted";
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(other->hasFocus());
+    QTest::keyClick(other, Qt::Key_Up);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(button->hasFocus());
+    EXPECT_EQ(taken(), "");
+}
+
+TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
+    QTest::keyClick(line, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(taken(), "click ");
+    auto* const form = new XPButtonForm(window);
+    QTest::keyClick(line, Qt::Key_Return);
+    form->setDefaultButton(button);
+    form->setCancelButton(other);
+    EXPECT_TRUE(button->look().has(XPButtonLook::kDefault));
+    QTest::keyClick(line, Qt::Key_Enter);
+    EXPECT_EQ(taken(), "click ");
+    QTest::keyClick(line, Qt::Key_Escape);
+    EXPECT_EQ(taken(), "other ");
+    other->setFocus();
+    EXPECT_FALSE(button->look().has(XPButtonLook::kDefault));
+    EXPECT_TRUE(other->look().has(XPButtonLook::kDefault));
+    QTest::keyClick(other, Qt::Key_Return);
+    EXPECT_EQ(taken(), "other ");
+    line->setFocus();
+    EXPECT_TRUE(button->look().has(XPButtonLook::kDefault));
+    button->SetEnabled(false);
+    QTest::keyClick(line, Qt::Key_Return);
+    EXPECT_EQ(taken(), "");
+}
+
+TEST_F(XPButtonInputTest, MayBeDestroyedByAnyOfItsEvents) {
+    const auto kill = [this] { delete std::exchange(button, nullptr); };
+    using Act = std::function<void(XPButton*)>;
+    const std::pair<std::function<void(XPButtonEvents&)>, Act> rows[] = {
+        {[&](auto& e) { e.MouseDown = [&](auto&...) { kill(); }; },
+         [](XPButton* b) {
+             QTest::mousePress(b, Qt::LeftButton, {}, {9, 9});
+         }},
+        {[&](auto& e) { e.MouseUp = [&](auto&...) { kill(); }; },
+         [](XPButton* b) {
+             QTest::mouseClick(b, Qt::LeftButton, {}, {9, 9});
+         }},
+        {[&](auto& e) { e.Click = kill; },
+         [](XPButton* b) {
+             QTest::mouseClick(b, Qt::LeftButton, {}, {9, 9});
+         }},
+        {[&](auto& e) { e.KeyDown = [&](auto&...) { kill(); }; },
+         [](XPButton* b) { QTest::keyPress(b, Qt::Key_B); }},
+        {[&](auto& e) { e.Click = kill; }, [](XPButton* b) { QTest::keyClick(b, Qt::Key_Space); }},
+        {[&](auto& e) { e.MouseEnter = kill; },
+         [&](XPButton*) {
+             pointAt({50, 20});
+         }},
+        {[&](auto& e) { e.MouseLeave = kill; },
+         [&](XPButton*) {
+             pointAt({50, 20});
+             pointAt({350, 150});
+             QTest::qWait(150);
+         }},
+    };
+    for (const auto& [setUp, act] : rows) {
+        delete button;
+        pointAt({350, 150});
+        button = new XPButton(desktop, &window);
+        button->setGeometry(10, 10, 120, 30);
+        button->show();
+        setUp(button->events);
+        act(button);
+        EXPECT_EQ(button, nullptr);
+    }
+}
+
+TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {
+    window.grab();
+    const QImage before = button->grab().toImage();
+    const QRect place = button->layoutRects().CaptionRect;
+    button->DelayDrawing(true);
+    button->SetBackColor(ColorValue(0xFF));
+    button->SetCaption("A longer caption");
+    EXPECT_EQ(button->layoutRects().CaptionRect, place);
+    button->Refresh();
+    EXPECT_NE(button->layoutRects().CaptionRect, place);
+    EXPECT_NE(button->grab().toImage(), before);
+}
+
+TEST_F(XPButtonInputTest, TellsAssistiveTechnology) {
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(button);
+    ASSERT_TRUE(face);
+    EXPECT_EQ(face->role(), QAccessible::PushButton);
+    button->SetCaption("&Save||&& close");
+    EXPECT_EQ(face->text(QAccessible::Name), "Save & close");
+    button->setFocus();
+    EXPECT_TRUE(face->state().defaultButton && face->state().focused);
+    face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taken(), "click ");
+    button->SetEnabled(false);
+    EXPECT_FALSE(face->actionInterface()->actionNames().contains("Press"));
+    EXPECT_TRUE(face->state().disabled);
+}
+
+}  // namespace
+}  // namespace brindlex
