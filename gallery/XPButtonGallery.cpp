@@ -229,6 +229,7 @@ int show(QStringList arguments) {
     }
     if (arguments.size() > 1) return 0;
     new XPButtonForm(window);
+    window.setMinimumSize(window.minimumSizeHint());
     window.show();
     return QApplication::exec();
 }

@@ -160,12 +160,16 @@ void XPButton::announce() {
     QAccessible::updateAccessibility(&event);
 }
 
-/// A frame that the button did not ask for shows the present state.
+/// A frame that the button did not ask for shows the present state. What has waited until now is
+/// not for a paint event to do: it may change the size.
 void XPButton::paintEvent(QPaintEvent*) {
     if (!std::exchange(ownPaint_, false)) {
-        setDelayDrawing(false);
-        frame_ = frame();
-        ownPaint_ = false;
+        delayed_ = false;
+        if (stale_ == Stale::Nothing)
+            frame_ = makeFrame();
+        else
+            QMetaObject::invokeMethod(
+                this, [this] { bringUpToDate(); }, Qt::QueuedConnection);
     }
     QPainter painter(this);
     PaintFrame(painter, frame_);

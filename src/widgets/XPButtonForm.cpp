@@ -28,8 +28,9 @@ QShortcut* XPButtonForm::makeKey(int key, int ascii, const QPointer<XPButton>& b
     auto* const shortcut = new QShortcut(QKeySequence(key), &window_);
     shortcut->setAutoRepeat(false);
     shortcut->setEnabled(false);
-    connect(shortcut, &QShortcut::activated, this, [&button, ascii] {
-        if (button && button->isEnabled()) button->UserControl_AccessKeyPress(ascii);
+    connect(shortcut, &QShortcut::activated, this, [&button, shortcut, ascii] {
+        if (!button) return shortcut->setEnabled(false);
+        if (button->isEnabled()) button->UserControl_AccessKeyPress(ascii);
     });
     return shortcut;
 }

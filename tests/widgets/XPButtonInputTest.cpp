@@ -108,7 +108,7 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
     QCursor::setPos(window.mapToGlobal(QPoint(350, 150)));
     QTest::mouseMove(button, {340, 140});
     EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000));
-    EXPECT_EQ(button->look().ButtonFlags, XPButtonLook::kDown);
+    EXPECT_EQ(button->look().ButtonFlags, XPButtonLook::kDown | XPButtonLook::kDefault);
     QCursor::setPos(window.mapToGlobal(QPoint(50, 20)));
     QTest::mouseMove(button, {40, 10});
     EXPECT_TRUE(button->look().isPressed());

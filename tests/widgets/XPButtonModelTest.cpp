@@ -39,7 +39,7 @@ TEST(AdjustColor, ShiftsWithItsOddDivisors) {
         {0x804020, 10, false, false, true, 0x74B5D5},  // the complement of 0x8B4A2A
         {0x000000, 0, true, true, false, 0x004040},    // 64 instead, and no blue to scale
         {0xFFFFFF, 0, true, true, false, 0xABC0BF},    // 64 is white again, so back
-        {0x808080, 300, true, true, false, 0x000000},  // no turn helps
+        {0x808080, 300, true, true, false, kWhite},    // no turn helps
         {0x8000000F, -100000, true, true, false, 0xFFFFFF & 0x00FFFF},
     };
     for (const Row& row : rows)
