@@ -34,7 +34,7 @@ class XPButton : public QWidget, private XPButtonWindow {
 
     XPButtonEvents events;
 
-    // --- Members -------------------------------------------------------------------------------
+    // --- Members --------------------------------------------------------------------------------
     QString Caption() const { return members().Caption; }
     void SetCaption(const QString& caption);
     int CaptionAlign() const { return members().CaptionAlign; }
@@ -90,7 +90,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     /// While on, the button keeps its frame, region and layout; they follow when it goes off.
     void DelayDrawing(bool on);
 
-    // --- The host's side -------------------------------------------------------------------------
+    // --- The host's side ------------------------------------------------------------------------
     /// Makes a new button of the host's: call it instead of ReadProperties.
     void InitProperties();
     void ReadProperties(const PropertyBag& bag);
@@ -101,7 +101,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     /// What assistive technology does to press it: a click, unless it is disabled.
     void press();
 
-    // --- What it shows ---------------------------------------------------------------------------
+    // --- What it shows --------------------------------------------------------------------------
     const XPButtonLook& look() const { return model_.look(); }
     const XPButtonRegion& region();
     const XPButtonLayout& layoutRects();
@@ -136,11 +136,12 @@ class XPButton : public QWidget, private XPButtonWindow {
     void followCaption();
     void bringUpToDate();
     void fitRegion();
+    void placeContent();
     XPButtonFrame makeFrame();
     void announce();
     bool isInside(const QPoint& position) const;
 
-    // --- What the parts ask of the window --------------------------------------------------------
+    // --- What the parts ask of the window -------------------------------------------------------
     void Redraw() override;
     void setDelayDrawing(bool on) override;
     void ComputeLayout() override;

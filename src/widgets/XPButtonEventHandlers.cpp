@@ -60,7 +60,6 @@ void XPButton::changeEvent(QEvent* event) {
     switch (event->type()) {
         case QEvent::FontChange:
             ComputeLayout();
-            updateGeometry();
             return Redraw();
         case QEvent::PaletteChange:
             return model_.setPalette(palette());
@@ -99,8 +98,7 @@ void XPButton::focusOutEvent(QFocusEvent*) {
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
-// --- Mouse
-// -----------------------------------------------------------------------------------------
+// --- Mouse --------------------------------------------------------------------------------------
 
 bool XPButton::isInside(const QPoint& position) const {
     return rect().contains(position) && region_.window.contains(position);
@@ -144,8 +142,7 @@ void XPButton::mouseReleaseEvent(QMouseEvent* event) {
     if (self && clicked) input_.UserControl_Click();
 }
 
-// --- Keys
-// ------------------------------------------------------------------------------------------
+// --- Keys ---------------------------------------------------------------------------------------
 
 void XPButton::keyPressEvent(QKeyEvent* event) {
     int keyCode = keyCodeOf(*event);
@@ -175,8 +172,9 @@ void XPButton::postToContainer(int qtKey) {
     const auto hand = [this, qtKey] {
         QKeyEvent key(QEvent::KeyPress, qtKey, Qt::NoModifier);
         key.ignore();
+        QWidget* const container = parentWidget();
         const QPointer<XPButton> self(this);
-        if (parentWidget()) QCoreApplication::sendEvent(parentWidget(), &key);
+        if (container) QCoreApplication::sendEvent(container, &key);
         const bool forward = qtKey == Qt::Key_Right || qtKey == Qt::Key_Down;
         if (self && hasFocus() && !key.isAccepted()) focusNextPrevChild(forward);
     };

@@ -41,8 +41,7 @@ void XPButtonInput::redrawNow() {
     window_.Redraw();
 }
 
-// --- Mouse
-// -----------------------------------------------------------------------------------------
+// --- Mouse --------------------------------------------------------------------------------------
 
 void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
     press(mouse);
@@ -112,8 +111,7 @@ void XPButtonInput::UserControl_DblClick() {
         LastButton_ = kNoButton;
 }
 
-// --- Keys
-// ------------------------------------------------------------------------------------------
+// --- Keys ---------------------------------------------------------------------------------------
 
 void XPButtonInput::UserControl_KeyDown(int& KeyCode, int Shift, int qtKey) {
     if (isArrow(KeyCode)) {

@@ -53,7 +53,7 @@ void XPButtonModel::PrepareColors() {
     colors_.PressedColor = AdjustColor(colors_.FaceColor, -32);
 }
 
-// --- Caption -------------------------------------------------------------------------------------
+// --- Caption ------------------------------------------------------------------------------------
 
 void XPButtonModel::SetCaption(const QString& caption) {
     accessKey_ = accessKeyOf(caption).value_or(accessKey_);
@@ -89,7 +89,7 @@ void XPButtonModel::SetCaptionStyle(int style) {
     tell("CapStyle");
 }
 
-// --- Shape and picture ---------------------------------------------------------------------------
+// --- Shape and picture --------------------------------------------------------------------------
 
 void XPButtonModel::SetButtonShape(int shape) {
     if (!isIn(shape, kMaxButtonShape)) return;
@@ -160,7 +160,7 @@ void XPButtonModel::SetShowFocusRect(bool show) {
     tell("Focus");
 }
 
-// --- Colours -------------------------------------------------------------------------------------
+// --- Colours ------------------------------------------------------------------------------------
 
 bool XPButtonModel::hoverBackFollows() const {
     return (members_.HoverColorLocks & 1) == 0;
@@ -252,7 +252,7 @@ void XPButtonModel::SetHoverBackColor(ColorValue color) {
     changedColor("cBHover");
 }
 
-// --- Making and loading --------------------------------------------------------------------------
+// --- Making and loading -------------------------------------------------------------------------
 
 void XPButtonModel::InitProperties() {
     members_ = XPButtonMembers{};

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QPainter>
-#include <random>
 
 #include "widgets/TestButton.h"
 #include "widgets/XPButtonPainter.h"
@@ -122,8 +121,7 @@ TEST(XPButtonMask, IsTransparentInTheColourOfItsCorner) {
 /// Members and sizes at random, from nothing up: all that is shown stays where it belongs.
 TEST(XPButtonFrame, StaysOnItsFace) {
     FakeDesktop desktop;
-    std::mt19937 random(7);
-    const auto upTo = [&](int highest) { return static_cast<int>(random() % (highest + 1U)); };
+    Dice dice(7);
     QImage hole(8, 8, QImage::Format_ARGB32);
     hole.fill(Qt::transparent);
     const ButtonPicture pictures[] = {{},
@@ -137,22 +135,17 @@ TEST(XPButtonFrame, StaysOnItsFace) {
         "", "Caption", "&", "||", QString(100000, 'm'), QStringLiteral("two ").repeated(30)};
     XPButton button(desktop);
     for (int round = 0; round < 500; ++round) {
-        button.resize(upTo(150), upTo(60));
-        button.SetPicture(pictures[upTo(6)]);
-        button.SetButtonShape(upTo(7));
-        button.SetPictureSize(upTo(4));
-        button.SetPictureAlign(upTo(5));
-        if (round % 5 == 0) button.SetCaption(captions[upTo(5)]);
-        button.SetCaptionAlign(upTo(2));
-        button.SetCaptionStyle(upTo(2));
-        button.SetGradientMode(upTo(4));
-        button.SetEnabled(upTo(3) != 0);
-        const QRect face = button.rect().adjusted(4, 4, -4, -5);
+        button.resize(dice.upTo(150), dice.upTo(60));
+        button.SetPicture(pictures[dice.upTo(6)]);
+        if (round % 5 == 0) button.SetCaption(captions[dice.upTo(5)]);
+        dice.setNumbers(button);
+        button.SetEnabled(dice.upTo(3) != 0);
         const XPButtonLayout& layout = button.layoutRects();
+        const QRect face = button.rect().adjusted(4, 4, -4, -5);
         EXPECT_TRUE(layout.CaptionRect.isEmpty() || face.contains(layout.CaptionRect));
         EXPECT_TRUE(layout.PictureRect.isEmpty() || button.rect().contains(layout.PictureRect));
         XPButtonFrame frame = button.frame();
-        frame.look = {upTo(7), upTo(1) != 0};
+        frame.look = {dice.upTo(7), dice.upTo(1) != 0};
         QImage image(button.size() + QSize(8, 8), QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QPainter painter(&image);

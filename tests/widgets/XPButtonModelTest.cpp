@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
-#include <random>
 
 #include "platform/PropertyBag.h"
 #include "widgets/TestButton.h"
@@ -40,7 +39,7 @@ TEST(AdjustColor, ShiftsWithItsOddDivisors) {
         {0x000000, 0, true, true, false, 0x004040},    // 64 instead, and no blue to scale
         {0xFFFFFF, 0, true, true, false, 0xABC0BF},    // 64 is white again, so back
         {0x808080, 300, true, true, false, kWhite},    // no turn helps
-        {0x8000000F, -100000, true, true, false, 0xFFFFFF & 0x00FFFF},
+        {0x8000000F, -100000, true, true, false, 0x00FFFF},
     };
     for (const Row& row : rows)
         EXPECT_EQ(AdjustColor(row.color, row.shift, row.scaleBlue, row.avoidExtremes, row.invert),
@@ -50,12 +49,7 @@ TEST(AdjustColor, ShiftsWithItsOddDivisors) {
 
 TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesBetweenMembers) {
     for (const int bad : {-1, 99, 1 << 30}) {
-        button.SetCaptionAlign(bad);
-        button.SetCaptionStyle(bad);
-        button.SetButtonShape(bad);
-        button.SetPictureAlign(bad);
-        button.SetPictureSize(bad);
-        button.SetGradientMode(bad);
+        for (const auto& [set, highest] : kNumbers) (button.*set)(bad);
         button.SetHoverColorLocks(bad);
     }
     button.SetMousePointer(16);
@@ -203,31 +197,25 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWas) {
     EXPECT_EQ(stored(button), Values());
     EXPECT_EQ(button.HoverBackColor(), kBlue);
 
-    std::mt19937 random(5);
-    const auto upTo = [&](int highest) { return static_cast<int>(random() % (highest + 1U)); };
+    Dice dice(5);
+    const auto color = [&] {
+        return ColorValue((dice.upTo(1) ? 0x80000000U : 0U) + static_cast<unsigned>(dice.upTo(20)));
+    };
     const ButtonPicture pictures[] = {{}, kBitmap, kIcon};
     for (int round = 0; round < 100; ++round) {
-        const auto color = [&] { return ColorValue(random() & (upTo(1) ? 0x80000014U : kWhite)); };
-        button.SetCaption(QStringList{"", "a&b", "c||d"}.at(upTo(2)));
-        button.SetPicture(pictures[upTo(2)]);
-        button.SetCaptionStyle(upTo(2));
-        button.SetPictureSize(upTo(4));
-        button.SetPictureAlign(upTo(5));
-        button.SetButtonShape(upTo(7));
-        button.SetCaptionAlign(upTo(2));
-        button.SetEnabled(upTo(1) != 0);
-        button.SetShowFocusRect(upTo(1) != 0);
-        button.SetMouseIcon(upTo(1) ? kIcon : ButtonPicture());
-        button.SetMousePointer(upTo(15));
-        button.SetFont(QFont("Courier New", 8 + upTo(3)));
-        button.SetForeColor(color());
-        button.SetBackColor(color());
-        button.SetGradientColor(color());
-        button.SetGotFocusBorderColor(color());
-        button.SetHoverBorderColor(color());
-        button.SetGradientMode(upTo(4));
-        button.SetHoverForeColor(color());
-        if (upTo(1)) button.SetHoverBackColor(color());
+        button.SetCaption(QStringList{"", "a&b", "c||d"}.at(dice.upTo(2)));
+        button.SetPicture(pictures[dice.upTo(2)]);
+        dice.setNumbers(button);
+        button.SetEnabled(dice.upTo(1) != 0);
+        button.SetShowFocusRect(dice.upTo(1) != 0);
+        button.SetMouseIcon(pictures[2 * dice.upTo(1)]);
+        button.SetMousePointer(dice.upTo(15));
+        button.SetFont(QFont("Courier New", 8 + dice.upTo(3)));
+        for (const auto set :
+             {&XPButton::SetForeColor, &XPButton::SetBackColor, &XPButton::SetGradientColor,
+              &XPButton::SetGotFocusBorderColor, &XPButton::SetHoverBorderColor,
+              &XPButton::SetHoverForeColor, &XPButton::SetHoverBackColor})
+            if (dice.upTo(2) != 0) (button.*set)(color());
 
         PropertyBag bag;
         button.WriteProperties(bag);
