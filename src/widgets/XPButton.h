@@ -141,7 +141,8 @@ class XPButton : public QWidget, private XPButtonWindow {
     void announce();
     bool isInside(const QPoint& position) const;
 
-    // --- What the parts ask of the window -------------------------------------------------------
+    // --- What model and input ask of the window
+    // -------------------------------------------------------
     void Redraw() override;
     void setDelayDrawing(bool on) override;
     void ComputeLayout() override;

@@ -5,7 +5,7 @@
 
 namespace brindlex {
 
-/// What the parts of a button ask of its window.
+/// What model and input of a button ask of its window.
 class XPButtonWindow {
   public:
     /// Shows a frame of the present state, unless drawing is delayed.

@@ -134,7 +134,7 @@ TEST(XPButtonFrame, StaysOnItsFace) {
     const QString captions[] = {
         "", "Caption", "&", "||", QString(100000, 'm'), QStringLiteral("two ").repeated(30)};
     XPButton button(desktop);
-    for (int round = 0; round < 500; ++round) {
+    for (int round = 0; round < 300; ++round) {
         button.resize(dice.upTo(150), dice.upTo(60));
         button.SetPicture(pictures[dice.upTo(6)]);
         if (round % 5 == 0) button.SetCaption(captions[dice.upTo(5)]);
