@@ -13,6 +13,7 @@
 #include "shell/MainLayout.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
+#include "shell/ToolBar.h"
 #include "shell/WindowPosition.h"
 
 class QListWidget;
@@ -85,6 +86,7 @@ class frmMain : public QWidget {
     void KELP_RTBSyntax1_SelChange();
 
     KELP_RTBSyntax* makeEditor();
+    ToolBar* makeToolBar();
     MainLayout::Controls controls();
     void wireEditor();
     void wireDocument();
@@ -104,7 +106,7 @@ class frmMain : public QWidget {
     Commands commands_;
     KELP_RTBSyntax* editor_;
     SidePanels sidePanels_;
-    QWidget* picToolBar_;
+    ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
     QListWidget* List4_;
