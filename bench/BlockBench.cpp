@@ -1,45 +1,37 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <vector>
 
-#include "bench/ScriptGenerator.h"
-#include "editor/KELP_RTBSyntax.h"
-#include "editor/MainWindowSettings.h"
-#include "editor/ScriptSyntax.h"
+#include "bench/OpenProgram.h"
 
 namespace brindlex::bench {
 namespace {
 
 using Operation = void (KELP_RTBSyntax::*)();
 
-/// Two operations, one after the other, on many selected lines in a window, the painting of the
-/// outcome included. The host keeps the text of each change, as undo does.
+/// Runs an operation on so many lines, selected from the start of the text, and paints the outcome.
+void onLines(KELP_RTBSyntax& editor, Long lines, Operation operation) {
+    editor.SetSelStart(0);
+    editor.SetSelLength(editor.GetCharNr(lines));  // up to the LF of the last one
+    (editor.*operation)();
+    QApplication::processEvents();
+}
+
+/// An operation and the one that takes it back, each line with its undo record and its colours.
 void editLines(benchmark::State& state, Operation there, Operation back) {
-    constexpr std::size_t kBytesPerLine = 20;  // at least; the generator's lines have about as many
+    constexpr std::size_t kBytesPerLine = 40;  // more than the lines of the generator have
     const Long lines = state.range(0);
-    KELP_RTBSyntax editor;
-    applyMainWindowSettings(editor);
-    applyScriptSyntax(editor, {"0", "32768", "192", "8388608", "16711935"});
-    editor.resize(1400, 900);
-    editor.SetText(generateScript(static_cast<std::size_t>(lines) * 2 * kBytesPerLine));
-    if (editor.GetLineCount() <= lines) return state.SkipWithError("too few lines");
-    editor.show();
-    std::vector<Rope> records;
-    editor.onChange = [&] { records.push_back(editor.rtb().box().rope()); };
-    editor.onSelChange = [&] { benchmark::DoNotOptimize(editor.GetCurrentLine()); };
+    OpenProgram program(static_cast<std::size_t>(lines) * kBytesPerLine);
+    KELP_RTBSyntax& editor = program.window().KELP_RTBSyntax1();
     for (auto _ : state) {
-        for (const Operation operation : {there, back}) {
-            editor.SetSelStart(0);
-            editor.SetSelLength(editor.GetCharNr(lines));
-            (editor.*operation)();
-            QApplication::processEvents();
-        }
         state.PauseTiming();
-        state.counters["records"] = static_cast<double>(records.size());
-        records = {};
+        program.window().OpenFile();
+        if (editor.GetLineCount() <= lines) return state.SkipWithError("too few lines");
         state.ResumeTiming();
+        onLines(editor, lines, there);
+        onLines(editor, lines, back);
     }
+    state.SetItemsProcessed(state.iterations() * lines * 2);
 }
 
 void commentAndUnComment(benchmark::State& state) {
