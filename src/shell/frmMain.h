@@ -80,6 +80,9 @@ class frmMain : public QWidget {
     void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
     void funInsMap_Click();
     void funInsTD_Click();
+    // --- Menu Tools ----------------------------------------------------------------------------
+    void funComBlock_Click() { editor_->CommentBlock(); }
+    void funUnComBlock_Click() { editor_->UnCommentBlock(); }
     // --- Menu View -----------------------------------------------------------------------------
     void funFull_Click() { position_.funFull_Click(); }
     void funDefault_Click() { position_.funDefault_Click(); }
