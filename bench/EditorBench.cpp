@@ -1,12 +1,12 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QTextBlock>
 #include <memory>
 
 #include "bench/ScriptGenerator.h"
 #include "bench/ToolkitEditor.h"
+#include "bench/Typist.h"
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
@@ -29,25 +29,6 @@ std::unique_ptr<KELP_RTBSyntax> makeEditor() {
 void setBytes(benchmark::State& state, const std::string& text) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
-
-/// Types words into the middle of a text, a line break now and then.
-class Typist {
-  public:
-    explicit Typist(QWidget& target) : target_(target) {}
-    void typeNext() {
-        const QChar c = kText[at_++ % kText.size()];
-        const int key = c == u'\n' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier,
-                        c == u'\n' ? QStringLiteral("\r") : QString(c));
-        QApplication::sendEvent(&target_, &press);
-    }
-
-  private:
-    static constexpr QStringView kText =
-        u"wait 150 setstate gate_4 invisible trigger tank_1 stop // then on\n";
-    QWidget& target_;
-    qsizetype at_ = 0;
-};
 
 void putAndColour(benchmark::State& state) {
     const std::string text = generateScript(static_cast<std::size_t>(state.range(0)));

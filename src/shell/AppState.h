@@ -4,8 +4,11 @@
 #include <QString>
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <string>
 #include <vector>
+
+#include "shell/UndoElement.h"
 
 namespace brindlex {
 
@@ -43,7 +46,11 @@ struct AppState {
     int TypeOther = 0;
     int AutoComplete = 0;
     int AutoBackup = 0;
+    /// False while a replay edits the text.
     bool UndoRecording = false;
+    /// The last element is the top: of UndoStack, the text as it now stands.
+    std::deque<UndoElement> UndoStack;
+    std::deque<UndoElement> RedoStack;
     /// Names of script blocks, bytes of the code page.
     std::vector<std::string> BlockNames;
     /// The words that completion offers, in the order in which it offers them; some are empty.

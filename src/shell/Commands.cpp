@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QHash>
 #include <QMenuBar>
+#include <algorithm>
 
 #include "shell/frmMain.h"
 
@@ -12,7 +13,8 @@ namespace {
 using Handler = void (frmMain::*)();
 enum class Mark { No, Yes };
 
-/// A row without a name is a separator, one without a handler is a menu.
+/// A row without a name is a separator. One without a shortcut field (null) is a menu; its handler
+/// runs each time it opens. An entry without a handler does not work yet and is never enabled.
 struct Entry {
     const char* menu;  ///< the name of the menu that it stands in; empty: the menu bar
     const char* name;
@@ -22,22 +24,57 @@ struct Entry {
     Mark mark = Mark::No;
 };
 
+constexpr const char* kMenu = nullptr;
+
+constexpr Entry separatorIn(const char* menu) {
+    return {menu, "", "", "", nullptr};
+}
+
 constexpr Entry kEntries[] = {
-    {"", "funFile", "&File", "", nullptr},
+    {"", "funFile", "&File", kMenu, nullptr},
     {"funFile", "funNew", "&New", "Ctrl+N", &frmMain::funNew_Click},
     {"funFile", "funOpen", "&Open", "Ctrl+O", &frmMain::funOpen_Click},
-    {"funFile", "", "", "", nullptr},
+    separatorIn("funFile"),
     {"funFile", "funSave", "&Save", "Ctrl+S", &frmMain::funSave_Click},
     {"funFile", "funSaveAs", "Save &As...", "", &frmMain::funSaveAs_Click},
-    {"funFile", "", "", "", nullptr},
+    separatorIn("funFile"),
     {"funFile", "funSavePreset", "Save to &Preset", "", &frmMain::funSavePreset_Click},
-    {"funFile", "", "", "", nullptr},
+    separatorIn("funFile"),
     {"funFile", "funClose", "E&xit", "", &frmMain::funClose_Click},
-    {"", "funEdit", "&Edit", "", nullptr},
+
+    {"", "funEdit", "&Edit", kMenu, &frmMain::funEdit_Click},
+    {"funEdit", "funUndo", "&Undo", "Ctrl+Z", &frmMain::funUndo_Click},
+    {"funEdit", "funRedo", "&Redo", "Ctrl+Y", &frmMain::funRedo_Click},
+    separatorIn("funEdit"),
+    {"funEdit", "funCut", "Cu&t", "Ctrl+X", &frmMain::funCut_Click},
+    {"funEdit", "funCopy", "&Copy", "Ctrl+C", &frmMain::funCopy_Click},
+    {"funEdit", "funPaste", "&Paste", "Ctrl+V", &frmMain::funPaste_Click},
+    {"funEdit", "funDelete", "De&lete", "Del", &frmMain::funDelete_Click},
+    separatorIn("funEdit"),
+    {"funEdit", "funSearch", "&Find...", "Ctrl+F", nullptr},
+    {"funEdit", "funReplace", "R&eplace...", "Ctrl+H", nullptr},
+    {"funEdit", "funGoTo", "&Go To...", "Ctrl+G", nullptr},
+    separatorIn("funEdit"),
+    {"funEdit", "funSelectAll", "Select &All", "Ctrl+A", &frmMain::funSelectAll_Click},
+    separatorIn("funEdit"),
     {"funEdit", "funInsMap", "Insert &Mapname", "F5", &frmMain::funInsMap_Click},
     {"funEdit", "funInsTD", "Insert &Date", "F6", &frmMain::funInsTD_Click},
-    {"", "funView", "&View", "", nullptr},
-    {"funView", "funWindowSize", "&Window size", "", nullptr},
+    separatorIn("funEdit"),
+    {"funEdit", "funOptions", "&Options", "", nullptr},
+
+    {"", "funTools", "&Tools", kMenu, nullptr},
+    {"funTools", "funFont", "&Font", "", nullptr},
+    separatorIn("funTools"),
+    {"funTools", "funCount", "C&ount { }", "", nullptr},
+    {"funTools", "funAccum", "&Accum count", "", nullptr},
+    separatorIn("funTools"),
+    {"funTools", "funComBlock", "&Comment block", "Ctrl+J", &frmMain::funComBlock_Click},
+    {"funTools", "funUnComBlock", "&Uncomment block", "Ctrl+K", &frmMain::funUnComBlock_Click},
+    separatorIn("funTools"),
+    {"funTools", "funEditScriptRef", "&Edit Scripting Reference", "", nullptr},
+
+    {"", "funView", "&View", kMenu, nullptr},
+    {"funView", "funWindowSize", "&Window size", kMenu, nullptr},
     {"funWindowSize", "funFull", "&Full screen", "", &frmMain::funFull_Click},
     {"funWindowSize", "funDefault", "&Default size", "", &frmMain::funDefault_Click},
     {"funWindowSize", "funSavePos", "&Save position", "", &frmMain::funSavePos_Click},
@@ -45,6 +82,10 @@ constexpr Entry kEntries[] = {
      Mark::Yes},
     {"funView", "funScriptTar", "Show Script/Targetname &import", "Ctrl+U",
      &frmMain::funScriptTar_Click, Mark::Yes},
+
+    {"", "funHelp", "&Help", kMenu, nullptr},
+    {"funHelp", "funAbout", "&About", "", nullptr},
+    {"funHelp", "funReadme", "&Readme", "", nullptr},
 };
 
 QAction* makeEntry(const Entry& entry, frmMain& window) {
@@ -52,9 +93,26 @@ QAction* makeEntry(const Entry& entry, frmMain& window) {
     action->setObjectName(QString::fromLatin1(entry.name));
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
     action->setCheckable(entry.mark == Mark::Yes);
-    QObject::connect(action, &QAction::triggered, &window,
-                     [&window, handler = entry.handler] { (window.*handler)(); });
+    action->setEnabled(entry.handler != nullptr);
+    if (entry.handler)
+        QObject::connect(action, &QAction::triggered, &window,
+                         [&window, handler = entry.handler] { (window.*handler)(); });
     return action;
+}
+
+QMenu* makeMenu(const Entry& entry, QMenu* parent, QMenuBar& menuBar, frmMain& window) {
+    const QString caption = QString::fromLatin1(entry.caption);
+    QMenu* menu = parent ? parent->addMenu(caption) : menuBar.addMenu(caption);
+    menu->setObjectName(QString::fromLatin1(entry.name));
+    if (entry.handler)
+        QObject::connect(menu, &QMenu::aboutToShow, &window,
+                         [&window, handler = entry.handler] { (window.*handler)(); });
+    return menu;
+}
+
+bool works(const QString& name) {
+    return std::ranges::any_of(
+        kEntries, [&name](const Entry& entry) { return entry.name == name && entry.handler; });
 }
 
 }  // namespace
@@ -63,21 +121,21 @@ Commands::Commands(frmMain& window, QMenuBar& menuBar) : owner_(window) {
     QHash<QString, QMenu*> menus;
     for (const Entry& entry : kEntries) {
         QMenu* menu = menus.value(QString::fromLatin1(entry.menu));
-        const QString caption = QString::fromLatin1(entry.caption);
-        if (entry.handler) {
-            menu->addAction(makeEntry(entry, window));
-        } else if (*entry.name == '\0') {
+        if (entry.shortcut == kMenu)
+            menus.insert(QString::fromLatin1(entry.name), makeMenu(entry, menu, menuBar, window));
+        else if (*entry.name == '\0')
             menu->addSeparator();
-        } else {
-            QMenu* made = menu ? menu->addMenu(caption) : menuBar.addMenu(caption);
-            made->setObjectName(QString::fromLatin1(entry.name));
-            menus.insert(made->objectName(), made);
-        }
+        else
+            menu->addAction(makeEntry(entry, window));
     }
 }
 
 QAction& Commands::entry(const QString& name) const {
     return *owner_.findChild<QAction*>(name);
+}
+
+void Commands::enable(const QString& name, bool enabled) {
+    entry(name).setEnabled(enabled && works(name));
 }
 
 }  // namespace brindlex

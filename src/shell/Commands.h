@@ -18,6 +18,8 @@ class Commands {
 
     /// The entry of that name, as "funNew"; there must be one.
     QAction& entry(const QString& name) const;
+    /// Enables or disables that entry. One whose command does not exist yet stays disabled.
+    void enable(const QString& name, bool enabled);
 
   private:
     QWidget& owner_;

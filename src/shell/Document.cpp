@@ -16,6 +16,7 @@
 #include "shell/AppState.h"
 #include "shell/ErrorLine.h"
 #include "shell/Module1.h"
+#include "shell/ScriptFile.h"
 #include "shell/StatusPanes.h"
 
 namespace brindlex {
@@ -177,8 +178,14 @@ void Document::takeName(const QString& path) {
 // --- At start ------------------------------------------------------------------------------------
 
 void Document::startNew() {
-    if (!parts_.state.GetPresetEnabled) return NewFile();
+    if (!parts_.state.GetPresetEnabled) return startEmpty();
     load(readPreset().value_or(std::string()), &Document::becomeUntitled);
+}
+
+void Document::startEmpty() {
+    parts_.editor.SetText({});
+    becomeUntitled();
+    if (onLoaded) onLoaded();
 }
 
 void Document::startWith(QString commandLine) {
@@ -192,10 +199,7 @@ void Document::startWith(QString commandLine) {
 // --- Operations ----------------------------------------------------------------------------------
 
 void Document::NewFile() {
-    if (!parts_.state.GetPresetEnabled) {
-        parts_.editor.SetText({});
-        return becomeUntitled();
-    }
+    if (!parts_.state.GetPresetEnabled) return startEmpty();
     if (auto preset = readPreset()) load(std::move(*preset), &Document::becomeUntitled);
 }
 
@@ -232,11 +236,13 @@ void Document::openPath(const QString& path) {
     MapName_ = baseName() + ".map";
     load(std::move(*FileText), &Document::becomeNamed);
     startAutoSave();
+    if (onBackupDue) onBackupDue();
 }
 
 void Document::SaveCurrent() {
     write(FilePath_);
     becomeNamed();
+    if (onBackupDue) onBackupDue();
 }
 
 void Document::SaveAs() {
@@ -251,17 +257,8 @@ void Document::SaveAs() {
 }
 
 void Document::write(const QString& path) const {
-    const Rope& text = parts_.editor.rtb().box().rope();
-    constexpr std::string_view kEnd = "\r\n";
-    std::string bytes;
-    bytes.reserve(text.size() + kEnd.size());
-    text.visitPieces(Range(Offset(0), Offset(text.size())), [&bytes](std::string_view piece) {
-        bytes += piece;
-        return true;
-    });
-    bytes += kEnd;
     // The product counts a failed save as saved and tells nobody; the old file stays whole.
-    std::ignore = Files::write(path, bytes);
+    std::ignore = writeScript(path, parts_.editor.rtb().box().rope());
 }
 
 // --- Commands ------------------------------------------------------------------------------------

@@ -59,9 +59,11 @@ class Document {
     bool busy() const { return busy_; }
     /// A text is being put into the editor; its name and state may not be its own yet.
     bool loading() const { return loading_; }
-    /// Raised at the end of each load, when text, name and state belong together again. The command
-    /// that loads may still have its turn.
+    /// Raised when a new or another text stands in the editor and text, name and state belong
+    /// together again. The command that made it may still have its turn.
     std::function<void()> onLoaded;
+    /// Raised when a script has been opened or saved: the moment for a backup.
+    std::function<void()> onBackupDue;
 
     // --- At start ------------------------------------------------------------------------------
     /// Fixes what the dialogs start from.
@@ -105,6 +107,7 @@ class Document {
     void openPath(const QString& path);
     void takeName(const QString& path);
     void write(const QString& path) const;
+    void startEmpty();
     void load(std::string FileText, void (Document::*become)());
     void putIn(std::string FileText, void (Document::*become)());
     void save();

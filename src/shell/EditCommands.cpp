@@ -25,6 +25,15 @@ void EditCommands::funPaste_Click() {
     editor_.SetSelText(CodePage::system().fromUnicode(desktop_.clipboardText()));
 }
 
+void EditCommands::funDelete_Click() {
+    editor_.SetSelText({});
+}
+
+void EditCommands::funSelectAll_Click() {
+    editor_.SetSelStart(0);
+    editor_.SetSelLength(static_cast<Long>(editor_.rtb().box().length()));
+}
+
 void EditCommands::insert(const QString& text) {
     const RichTextBox& box = editor_.rtb().box();
     const std::size_t kept = box.length() - box.selection().length();

@@ -17,6 +17,8 @@ class EditCommands {
     void funCut_Click();
     void funCopy_Click();
     void funPaste_Click();
+    void funDelete_Click();
+    void funSelectAll_Click();
     /// Puts `text` in the place of the selection and leaves it selected.
     void insert(const QString& text);
 

@@ -56,6 +56,10 @@ void StatusPanes::showLine(Long line) {
     pane1_->setText("Line: " + QString::number(line));
 }
 
+void StatusPanes::showBackupTime(QTime time) {
+    pane2_->setText("Last AutoBackup saved at: " + time.toString(QStringLiteral("hh:mm:ss")));
+}
+
 void StatusPanes::setLineVisible(bool visible) {
     pane1_->setVisible(visible);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTime>
 #include <QWidget>
 #include <optional>
 
@@ -20,6 +21,8 @@ class StatusPanes {
     /// Shows a 1-based line number in pane 1. Costs nothing when it shows already.
     void showLine(Long line);
     void setLineVisible(bool visible);
+    /// Shows in pane 2 when the last backup was made.
+    void showBackupTime(QTime time);
 
   private:
     QWidget* SB1_;

@@ -21,13 +21,6 @@
 namespace brindlex {
 namespace {
 
-QWidget* makeToolBar(QWidget* parent) {
-    auto* strip = new QWidget(parent);
-    strip->setObjectName(QStringLiteral("picToolBar"));
-    strip->setAccessibleName(QStringLiteral("Toolbar"));
-    return strip;
-}
-
 QListWidget* makeCompletionList(QWidget* parent) {
     auto* list = new QListWidget(parent);
     list->setObjectName(QStringLiteral("List4"));
@@ -47,21 +40,22 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
       commands_(*this, *menuBar_),
       editor_(makeEditor()),
       sidePanels_(commands_.entry("funShowCmd"), commands_.entry("funScriptTar"), inner_),
-      picToolBar_(makeToolBar(inner_)),
+      picToolBar_(makeToolBar()),
       errorLine_(surroundings.desktop, *this, inner_),
       statusPanes_(inner_),
       List4_(makeCompletionList(inner_)),
       Picture2_(new CompletionTip(inner_)),
       document_({*this, state, surroundings.desktop, *editor_, statusPanes_, errorLine_,
                  timerAutoSave_, surroundings.programFolder}),
+      undo_(state, *editor_),
+      backup_({state, surroundings.desktop, *editor_, statusPanes_, surroundings.programFolder}),
       editCommands_(*editor_, surroundings.desktop),
       layout_(controls()),
       position_(*this, surroundings.settings) {
     setObjectName(QStringLiteral("frmMain"));
-    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
-    timerAutoSave_.setInterval(60000);
     wireEditor();
     wireDocument();
+    wireAutoBackup();
     makeShortcuts();
     setTabOrders();
     setFirstSize();
@@ -74,6 +68,20 @@ KELP_RTBSyntax* frmMain::makeEditor() {
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
     applyMainWindowSettings(*editor);
     return editor;
+}
+
+ToolBar* frmMain::makeToolBar() {
+    const ToolBarCommands commands{.funNew_Click = [this] { funNew_Click(); },
+                                   .funOpen_Click = [this] { funOpen_Click(); },
+                                   .funSave_Click = [this] { funSave_Click(); },
+                                   .funCut_Click = [this] { funCut_Click(); },
+                                   .funCopy_Click = [this] { funCopy_Click(); },
+                                   .funPaste_Click = [this] { funPaste_Click(); },
+                                   .funSearch_Click = {},
+                                   .funComBlock_Click = [this] { funComBlock_Click(); },
+                                   .funUnComBlock_Click = [this] { funUnComBlock_Click(); },
+                                   .funCount_Click = {}};
+    return new ToolBar(surroundings_.programFolder, commands, inner_);
 }
 
 MainLayout::Controls frmMain::controls() {
@@ -92,19 +100,27 @@ void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
     editor_->rtb().onFileDropped = [this](const QString& path) { document_.openDropped(path); };
-    editor_->setCommands({.undo = {},
+    editor_->setCommands({.undo = [this] { Undo(); },
                           .copy = [this] { funCopy_Click(); },
                           .paste = [this] { funPaste_Click(); },
                           .cut = [this] { funCut_Click(); }});
 }
 
 void frmMain::wireDocument() {
+    document_.onBackupDue = [this] { SaveBackup(); };
     document_.onLoaded = [this] {
+        undo_.clear();
         if (!std::exchange(closeWanted_, false)) return;
         // Behind the command that has loaded, for until then the document is busy.
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
     };
+}
+
+void frmMain::wireAutoBackup() {
+    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
+    timerAutoSave_.setInterval(60000);
+    timerAutoSave_.callOnTimeout([this] { timerAutoSave_Timer(); });
 }
 
 void frmMain::makeShortcuts() {
@@ -138,6 +154,7 @@ void frmMain::Form_Load() {
     makeOptions();
     editor_->SetFont(editorFont(state_));
     InitSyntaxEditor();
+    picToolBar_->startTimer1();
     document_.initDialogs();
     editor_->SetSelIndent(3);
     showPanelOfSettings();
@@ -231,12 +248,18 @@ void frmMain::InitSyntaxEditor() {
 
 void frmMain::KELP_RTBSyntax1_Change() {
     document_.textChanged();
+    if (!document_.EditorReady() || !state_.UndoRecording) return;
+    undo_.record();
 }
 
 void frmMain::KELP_RTBSyntax1_SelChange() {
     if (!FormLoaded_) return;
     CaretPosition_ = editor_->SelStart();
     statusPanes_.showLine(editor_->GetCurrentLine());
+}
+
+void frmMain::timerAutoSave_Timer() {
+    if (backup_.tick()) SaveBackup();
 }
 
 // --- Commands ------------------------------------------------------------------------------------
@@ -252,6 +275,15 @@ int frmMain::FormCount(const QString& frmName) const {
 QString frmMain::UpdateError(const QString& ErrorMessage) {
     errorLine_.UpdateError(ErrorMessage);
     return {};
+}
+
+void frmMain::funEdit_Click() {
+    const RichTextBox& box = editor_->rtb().box();
+    for (const char* name : {"funSearch", "funReplace", "funGoTo"})
+        commands_.enable(name, box.length() > 0);
+    for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
+    commands_.enable("funPaste", !surroundings_.desktop.clipboardText().isEmpty());
+    commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
 }
 
 void frmMain::funInsMap_Click() {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "editor/KELP_RTBSyntax.h"
+#include "shell/AutoBackup.h"
 #include "shell/Commands.h"
 #include "shell/CompletionTip.h"
 #include "shell/Document.h"
@@ -13,6 +14,8 @@
 #include "shell/MainLayout.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
+#include "shell/ToolBar.h"
+#include "shell/UndoHistory.h"
 #include "shell/WindowPosition.h"
 
 class QListWidget;
@@ -50,6 +53,9 @@ class frmMain : public QWidget {
     void OpenFile() { document_.OpenFile(); }
     void SaveCurrent() { document_.SaveCurrent(); }
     void SaveAs() { document_.SaveAs(); }
+    void SaveBackup() { backup_.SaveBackup(document_.MapName()); }
+    void Undo() { undo_.Undo(); }
+    void Redo() { undo_.Redo(); }
     /// Adds a line to txtError; the result is always empty.
     QString UpdateError(const QString& ErrorMessage);
     void InitSyntaxEditor();
@@ -62,11 +68,21 @@ class frmMain : public QWidget {
     void funSavePreset_Click() { document_.funSavePreset_Click(); }
     void funClose_Click() { close(); }
     // --- Menu Edit -----------------------------------------------------------------------------
+    /// Enables the entries that have something to work on, each time the menu opens. They stay so
+    /// until it opens again, and their shortcuts with them.
+    void funEdit_Click();
+    void funUndo_Click() { Undo(); }
+    void funRedo_Click() { Redo(); }
     void funCut_Click() { editCommands_.funCut_Click(); }
     void funCopy_Click() { editCommands_.funCopy_Click(); }
     void funPaste_Click() { editCommands_.funPaste_Click(); }
+    void funDelete_Click() { editCommands_.funDelete_Click(); }
+    void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
     void funInsMap_Click();
     void funInsTD_Click();
+    // --- Menu Tools ----------------------------------------------------------------------------
+    void funComBlock_Click() { editor_->CommentBlock(); }
+    void funUnComBlock_Click() { editor_->UnCommentBlock(); }
     // --- Menu View -----------------------------------------------------------------------------
     void funFull_Click() { position_.funFull_Click(); }
     void funDefault_Click() { position_.funDefault_Click(); }
@@ -83,11 +99,14 @@ class frmMain : public QWidget {
   private:
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
+    void timerAutoSave_Timer();
 
     KELP_RTBSyntax* makeEditor();
+    ToolBar* makeToolBar();
     MainLayout::Controls controls();
     void wireEditor();
     void wireDocument();
+    void wireAutoBackup();
     void makeShortcuts();
     void setFirstSize();
     void setTabOrders();
@@ -104,13 +123,15 @@ class frmMain : public QWidget {
     Commands commands_;
     KELP_RTBSyntax* editor_;
     SidePanels sidePanels_;
-    QWidget* picToolBar_;
+    ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
     QListWidget* List4_;
     CompletionTip* Picture2_;
     QTimer timerAutoSave_{this};
     Document document_;
+    UndoHistory undo_;
+    AutoBackup backup_;
     EditCommands editCommands_;
     MainLayout layout_;
     WindowPosition position_;

@@ -70,6 +70,29 @@ TEST_F(MainWindowTest, TheClipboardTakesAndGivesPlainText) {
     EXPECT_EQ(desktop.clipboardText(), "");
 }
 
+TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOnUntilItOpensAgain) {
+    start();
+    type("abc");
+    window().funSelectAll_Click();
+    window().funDelete_Click();
+    const auto enabled = [this] {
+        emit control<QMenu>("funEdit").aboutToShow();
+        std::string names;
+        for (const char* name : {"funCut", "funCopy", "funPaste", "funDelete", "funInsMap"})
+            if (control<QAction>(name).isEnabled()) names += name + std::string(" ");
+        return names;
+    };
+    EXPECT_EQ(enabled(), "funDelete ");
+    EXPECT_EQ(editor().Text(), "");
+    type("text");
+    window().funSelectAll_Click();
+    QTest::keyClick(&editor().rtb(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(desktop.clipboardText(), "text") << "a key of the editor's own";
+    EXPECT_EQ(enabled(), "funCut funCopy funPaste funDelete ");
+    startNamed();
+    EXPECT_EQ(enabled(), "funPaste funDelete funInsMap ");
+}
+
 TEST_F(MainWindowTest, EveryControlHasAName) {
     start();
     for (const QWidget* widget : window().findChildren<QWidget*>()) {
@@ -117,6 +140,13 @@ TEST_F(MainWindowTest, ShortcutsReachTheirEntriesFromTheEditor) {
     EXPECT_EQ(editor().SelText(), "battery");
     QTest::keyClick(&editor().rtb(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(folder.get("scripts/battery.script"), "batteryspawn\r\n\r\n");
+    QTest::keyClicks(&editor().rtb(), "ab");
+    QTest::keyClick(&editor().rtb(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor().Text(), "aspawn\r\n") << "one step a key, though the menu has it, too";
+    QTest::keyClick(&editor().rtb(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(editor().Text(), "abspawn\r\n");
+    QTest::keyClick(&editor().rtb(), Qt::Key_Delete);
+    EXPECT_EQ(editor().Text(), "abpawn\r\n") << "the editor's Del, not the menu's";
     QTest::keyClick(&editor().rtb(), Qt::Key_F6, Qt::ControlModifier);
     EXPECT_EQ(window().focusWidget(), &control("TreeView1"));
     QTest::keyClick(&editor().rtb(), Qt::Key_T, Qt::ControlModifier);

@@ -29,9 +29,9 @@ class TempFolder {
         if (!file) return "(none)";
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    /// How many entries the folder itself has.
-    std::ptrdiff_t count() const {
-        return std::distance(std::filesystem::directory_iterator(root_), {});
+    /// How many entries that folder itself has.
+    std::ptrdiff_t count(const std::string& name = "") const {
+        return std::distance(std::filesystem::directory_iterator(at(name)), {});
     }
 
   private:

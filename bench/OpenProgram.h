@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QTemporaryDir>
+#include <memory>
+#include <string>
+
+#include "platform/QtDesktop.h"
+#include "platform/SettingsStore.h"
+#include "shell/Module1.h"
+#include "shell/frmMain.h"
+
+namespace brindlex::bench {
+
+/// A desktop whose user always picks the same file.
+class PickingDesktop : public QtDesktop {
+  public:
+    explicit PickingDesktop(QString path) : path_(std::move(path)) {}
+    FileAnswer askFile(QWidget*, const FileQuestion&) override { return path_; }
+
+  private:
+    QString path_;
+};
+
+/// A run of the program in a folder of its own, with a generated script at hand for OpenFile.
+class OpenProgram {
+  public:
+    explicit OpenProgram(std::size_t scriptBytes);
+
+    frmMain& window() { return program_->mainWindow(); }
+    std::size_t scriptBytes() const { return scriptBytes_; }
+
+  private:
+    QTemporaryDir folder_;
+    std::size_t scriptBytes_;
+    PickingDesktop desktop_{folder_.filePath(QStringLiteral("bench.script"))};
+    SettingsStore settings_{folder_.path()};
+    std::unique_ptr<Program> program_;
+};
+
+}  // namespace brindlex::bench
