@@ -69,6 +69,10 @@ class RichTextViewTest : public testing::Test {
         view.SetBackColor(view.BackColor());
         return screen();
     }
+    bool screenIsAsPaintedAnew() {
+        const QImage partly = screen();
+        return !partly.isNull() && partly == screenPaintedAnew();
+    }
     void turnWheel(QPoint pixels, QPoint angle, Qt::ScrollPhase phase) {
         QWheelEvent wheel({5, 5}, view.mapToGlobal(QPointF(5, 5)), pixels, angle, Qt::NoButton,
                           Qt::NoModifier, phase, false);
@@ -144,10 +148,7 @@ TEST_F(RichTextViewTest, PartialRepaintsGiveTheWholePicture) {
             if (!random.oneIn(3)) continue;
             if (random.oneIn(4)) view.viewport()->repaint(20, 40, 100, 33);
             view.setRedraw(true);
-            const QImage partly = screen();
-            const QImage anew = screenPaintedAnew();
-            ASSERT_FALSE(partly.isNull());
-            ASSERT_TRUE(partly == anew) << "step " << step;
+            ASSERT_TRUE(screenIsAsPaintedAnew()) << "step " << step;
         }
     }
 }
@@ -186,7 +187,22 @@ TEST_F(RichTextViewTest, RedrawOffPaintsNothingAndThenWhatChanged) {
     EXPECT_EQ(screen(), before);
     view.setRedraw(true);
     EXPECT_NE(screen(), before);
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
+}
+
+TEST_F(RichTextViewTest, APaintingAtTheWrongMomentIsMadeGood) {
+    view.box().SetText(lines(20));
+    settle();
+    view.box().SetSelText("changed");
+    view.Refresh();  // asks for a painting, and before it comes
+    view.setRedraw(false);
+    view.viewport()->repaint();
+    view.setRedraw(true);
+    EXPECT_TRUE(screenIsAsPaintedAnew());
+    view.box().select(Offset(0), Offset(30));
+    view.viewport()->repaint();  // shows what no sync will know of
+    view.box().select(Offset(0), Offset(0));
+    EXPECT_TRUE(screenIsAsPaintedAnew());
 }
 
 // --- Places --------------------------------------------------------------------------------------
@@ -322,7 +338,7 @@ TEST_F(RichTextViewTest, AWrappedLineHigherThanTheViewScrollsByRows) {
     view.box().SetSelStart(9000);
     settle();
     EXPECT_TRUE(view.viewport()->rect().contains(view.caretRect()));
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
 }
 
 TEST_F(RichTextViewTest, SmallPixelStepsOfATouchpadAddUp) {
@@ -344,7 +360,7 @@ TEST_F(RichTextViewTest, ARangeToTheRightGrowsWithTheWidestLineSeen) {
     QTest::keyClicks(&view, "x");
     settle();
     EXPECT_TRUE(view.viewport()->rect().contains(view.caretRect()));
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
     view.box().SetText("short");
     settle();
     EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
