@@ -111,8 +111,9 @@ void RichTextView::selectionChanged() {
     actions_->forgetColumn();
     inputMethod_->changed();
     accessible_->selectionChanged();
-    // what code selects is not the user's choice, but for Select All of the menu
-    if (all && hasFocus()) offerPrimarySelection(*this);
+    // what code selects is not the user's choice, but for Select All of the menu; an operation with
+    // redraw off may select all at each of its steps
+    if (all && redraw_ && hasFocus()) offerPrimarySelection(*this);
 }
 
 // --- What shows besides the text -----------------------------------------------------------------
