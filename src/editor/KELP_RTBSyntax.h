@@ -144,7 +144,7 @@ class KELP_RTBSyntax : public RichTextHost {
     static int HiWord(Long DWord);
     /// The pixel position of a character in the view, x in the low word and y in the high word. A
     /// place beyond 16 bits is cut to the nearest that fits.
-    Long GetPosFromChar(Long lSelStart) const;
+    Long GetPosFromChar(Long lSelStart);
     /// The offset of a 0-based line's first character, minus 1; -2 for a line that does not exist.
     Long GetCharNr(Long lngLineNumber) const;
 

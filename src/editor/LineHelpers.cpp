@@ -45,7 +45,7 @@ int KELP_RTBSyntax::HiWord(Long DWord) {
     return static_cast<std::int16_t>((DWord >> 16) & 0xFFFF);
 }
 
-Long KELP_RTBSyntax::GetPosFromChar(Long lSelStart) const {
+Long KELP_RTBSyntax::GetPosFromChar(Long lSelStart) {
     const QPoint place = rtb().posFromChar(lSelStart);
     return static_cast<std::int32_t>(word(place.x()) | (word(place.y()) << 16));
 }

@@ -2,6 +2,7 @@
 
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "platform/RichTextView.h"
 
@@ -22,12 +23,17 @@ int sign(int value) {
 
 }  // namespace
 
+AutoScroll::AutoScroll(RichTextView& view, int margin, std::function<void()> scrolled)
+    : view_(view), margin_(margin), scrolled_(std::move(scrolled)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { step(); });
+}
+
 void AutoScroll::follow(QPoint pointer) {
     pointer_ = pointer;
     if (distance().isNull())
         timer_.stop();
     else if (!timer_.isActive())
-        timer_.start(kPeriod, &view_);
+        timer_.start(kPeriod);
 }
 
 void AutoScroll::step() {
@@ -35,6 +41,7 @@ void AutoScroll::step() {
     if (far.y() != 0) view_.lineScroll(far.y() / kPixelsPerLine + sign(far.y()));
     QScrollBar* bar = view_.horizontalScrollBar();
     if (far.x() != 0) bar->setValue(bar->value() + far.x() + kPixelsToTheSide * sign(far.x()));
+    scrolled_();
 }
 
 QPoint AutoScroll::pointer() const {

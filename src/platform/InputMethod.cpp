@@ -27,6 +27,10 @@ InputMethod::InputMethod(RichTextView& view, CaretActions& actions, KeyInput& ke
     : view_(view), actions_(actions), keys_(keys) {
     view_.setAttribute(Qt::WA_InputMethodEnabled);
     view_.setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText);
+    pending_.setSingleShot(true);
+    QObject::connect(&pending_, &QTimer::timeout, [this] {
+        if (view_.hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImQueryInput);
+    });
 }
 
 void InputMethod::handle(QInputMethodEvent& event) {
@@ -77,17 +81,10 @@ void InputMethod::commit() {
 }
 
 void InputMethod::changed() {
-    if (view_.hasFocus() && !pending_.isActive()) pending_.start(0, &view_);
+    if (view_.hasFocus() && !pending_.isActive()) pending_.start(0);
 }
 
-bool InputMethod::timer(int timerId) {
-    if (!pending_.isActive() || pending_.timerId() != timerId) return false;
-    pending_.stop();
-    if (view_.hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImQueryInput);
-    return true;
-}
-
-QVariant InputMethod::answer(Qt::InputMethodQuery query) const {
+QVariant InputMethod::answer(Qt::InputMethodQuery query) {
     const RichTextBox& box = view_.box();
     const QPoint viewport = view_.viewport()->pos();
     switch (query) {

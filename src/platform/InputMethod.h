@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QBasicTimer>
+#include <QTimer>
 #include <QVariant>
 #include <Qt>
 
@@ -25,14 +25,12 @@ class InputMethod {
     InputMethod(RichTextView& view, CaretActions& actions, KeyInput& keys);
 
     void handle(QInputMethodEvent& event);
-    QVariant answer(Qt::InputMethodQuery query) const;
+    QVariant answer(Qt::InputMethodQuery query);
     /// Puts the composed text in as it stands.
     void commit();
     /// Caret, selection or text are no longer what they were: the system's input method will hear
     /// of it, once for all changes until the event loop runs again.
     void changed();
-    /// True when the timer was this object's.
-    bool timer(int timerId);
 
   private:
     void replaceRelative(const QInputMethodEvent& event);
@@ -47,7 +45,7 @@ class InputMethod {
     RichTextView& view_;
     CaretActions& actions_;
     KeyInput& keys_;
-    QBasicTimer pending_;
+    QTimer pending_;
 };
 
 }  // namespace brindlex

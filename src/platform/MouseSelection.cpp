@@ -37,13 +37,16 @@ void raise(const MouseHandler& handler, int button, const QMouseEvent& event) {
 }  // namespace
 
 MouseSelection::MouseSelection(RichTextView& view, CaretActions& actions, TextDragDrop& dragDrop)
-    : view_(view), actions_(actions), dragDrop_(dragDrop), scroll_(view, 0) {
+    : view_(view),
+      actions_(actions),
+      dragDrop_(dragDrop),
+      scroll_(view, 0, [this] { extendTo(scroll_.pointer()); }) {
     view_.viewport()->setMouseTracking(true);  // the owner hears of moves without a button
 }
 
 void MouseSelection::press(QMouseEvent& event) {
     event.accept();
-    held_ = Held::Nothing;
+    letGo();
     clicking_ = event.button() == Qt::LeftButton;
     raise(view_.onMouseDown, buttonsOf(event.button()), event);
     if (event.button() == Qt::LeftButton)
@@ -82,9 +85,7 @@ void MouseSelection::move(QMouseEvent& event) {
     event.accept();
     raise(view_.onMouseMove, buttonsOf(event.buttons()), event);
     if (!event.buttons().testFlag(Qt::LeftButton)) {
-        // the release went elsewhere, to a window that a handler opened
-        held_ = Held::Nothing;
-        scroll_.stop();
+        letGo();  // the release went elsewhere, to a window that a handler opened
     } else if (held_ == Held::Selecting) {
         scroll_.follow(placeOf(event));
         extendTo(scroll_.pointer());
@@ -121,15 +122,9 @@ void MouseSelection::doubleClick(QMouseEvent& event) {
     if (view_.onDblClick) view_.onDblClick();
 }
 
-bool MouseSelection::timer(int timerId) {
-    if (!scroll_.owns(timerId)) return false;
-    if (held_ != Held::Selecting) {
-        scroll_.stop();
-    } else {
-        scroll_.step();
-        extendTo(scroll_.pointer());
-    }
-    return true;
+void MouseSelection::letGo() {
+    held_ = Held::Nothing;
+    scroll_.stop();
 }
 
 void MouseSelection::extendTo(QPoint at) {

@@ -25,8 +25,6 @@ class MouseSelection {
     void move(QMouseEvent& event);
     void release(QMouseEvent& event);
     void doubleClick(QMouseEvent& event);
-    /// True when the timer was this object's.
-    bool timer(int timerId);
 
   private:
     enum class Unit { Character, Word, Line };
@@ -37,6 +35,7 @@ class MouseSelection {
     };
 
     void pressLeft(const QMouseEvent& event);
+    void letGo();
     void begin(Unit unit, QPoint at);
     void extendTo(QPoint at);
     void startDrag();

@@ -1,19 +1,23 @@
 #include "platform/RichTextView.h"
 
 #include <QEvent>
-#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScrollBar>
-#include <QScroller>
-#include <QStyleHints>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
+#include "platform/AccessibleEvents.h"
+#include "platform/CaretActions.h"
+#include "platform/CaretBlink.h"
+#include "platform/InputMethod.h"
+#include "platform/KeyInput.h"
 #include "platform/LineLayouts.h"
 #include "platform/LineStyle.h"
+#include "platform/MouseSelection.h"
+#include "platform/PrimarySelection.h"
+#include "platform/Scrolling.h"
 #include "platform/ShownLines.h"
-#include "platform/TextInput.h"
-#include "platform/TextRows.h"
+#include "platform/TextDragDrop.h"
 
 namespace brindlex {
 namespace {
@@ -51,13 +55,19 @@ RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
       box_(codePage.characters()),
       style_(std::make_unique<LineStyle>(codePage)),
       layouts_(std::make_unique<LineLayouts>(box_, *style_)),
-      rows_(std::make_unique<TextRows>(box_, *style_, *layouts_)),
-      input_(std::make_unique<TextInput>(*this)),
-      shown_(std::make_unique<ShownLines>()) {
+      scrolling_(
+          std::make_unique<Scrolling>(*this, box_, *style_, *layouts_, [this] { changed(); })),
+      shown_(std::make_unique<ShownLines>()),
+      blink_(std::make_unique<CaretBlink>(*this, [this] { viewport()->update(shownCaret_); })),
+      actions_(std::make_unique<CaretActions>(*this)),
+      keys_(std::make_unique<KeyInput>(*this, *actions_)),
+      inputMethod_(std::make_unique<InputMethod>(*this, *actions_, *keys_)),
+      dragDrop_(std::make_unique<TextDragDrop>(*this, *actions_)),
+      mouse_(std::make_unique<MouseSelection>(*this, *actions_, *dragDrop_)),
+      accessible_(std::make_unique<AccessibleEvents>(*this)) {
     setLayoutDirection(Qt::LeftToRight);  // a script is not mirrored on any desktop
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    QScroller::grabGesture(viewport(), QScroller::TouchGesture);
     SetBorderStyle(1);
     SetMousePointer(0);
     appearanceChanged();
@@ -71,17 +81,13 @@ RichTextView::~RichTextView() {
 // --- Notices of the box --------------------------------------------------------------------------
 
 void RichTextView::textChanged(const TextEdit& edit) {
-    const std::size_t lengthBefore = box_.length() + edit.removed.length() - edit.inserted;
-    const bool isNewText = edit.removed.length() == lengthBefore && lengthBefore > 0;
     layouts_->textChanged(edit);
-    rows_->textChanged(edit);
+    scrolling_->textChanged(edit);
     if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));
-    if (isNewText) {
-        contentWidth_ = 0;
-        rows_->setTop({});
-    }
     changed();
-    input_->textChanged(edit);
+    actions_->forgetColumn();
+    inputMethod_->changed();
+    accessible_->textChanged(edit);
 }
 
 void RichTextView::formatChanged(Range range) {
@@ -91,17 +97,23 @@ void RichTextView::formatChanged(Range range) {
 
 void RichTextView::selectionChanged() {
     const bool moved = box_.caret() != lastCaret_;
+    const Range selection = box_.selection();
+    const bool all = !selection.empty() && selection.length() == box_.length();
     lastCaret_ = box_.caret();
     // colouring and other work with redraw off does not scroll
-    if (moved && redraw_) showCaret_ = true;
+    if (moved && redraw_) scrolling_->bringCaret();
     // who selects all stays where he reads
-    const Range selection = box_.selection();
-    if (!selection.empty() && selection.length() == box_.length()) showCaret_ = false;
+    if (all) scrolling_->leaveCaret();
     if (!layouts_->preedit().text.isEmpty())
         layouts_->setPreedit(layouts_->preedit(), box_.caret());
-    restartBlinking();
+    blink_->restart();
     changed();
-    input_->selectionChanged();
+    actions_->forgetColumn();
+    inputMethod_->changed();
+    accessible_->selectionChanged();
+    // what code selects is not the user's choice, but for Select All of the menu; an operation with
+    // redraw off may select all at each of its steps
+    if (all && redraw_ && hasFocus()) offerPrimarySelection(*this);
 }
 
 // --- What shows besides the text -----------------------------------------------------------------
@@ -110,8 +122,8 @@ void RichTextView::setPreedit(const QString& text,
                               const QList<QInputMethodEvent::Attribute>& attributes) {
     if (text.isEmpty() && layouts_->preedit().text.isEmpty()) return;
     layouts_->setPreedit(preeditOf(text, attributes), box_.caret());
-    showCaret_ = true;
-    restartBlinking();
+    scrolling_->bringCaret();
+    blink_->restart();
     changed();
 }
 
@@ -138,27 +150,6 @@ std::size_t RichTextView::layoutsMade() const {
     return layouts_->made();
 }
 
-// --- Blinking ------------------------------------------------------------------------------------
-
-void RichTextView::restartBlinking() {
-    const int cycle = QGuiApplication::styleHints()->cursorFlashTime();
-    const bool blinks = hasFocus() && cycle >= 2;
-    if (blinks)
-        blinking_.start(cycle / 2, this);
-    else
-        blinking_.stop();
-    if (!std::exchange(blinkOn_, true)) viewport()->update(shownCaret_);
-}
-
-void RichTextView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != blinking_.timerId()) {
-        if (!input_->timer(event->timerId())) QAbstractScrollArea::timerEvent(event);
-        return;
-    }
-    blinkOn_ = !blinkOn_;
-    viewport()->update(shownCaret_);
-}
-
 // --- Events of the window system -----------------------------------------------------------------
 
 bool RichTextView::event(QEvent* event) {
@@ -168,7 +159,7 @@ bool RichTextView::event(QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::ShortcutOverride &&
-        input_->overridesShortcut(static_cast<QKeyEvent&>(*event))) {
+        keys_->overridesShortcut(static_cast<QKeyEvent&>(*event))) {
         event->accept();
         return true;
     }
@@ -179,7 +170,7 @@ bool RichTextView::event(QEvent* event) {
 void RichTextView::resizeEvent(QResizeEvent*) {
     const bool caretWasSeen = viewport()->rect().isValid() && !shownCaret_.isEmpty();
     fitStyle();
-    if (caretWasSeen) showCaret_ = true;
+    if (caretWasSeen) scrolling_->bringCaret();
     changed();
 }
 
@@ -196,7 +187,7 @@ void RichTextView::changeEvent(QEvent* event) {
             if (font_) return;  // then the widget's does not show
             [[fallthrough]];
         case QEvent::StyleChange:
-            contentWidth_ = 0;
+            scrolling_->forgetWidths();
             [[fallthrough]];
         case QEvent::PaletteChange:
         case QEvent::EnabledChange:
@@ -206,73 +197,12 @@ void RichTextView::changeEvent(QEvent* event) {
     }
 }
 
-void RichTextView::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    input_->focusIn();
-    restartBlinking();
-    viewport()->update(shownCaret_);
-    changed();
-}
-
-void RichTextView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    input_->focusOut();
-    restartBlinking();
-    viewport()->update(shownCaret_);
-    changed();
-}
-
-void RichTextView::leave(bool forward) {
-    QAbstractScrollArea::focusNextPrevChild(forward);
-}
-
-bool RichTextView::focusNextPrevChild(bool) {
-    return false;
-}
-
-void RichTextView::keyPressEvent(QKeyEvent* event) {
-    input_->keyPress(*event);
-}
-void RichTextView::keyReleaseEvent(QKeyEvent* event) {
-    input_->keyRelease(*event);
-}
-void RichTextView::inputMethodEvent(QInputMethodEvent* event) {
-    input_->inputMethod(*event);
-}
-void RichTextView::mousePressEvent(QMouseEvent* event) {
-    input_->mousePress(*event);
-}
-void RichTextView::mouseMoveEvent(QMouseEvent* event) {
-    input_->mouseMove(*event);
-}
-void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
-    input_->mouseRelease(*event);
-}
-void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
-    input_->mouseDoubleClick(*event);
-}
-void RichTextView::dragEnterEvent(QDragEnterEvent* event) {
-    input_->dragEnter(*event);
-}
-void RichTextView::dragMoveEvent(QDragMoveEvent* event) {
-    input_->dragMove(*event);
-}
-void RichTextView::dragLeaveEvent(QDragLeaveEvent* event) {
-    input_->dragLeave(*event);
-}
-void RichTextView::dropEvent(QDropEvent* event) {
-    input_->drop(*event);
-}
-
-QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
-    return input_->inputMethodQuery(query);
-}
-
 QSize RichTextView::sizeHint() const {
     constexpr int kColumns = 80;
     constexpr int kRows = 25;
     const int frame = 2 * frameWidth();
-    const qreal width = kColumns * style_->averageAdvance() + 2 * textLeft() + caretWidth();
+    const qreal width =
+        kColumns * style_->averageAdvance() + 2 * Scrolling::kMargin + scrolling_->caretWidth();
     return {static_cast<int>(std::ceil(width)) + verticalScrollBar()->sizeHint().width() + frame,
             static_cast<int>(std::ceil(kRows * style_->baseRowHeight())) + frame};
 }

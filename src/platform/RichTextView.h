@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractScrollArea>
-#include <QBasicTimer>
 #include <QInputMethodEvent>
 #include <QPixmap>
 #include <QRegion>
@@ -15,26 +14,31 @@
 
 class QPagedPaintDevice;
 class QPainter;
-class QScrollEvent;
-class QScrollPrepareEvent;
 
 namespace brindlex {
 
+class AccessibleEvents;
+class CaretActions;
+class CaretBlink;
+class InputMethod;
+class KeyInput;
 class LineLayouts;
 class LineStyle;
+class MouseSelection;
+class Scrolling;
 class ShownLines;
-class TextInput;
-class TextRows;
+class TextDragDrop;
 struct LineSelection;
 
 /// A RichTextBox on the screen. It lays out only the lines that show, keeps the layouts of lines
 /// that did not change and repaints only the lines that did.
 ///
-/// Keys and the mouse come out as the events on... below, then act on the box (TextInput). KeyCode
-/// is a virtual key code (13 Enter, 65 A ...), Shift a sum of 1 Shift, 2 Ctrl, 4 Alt, KeyAscii a
-/// byte of the code page (or a control code, 26 for Ctrl+Z), Button 1 left, 2 right, 4 middle; x
-/// and y are in twips from the top left corner. A handler that sets KeyCode or KeyAscii to 0 keeps
-/// the view from acting on the key; another KeyAscii is inserted in its place.
+/// Keys and the mouse come out as the events on... below, then act on the box. Their handlers may
+/// do anything but destroy the view. KeyCode is a virtual key code (13 Enter, 65 A ...), Shift a
+/// sum of 1 Shift, 2 Ctrl, 4 Alt, KeyAscii a byte of the code page (or a control code, 26 for
+/// Ctrl+Z), Button 1 left, 2 right, 4 middle; x and y are in twips from the top left corner. A
+/// handler that sets KeyCode or KeyAscii to 0 keeps the view from acting on the key; another
+/// KeyAscii is inserted in its place.
 class RichTextView : public QAbstractScrollArea, private RichTextObserver {
   public:
     explicit RichTextView(QWidget* parent = nullptr, const CodePage& codePage = CodePage::system());
@@ -100,8 +104,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Scrolls by whole lines relative to the present first visible line, cut at both ends.
     void lineScroll(Long lines);
     /// The top left pixel of a character in the viewport; it may lie outside what shows. An offset
-    /// past the end means the end.
-    QPoint posFromChar(Long offset) const;
+    /// past the end means the end. Settles.
+    QPoint posFromChar(Long offset);
 
     /// Loads a file: type 0 rich text (plain text if it is none), 1 plain text. False, and nothing
     /// changed, when it cannot be read.
@@ -113,20 +117,21 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void SelPrint(QPagedPaintDevice& device) const;
 
     // --- Geometry for input and accessibility; pixels of the viewport ----------------------------
+    // What tells places settles: a caret that moved comes into view first (Scrolling).
     /// The position nearest to a point.
-    Offset positionAt(QPoint point) const;
+    Offset positionAt(QPoint point);
     /// Whether a point lies on a selected character.
-    bool isOnSelection(QPoint point) const;
+    bool isOnSelection(QPoint point);
     /// The caret's bar.
-    QRect caretRect() const;
-    QRect characterRect(Offset offset) const;
+    QRect caretRect();
+    QRect characterRect(Offset offset);
     /// The position one display row (`rows` of them, negative: up) away at the horizontal place
     /// `x`; the first or last row when there are not so many.
-    Offset positionRowsAway(Offset from, int rows, int x) const;
+    Offset positionRowsAway(Offset from, int rows, int x);
     /// Whole rows that fit in the viewport, at least 1.
     int rowsPerPage() const;
-    LineIndex firstVisibleLine() const;
-    /// Scrolls as little as it takes to show the caret.
+    LineIndex firstVisibleLine();
+    /// Scrolls as little as it takes to show the caret, when the view settles next.
     void ensureCaretVisible();
     /// Overwrite mode shows a block caret.
     void setOverwriteMode(bool on);
@@ -143,6 +148,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// How many lines were laid out so far; for tests and benchmarks.
     std::size_t layoutsMade() const;
 
+    /// Settles, though the toolkit has it const.
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     QSize sizeHint() const override;
 
@@ -155,7 +161,6 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -185,15 +190,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Takes over widths and resolution from the widget.
     void fitStyle();
     void appearanceChanged();
-    /// Scrolls to a caret that moved. Put off until somebody asks what shows, since a caret may
-    /// move many times before that; hence it is no change of state in the eyes of who asks.
-    void settle() const;
-    void scrollToCaret() const;
-    void scrollToColumn(qreal x, qreal width) const;
-    void clampTop() const;
-    void updateScrollBars();
-    void updateHorizontalBar() const;
-    void scrollRows(Long rows);
+    void focusChanged();
     ShownLines linesToShow() const;
     void updateCarets(const ShownLines& lines);
 
@@ -207,37 +204,31 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     bool hasBlockCaret() const;
     QRectF placeRect(Offset offset) const;
     QRect caretRectAt(Offset offset) const;
-    int caretWidth() const;
-    qreal textLeft() const;
     qreal viewHeight() const;
-
-    void restartBlinking();
-    void touchScroll(QScrollEvent& event);
-    void prepareTouchScroll(QScrollPrepareEvent& event) const;
 
     const CodePage& codePage_;
     RichTextBox box_;
     std::unique_ptr<LineStyle> style_;
     std::unique_ptr<LineLayouts> layouts_;
-    std::unique_ptr<TextRows> rows_;
-    std::unique_ptr<TextInput> input_;
+    std::unique_ptr<Scrolling> scrolling_;
     std::unique_ptr<ShownLines> shown_;  ///< what was last given to the screen
+    std::unique_ptr<CaretBlink> blink_;
+    std::unique_ptr<CaretActions> actions_;
+    std::unique_ptr<KeyInput> keys_;
+    std::unique_ptr<InputMethod> inputMethod_;
+    std::unique_ptr<TextDragDrop> dragDrop_;
+    std::unique_ptr<MouseSelection> mouse_;
+    std::unique_ptr<AccessibleEvents> accessible_;
 
     bool redraw_ = true;
     bool pending_ = false;     ///< something changed since the last sync
     bool syncPosted_ = false;  ///< and an event for it is on its way
-    mutable bool syncing_ = false;
-    mutable bool showCaret_ = false;  ///< the caret moved and is to come into view
-    mutable qreal contentWidth_ = 0;  ///< of the widest line seen
-    QRegion held_;                    ///< painted with redraw off, or between change and sync
+    QRegion stale_;            ///< may look otherwise on the screen than shown_ has it
     Offset lastCaret_;
     QRect shownCaret_;
     QRect shownDropCaret_;
     std::optional<Offset> dropCaret_;
-    QBasicTimer blinking_;
-    bool blinkOn_ = true;
     bool overwrite_ = false;
-    QPointF wheel_;  ///< scrolled by the wheel, less than a row or a pixel
 
     bool autoVerbMenu_ = false;
     ColorValue backColor_{0x80000005};

@@ -1,18 +1,20 @@
 #include <QPaintEvent>
 #include <QPainter>
-#include <QScrollBar>
 
+#include "platform/CaretBlink.h"
 #include "platform/LineLayouts.h"
 #include "platform/LineStyle.h"
 #include "platform/RichTextView.h"
+#include "platform/Scrolling.h"
 #include "platform/ShownLines.h"
-#include "platform/TextRows.h"
 
 namespace brindlex {
 
 void RichTextView::paintEvent(QPaintEvent* event) {
-    // the screen is held for the state as of the next sync, where one is due
-    if (!redraw_ || pending_) held_ += event->region();
+    // A sync repaints only what differs from the one before, but this may come between: with redraw
+    // off the region stays as it was, although the last sync asked for it; before a sync that is
+    // due it shows a state that may be undone by then, a selection for one.
+    if (!redraw_ || pending_) stale_ += event->region();
     if (!redraw_) return;
     QPainter painter(viewport());
     const QColor background = backColor_.resolve(palette());
@@ -27,15 +29,16 @@ void RichTextView::paintLines(QPainter& painter, const QRegion& region) const {
     const HighlightColors colors{palette().color(group, QPalette::Highlight),
                                  palette().color(group, QPalette::HighlightedText)};
     const QRectF area = region.boundingRect();
-    const qreal left = textLeft() - horizontalScrollBar()->value();
+    const qreal left = scrolling_->textX();
     painter.setPen(style_->color(0));
-    rows_->visit(viewHeight(), [&](LineIndex line, const LineLayout& layout, qreal top) {
-        const QRectF strip(0, top, viewport()->width(), layout.height());
-        if (!region.intersects(strip.toAlignedRect())) return;
-        painter.setClipRect(strip);
-        layout.paint(painter, {left, top}, strip & area, selectionIn(line, box_.lineContent(line)),
-                     colors);
-    });
+    scrolling_->rows().visit(viewHeight(),
+                             [&](LineIndex line, const LineLayout& layout, qreal top) {
+                                 const QRectF strip(0, top, viewport()->width(), layout.height());
+                                 if (!region.intersects(strip.toAlignedRect())) return;
+                                 painter.setClipRect(strip);
+                                 layout.paint(painter, {left, top}, strip & area,
+                                              selectionIn(line, box_.lineContent(line)), colors);
+                             });
     painter.setClipping(false);
 }
 
@@ -43,7 +46,7 @@ void RichTextView::paintCarets(QPainter& painter) const {
     const QColor color = style_->color(0);
     if (dropCaret_ && shownDropCaret_.isValid()) {
         QRect bar = caretRectAt(*dropCaret_);
-        bar.setWidth(caretWidth());
+        bar.setWidth(scrolling_->caretWidth());
         painter.fillRect(bar, color);
     }
     if (!caretShows()) return;
@@ -54,7 +57,7 @@ void RichTextView::paintCarets(QPainter& painter) const {
 }
 
 bool RichTextView::caretShows() const {
-    return blinkOn_ && hasFocus() && isEnabled() && layouts_->preedit().cursorVisible &&
+    return blink_->shows() && isEnabled() && layouts_->preedit().cursorVisible &&
            shown_->shows(box_.rope().lineOf(box_.caret()));
 }
 

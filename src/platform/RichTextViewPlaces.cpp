@@ -1,21 +1,16 @@
 // Where the characters of a RichTextView stand on the screen, and what stands at a place.
 
-#include <QScrollBar>
-#include <QStyle>
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "platform/LineLayouts.h"
-#include "platform/LineStyle.h"
 #include "platform/RichTextView.h"
+#include "platform/Scrolling.h"
 #include "platform/ShownLines.h"
-#include "platform/TextRows.h"
 
 namespace brindlex {
 namespace {
-
-constexpr qreal kMargin = 2;
 
 int pixel(qreal place) {
     using Int = std::numeric_limits<int>;
@@ -29,51 +24,50 @@ QRect pixels(const QRectF& rect) {
 
 }  // namespace
 
-qreal RichTextView::textLeft() const {
-    return kMargin;
-}
+// --- What shows ----------------------------------------------------------------------------------
 
 qreal RichTextView::viewHeight() const {
     return viewport()->height();
 }
 
-int RichTextView::caretWidth() const {
-    return std::max(1, style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this));
+int RichTextView::rowsPerPage() const {
+    return scrolling_->rowsPerPage();
 }
+
+LineIndex RichTextView::firstVisibleLine() {
+    scrolling_->settle();
+    return scrolling_->rows().top().line;
+}
+
+void RichTextView::lineScroll(Long lines) {
+    scrolling_->byLines(lines);
+}
+
+void RichTextView::ensureCaretVisible() {
+    scrolling_->bringCaret();
+    changed();
+}
+
+// --- Where characters stand ----------------------------------------------------------------------
 
 QRectF RichTextView::placeRect(Offset offset) const {
-    const Offset wanted = std::min(offset, Offset(box_.length()));
-    const LineIndex line = box_.rope().lineOf(wanted);
-    const Range content = box_.lineContent(line);
-    const std::size_t column = std::min(wanted, content.end()) - content.begin();
-    const qreal lineTop = rows_->yOf(line);
-    const LineLayout& layout = layouts_->at(line);
-    const LineLayout::Row row = layout.row(layout.rowOf(column));
-    const Preedit& preedit = layouts_->preedit();
-    const bool inPreedit = !preedit.text.isEmpty() && offset == box_.caret();
-    const qreal x = inPreedit ? layout.preeditX(preedit.cursor) : layout.xOf(column);
-    const bool last = column + 1 >= row.end;
-    const qreal next = last ? std::max(row.width, x) : layout.xOf(column + 1);
-    const qreal width = column < row.end ? std::abs(next - x) : style_->averageAdvance();
-    const qreal left = column < row.end ? std::min(x, next) : x;
-    const qreal originX = textLeft() - horizontalScrollBar()->value();
-    return {originX + (inPreedit ? x : left), lineTop + row.top, width, row.height};
+    return scrolling_->rows().rectOf(offset).translated(scrolling_->textX(), 0);
 }
 
-QPoint RichTextView::posFromChar(Long offset) const {
-    settle();
+QPoint RichTextView::posFromChar(Long offset) {
+    scrolling_->settle();
     const auto wanted = static_cast<std::size_t>(std::max<Long>(0, offset));
     return pixels(placeRect(Offset(wanted))).topLeft();
 }
 
-QRect RichTextView::characterRect(Offset offset) const {
-    settle();
+QRect RichTextView::characterRect(Offset offset) {
+    scrolling_->settle();
     return pixels(placeRect(offset));
 }
 
 QRect RichTextView::caretRectAt(Offset offset) const {
     QRect rect = pixels(placeRect(offset));
-    if (!hasBlockCaret()) rect.setWidth(caretWidth());
+    if (!hasBlockCaret()) rect.setWidth(scrolling_->caretWidth());
     return rect;
 }
 
@@ -81,36 +75,37 @@ bool RichTextView::hasBlockCaret() const {
     return overwrite_ && preedit().isEmpty();
 }
 
-QRect RichTextView::caretRect() const {
-    settle();
+QRect RichTextView::caretRect() {
+    scrolling_->settle();
     return caretRectAt(box_.caret());
 }
 
-Offset RichTextView::positionAt(QPoint point) const {
-    settle();
-    const RowPlace place = rows_->at(point.y(), viewHeight());
-    const qreal x = point.x() + horizontalScrollBar()->value() - textLeft();
+Offset RichTextView::positionAt(QPoint point) {
+    scrolling_->settle();
+    const RowPlace place = scrolling_->rows().at(point.y(), viewHeight());
+    const qreal x = point.x() - scrolling_->textX();
     const std::size_t column = layouts_->at(place.line).columnAt(place.row, x);
     return box_.lineContent(place.line).begin() + column;
 }
 
-bool RichTextView::isOnSelection(QPoint point) const {
+bool RichTextView::isOnSelection(QPoint point) {
     if (box_.selection().empty() || !viewport()->rect().contains(point)) return false;
-    settle();
-    const RowPlace place = rows_->at(point.y(), viewHeight());
+    scrolling_->settle();
+    const RowPlace place = scrolling_->rows().at(point.y(), viewHeight());
     if (point.y() >= shown_->bottom() && !pending_) return false;
-    const qreal x = point.x() + horizontalScrollBar()->value() - textLeft();
+    const qreal x = point.x() - scrolling_->textX();
     const auto column = layouts_->at(place.line).characterAt(place.row, x);
     if (!column) return false;
     const Offset offset = box_.lineContent(place.line).begin() + *column;
     return box_.selection().begin() <= offset && offset < box_.selection().end();
 }
 
-Offset RichTextView::positionRowsAway(Offset from, int rows, int x) const {
-    settle();
+Offset RichTextView::positionRowsAway(Offset from, int rows, int x) {
+    scrolling_->settle();
+    const TextRows& text = scrolling_->rows();
     const Offset start = std::min(from, Offset(box_.length()));
-    const RowPlace place = rows_->moved(rows_->placeOf(start), rows);
-    const qreal wanted = x + horizontalScrollBar()->value() - textLeft();
+    const RowPlace place = text.moved(text.placeOf(start), rows);
+    const qreal wanted = x - scrolling_->textX();
     const std::size_t column = layouts_->at(place.line).columnAt(place.row, wanted);
     return box_.lineContent(place.line).begin() + column;
 }

@@ -3,6 +3,7 @@
 
 #include "platform/Files.h"
 #include "platform/RichTextView.h"
+#include "platform/Scrolling.h"
 #include "platform/TextPrinter.h"
 #include "platform/Twips.h"
 
@@ -82,7 +83,7 @@ QFont RichTextView::Font() const {
 
 void RichTextView::SetFont(const QFont& font) {
     font_ = font;
-    contentWidth_ = 0;
+    scrolling_->forgetWidths();
     setFont(font);  // for whoever asks the widget, as input methods do
     constexpr double kHalfPoints = 2;
     box_.setBaseFont(codePage_.fromUnicode(font.family()),

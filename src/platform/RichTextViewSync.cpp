@@ -10,8 +10,8 @@
 #include "platform/LineLayouts.h"
 #include "platform/LineStyle.h"
 #include "platform/RichTextView.h"
+#include "platform/Scrolling.h"
 #include "platform/ShownLines.h"
-#include "platform/TextRows.h"
 
 namespace brindlex {
 
@@ -28,14 +28,12 @@ void RichTextView::changed() {
 }
 
 void RichTextView::sync() {
-    if (!redraw_ || syncing_) return;
+    if (!redraw_) return;
     fitStyle();
-    settle();
     pending_ = false;
-    clampTop();
-    updateScrollBars();  // a bar that comes or goes makes another sync due
+    scrolling_->update();  // a bar that comes or goes makes another sync due
     ShownLines lines = linesToShow();
-    QRegion region = lines.changedSince(*shown_) + std::exchange(held_, {});
+    QRegion region = lines.changedSince(*shown_) + std::exchange(stale_, {});
     *shown_ = std::move(lines);
     for (const QRect& rect : region) viewport()->update(rect);
     updateCarets(*shown_);
@@ -51,10 +49,11 @@ ShownLines RichTextView::linesToShow() const {
     const int highlight =
         highlights() && !box_.selection().empty() ? static_cast<int>(highlightGroup()) + 1 : 0;
     ShownLines lines({viewport()->size(), horizontalScrollBar()->value(), highlight});
-    rows_->visit(viewHeight(), [&](LineIndex line, const LineLayout& layout, qreal top) {
-        const LineSelection selection = selectionIn(line, box_.lineContent(line));
-        lines.append({line, layout.serial(), top, top + layout.height(), selection});
-    });
+    scrolling_->rows().visit(
+        viewHeight(), [&](LineIndex line, const LineLayout& layout, qreal top) {
+            const LineSelection selection = selectionIn(line, box_.lineContent(line));
+            lines.append({line, layout.serial(), top, top + layout.height(), selection});
+        });
     return lines;
 }
 
@@ -76,7 +75,7 @@ void RichTextView::updateCarets(const ShownLines& lines) {
 void RichTextView::setRedraw(bool on) {
     if (redraw_ == on) return;
     redraw_ = on;
-    if (on && (pending_ || !held_.isEmpty())) changed();
+    if (on && (pending_ || !stale_.isEmpty())) changed();
 }
 
 bool RichTextView::redraw() const {
@@ -93,12 +92,12 @@ void RichTextView::appearanceChanged() {
     style_->setBulletIndent(bulletIndent_);
     layouts_->clear();
     fitStyle();
-    held_ = viewport()->rect();
+    stale_ = viewport()->rect();
     changed();
 }
 
 void RichTextView::fitStyle() {
-    const qreal available = std::max(1.0, viewport()->width() - 2 * textLeft() - caretWidth());
+    const qreal available = scrolling_->textWidth();
     const qreal wanted = rightMargin_ > 0 ? style_->fromTwips(rightMargin_) : available;
     const qreal wrap = rightMargin_ < kNoWrap ? std::max(1.0, wanted) : 0;
     const bool sameWrap = wrap == style_->wrapWidth();
@@ -110,9 +109,9 @@ void RichTextView::fitStyle() {
         layouts_->widthChanged();
     } else {
         layouts_->clear();
-        contentWidth_ = 0;
+        scrolling_->forgetWidths();
     }
-    rows_->setTop(rows_->top());
+    scrolling_->rowsChanged();
     changed();
 }
 

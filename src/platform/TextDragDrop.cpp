@@ -30,7 +30,9 @@ QString fileOf(const QMimeData& data) {
 }  // namespace
 
 TextDragDrop::TextDragDrop(RichTextView& view, CaretActions& actions)
-    : view_(view), actions_(actions), scroll_(view, kEdge) {
+    : view_(view),
+      actions_(actions),
+      scroll_(view, kEdge, [this] { view_.setDropCaret(positionAt(scroll_.pointer())); }) {
     view_.setAcceptDrops(true);
 }
 
@@ -82,13 +84,6 @@ void TextDragDrop::drop(QDropEvent& event) {
     if (!dropText(event, positionAt(event.position().toPoint()))) return event.ignore();
     view_.activateWindow();
     view_.setFocus(Qt::OtherFocusReason);
-}
-
-bool TextDragDrop::timer(int timerId) {
-    if (!scroll_.owns(timerId)) return false;
-    scroll_.step();
-    view_.setDropCaret(positionAt(scroll_.pointer()));
-    return true;
 }
 
 bool TextDragDrop::accept(QDropEvent& event) const {

@@ -31,8 +31,6 @@ class TextDragDrop {
     void move(QDragMoveEvent& event);
     void leave();
     void drop(QDropEvent& event);
-    /// True when the timer was this object's.
-    bool timer(int timerId);
 
   private:
     bool accept(QDropEvent& event) const;

@@ -1,6 +1,7 @@
 #include "platform/TextRows.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace brindlex {
 
@@ -77,6 +78,24 @@ qreal TextRows::yOf(LineIndex line) const {
     for (std::size_t i = 1; i <= exact; ++i)
         y -= layouts_.at(LineIndex(top_.line.value() - i)).height();
     return y - static_cast<qreal>(top_.line - line - exact) * style_.baseRowHeight();
+}
+
+QRectF TextRows::rectOf(Offset offset) const {
+    const Offset wanted = std::min(offset, Offset(box_.length()));
+    const LineIndex line = box_.rope().lineOf(wanted);
+    const Range content = box_.lineContent(line);
+    const std::size_t column = std::min(wanted, content.end()) - content.begin();
+    const qreal lineTop = yOf(line);
+    const LineLayout& layout = layouts_.at(line);
+    const LineLayout::Row row = layout.row(layout.rowOf(column));
+    const Preedit& preedit = layouts_.preedit();
+    const bool inPreedit = !preedit.text.isEmpty() && offset == box_.caret();
+    const qreal x = inPreedit ? layout.preeditX(preedit.cursor) : layout.xOf(column);
+    const bool last = column + 1 >= row.end;
+    const qreal next = last ? std::max(row.width, x) : layout.xOf(column + 1);
+    const qreal width = column < row.end ? std::abs(next - x) : style_.averageAdvance();
+    const qreal left = column < row.end ? std::min(x, next) : x;
+    return {inPreedit ? x : left, lineTop + row.top, width, row.height};
 }
 
 RowPlace TextRows::at(qreal y, qreal height) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRectF>
 #include <compare>
 #include <cstddef>
 
@@ -36,6 +37,9 @@ class TextRows {
     RowPlace moved(RowPlace from, Long rows) const;
     /// The top edge of a line.
     qreal yOf(LineIndex line) const;
+    /// The character at an offset, in an average width where there is none; x is from the text's
+    /// left edge. For the caret, while a text is being composed, the caret's place in that text.
+    QRectF rectOf(Offset offset) const;
     /// The place at a height, cut to [0, height).
     RowPlace at(qreal y, qreal height) const;
     /// The lowest top row with which all of `place` lies above `height`, unless it is higher

@@ -69,6 +69,10 @@ class RichTextViewTest : public testing::Test {
         view.SetBackColor(view.BackColor());
         return screen();
     }
+    bool screenIsAsPaintedAnew() {
+        const QImage partly = screen();
+        return !partly.isNull() && partly == screenPaintedAnew();
+    }
     void turnWheel(QPoint pixels, QPoint angle, Qt::ScrollPhase phase) {
         QWheelEvent wheel({5, 5}, view.mapToGlobal(QPointF(5, 5)), pixels, angle, Qt::NoButton,
                           Qt::NoModifier, phase, false);
@@ -144,10 +148,7 @@ TEST_F(RichTextViewTest, PartialRepaintsGiveTheWholePicture) {
             if (!random.oneIn(3)) continue;
             if (random.oneIn(4)) view.viewport()->repaint(20, 40, 100, 33);
             view.setRedraw(true);
-            const QImage partly = screen();
-            const QImage anew = screenPaintedAnew();
-            ASSERT_FALSE(partly.isNull());
-            ASSERT_TRUE(partly == anew) << "step " << step;
+            ASSERT_TRUE(screenIsAsPaintedAnew()) << "step " << step;
         }
     }
 }
@@ -177,8 +178,8 @@ TEST_F(RichTextViewTest, AKeystrokeLaysOutOneLineAndPaintsItsRow) {
     EXPECT_EQ(paintings.count, 0) << "nothing changed, nothing is painted";
 }
 
-TEST_F(RichTextViewTest, RedrawOffPaintsNothingAndThenWhatChanged) {
-    view.box().SetText(lines(200));
+TEST_F(RichTextViewTest, RedrawOffPaintsNothingAndThenWhatIsDue) {
+    view.box().SetText(lines(20));
     const QImage before = screen();
     view.setRedraw(false);
     view.box().SetSelText("changed");
@@ -186,7 +187,25 @@ TEST_F(RichTextViewTest, RedrawOffPaintsNothingAndThenWhatChanged) {
     EXPECT_EQ(screen(), before);
     view.setRedraw(true);
     EXPECT_NE(screen(), before);
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
+    view.box().SetSelText("again");
+    view.Refresh();  // asks for a painting, which comes too late
+    view.setRedraw(false);
+    view.viewport()->repaint();
+    view.setRedraw(true);
+    Paintings paintings(*view.viewport());
+    QApplication::processEvents();
+    EXPECT_EQ(paintings.count, 1);
+    EXPECT_TRUE(screenIsAsPaintedAnew());
+}
+
+TEST_F(RichTextViewTest, WhatIsPaintedAheadOfItsTimeDoesNotStay) {
+    view.box().SetText(lines(20));
+    settle();
+    view.box().select(Offset(0), Offset(30));
+    view.viewport()->repaint();
+    view.box().select(Offset(0), Offset(0));
+    EXPECT_TRUE(screenIsAsPaintedAnew());
 }
 
 // --- Places --------------------------------------------------------------------------------------
@@ -322,7 +341,7 @@ TEST_F(RichTextViewTest, AWrappedLineHigherThanTheViewScrollsByRows) {
     view.box().SetSelStart(9000);
     settle();
     EXPECT_TRUE(view.viewport()->rect().contains(view.caretRect()));
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
 }
 
 TEST_F(RichTextViewTest, SmallPixelStepsOfATouchpadAddUp) {
@@ -344,7 +363,7 @@ TEST_F(RichTextViewTest, ARangeToTheRightGrowsWithTheWidestLineSeen) {
     QTest::keyClicks(&view, "x");
     settle();
     EXPECT_TRUE(view.viewport()->rect().contains(view.caretRect()));
-    EXPECT_EQ(screen(), screenPaintedAnew());
+    EXPECT_TRUE(screenIsAsPaintedAnew());
     view.box().SetText("short");
     settle();
     EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
@@ -378,6 +397,8 @@ TEST_F(RichTextViewTest, TheSelectionAndItsLineBreakAreHighlighted) {
         for (const std::size_t offset : {0U, 3U, 5U, 7U}) EXPECT_EQ(colorAt(offset), row.highlight);
         EXPECT_EQ(colorAt(8), QColor(Qt::white));
     }
+    view.SetBackColor(ColorValue{0xFF});
+    EXPECT_EQ(screen().pixelColor(200, 200), QColor(Qt::red)) << "below the text too";
 }
 
 TEST_F(RichTextViewTest, TheCaretStandsInThePreeditText) {

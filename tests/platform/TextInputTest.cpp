@@ -1,4 +1,4 @@
-#include "platform/TextInput.h"
+#include "platform/RichTextView.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/RichTextView.h"
 #include "platform/TextMimeData.h"
 #include "platform/Twips.h"
 
@@ -67,7 +66,7 @@ class Input : public testing::Test {
             QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
     }
     /// A pixel on the left half of the character at `offset`.
-    QPoint pixel(std::size_t offset) const {
+    QPoint pixel(std::size_t offset) {
         const QRect place = view_.characterRect(Offset(offset));
         return {place.left() + place.width() / 4, place.center().y()};
     }

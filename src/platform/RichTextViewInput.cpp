@@ -1,0 +1,112 @@
+// What focus, keyboard, mouse, drag and drop, wheel and input methods do to a RichTextView: each
+// event goes to the part that knows it. A text that is being composed goes in before the focus
+// leaves or the mouse puts the caret elsewhere.
+
+#include "platform/CaretBlink.h"
+#include "platform/InputMethod.h"
+#include "platform/KeyInput.h"
+#include "platform/MouseSelection.h"
+#include "platform/RichTextView.h"
+#include "platform/Scrolling.h"
+#include "platform/TextDragDrop.h"
+
+namespace brindlex {
+
+// --- Focus ---------------------------------------------------------------------------------------
+
+void RichTextView::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    inputMethod_->changed();
+    focusChanged();
+}
+
+void RichTextView::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    inputMethod_->commit();
+    focusChanged();
+}
+
+void RichTextView::focusChanged() {
+    blink_->restart();
+    viewport()->update(shownCaret_);
+    changed();
+}
+
+void RichTextView::leave(bool forward) {
+    QAbstractScrollArea::focusNextPrevChild(forward);
+}
+
+bool RichTextView::focusNextPrevChild(bool) {
+    return false;
+}
+
+// --- Keys and input methods ----------------------------------------------------------------------
+
+void RichTextView::keyPressEvent(QKeyEvent* event) {
+    keys_->press(*event);
+}
+
+void RichTextView::keyReleaseEvent(QKeyEvent* event) {
+    keys_->release(*event);
+}
+
+void RichTextView::inputMethodEvent(QInputMethodEvent* event) {
+    inputMethod_->handle(*event);
+}
+
+QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return inputMethod_->answer(query);
+}
+
+// --- Mouse ---------------------------------------------------------------------------------------
+
+void RichTextView::mousePressEvent(QMouseEvent* event) {
+    inputMethod_->commit();
+    mouse_->press(*event);
+}
+
+void RichTextView::mouseMoveEvent(QMouseEvent* event) {
+    mouse_->move(*event);
+}
+
+void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
+    mouse_->release(*event);
+}
+
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
+    inputMethod_->commit();
+    mouse_->doubleClick(*event);
+}
+
+void RichTextView::dragEnterEvent(QDragEnterEvent* event) {
+    dragDrop_->enter(*event);
+}
+
+void RichTextView::dragMoveEvent(QDragMoveEvent* event) {
+    dragDrop_->move(*event);
+}
+
+void RichTextView::dragLeaveEvent(QDragLeaveEvent*) {
+    dragDrop_->leave();
+}
+
+void RichTextView::dropEvent(QDropEvent* event) {
+    inputMethod_->commit();
+    dragDrop_->drop(*event);
+}
+
+// --- Scrolling -----------------------------------------------------------------------------------
+
+void RichTextView::wheelEvent(QWheelEvent* event) {
+    scrolling_->wheel(*event);
+}
+
+bool RichTextView::viewportEvent(QEvent* event) {
+    return scrolling_->touch(*event) || QAbstractScrollArea::viewportEvent(event);
+}
+
+void RichTextView::scrollContentsBy(int, int dy) {
+    scrolling_->barsMoved(dy);
+}
+
+}  // namespace brindlex
