@@ -252,6 +252,8 @@ std::string CodePage::nearest(QStringView cluster) const {
 std::string CodePage::nearest(char32_t letter) const {
     if (const int byte = characters_.byteOf(letter); byte >= 0) return {static_cast<char>(byte)};
     if (const char* text = replacementOf(letter)) return text;
+    // Digits of other scripts, as dates are written with.
+    if (const int digit = QChar::digitValue(letter); digit >= 0) return std::to_string(digit);
     std::string bytes;
     for (const char32_t piece : QChar::decomposition(letter).toUcs4()) {
         const std::string part = nearest(piece);

@@ -22,8 +22,12 @@ void RichTextView::focusInEvent(QFocusEvent* event) {
 
 void RichTextView::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
-    inputMethod_->commit();
+    commitComposition();
     focusChanged();
+}
+
+void RichTextView::commitComposition() {
+    inputMethod_->commit();
 }
 
 void RichTextView::focusChanged() {
@@ -61,7 +65,7 @@ QVariant RichTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
 // --- Mouse ---------------------------------------------------------------------------------------
 
 void RichTextView::mousePressEvent(QMouseEvent* event) {
-    inputMethod_->commit();
+    commitComposition();
     mouse_->press(*event);
 }
 
@@ -74,7 +78,7 @@ void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
-    inputMethod_->commit();
+    commitComposition();
     mouse_->doubleClick(*event);
 }
 
@@ -91,7 +95,7 @@ void RichTextView::dragLeaveEvent(QDragLeaveEvent*) {
 }
 
 void RichTextView::dropEvent(QDropEvent* event) {
-    inputMethod_->commit();
+    commitComposition();
     dragDrop_->drop(*event);
 }
 

@@ -1,6 +1,7 @@
 #include "shell/Document.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -65,10 +66,13 @@ class Document::LoadingTime {
     QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
 };
 
-/// A command's turn, if no other has it.
+/// A command's turn, if no other has it. A text that is being composed belongs to the document
+/// that the command finds.
 class Document::Turn {
   public:
-    explicit Turn(Document& document) : isMine_(!document.busy_), busy_(document.busy_, true) {}
+    explicit Turn(Document& document) : isMine_(!document.busy_), busy_(document.busy_, true) {
+        if (isMine_) document.parts_.editor.rtb().commitComposition();
+    }
     explicit operator bool() const { return isMine_; }
 
   private:
@@ -145,6 +149,7 @@ void Document::putIn(std::string FileText, void (Document::*become)()) {
         parts_.editor.SetText(FileText);
     }
     FileText = {};
+    if (onTextReplaced) onTextReplaced();
     parts_.panes.showLine(parts_.editor.GetCurrentLine());
     const Rope loaded = parts_.editor.rtb().box().rope();
     yield();
@@ -172,7 +177,7 @@ void Document::becomeNamed() {
 void Document::takeName(const QString& path) {
     FilePath_ = path;
     FileTitle_ = FileNameOf(path);
-    hidesFile_ = false;
+    nameIsTaken_ = false;
 }
 
 // --- At start ------------------------------------------------------------------------------------
@@ -184,6 +189,7 @@ void Document::startNew() {
 
 void Document::startEmpty() {
     parts_.editor.SetText({});
+    if (onTextReplaced) onTextReplaced();
     becomeUntitled();
     if (onLoaded) onLoaded();
 }
@@ -192,7 +198,8 @@ void Document::startWith(QString commandLine) {
     takeName(commandLine.remove('"'));
     MapName_ = baseName() + ".map";
     std::optional<std::string> FileText = Files::read(FilePath_);
-    hidesFile_ = !FileText && QFileInfo::exists(Files::toSystemPath(FilePath_));
+    const QFileInfo file(Files::toSystemPath(FilePath_));
+    nameIsTaken_ = !FileText && (file.exists() || !file.dir().exists());
     load(std::move(FileText).value_or(std::string()), &Document::becomeNamed);
 }
 
@@ -273,7 +280,7 @@ bool Document::offerToSave(const QString& question, const QString& title) {
 }
 
 void Document::save() {
-    if (HasFileName_ && !hidesFile_)
+    if (HasFileName_ && !nameIsTaken_)
         SaveCurrent();
     else
         SaveAs();

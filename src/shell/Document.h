@@ -59,8 +59,10 @@ class Document {
     bool busy() const { return busy_; }
     /// A text is being put into the editor; its name and state may not be its own yet.
     bool loading() const { return loading_; }
-    /// Raised when a new or another text stands in the editor and text, name and state belong
-    /// together again. The command that made it may still have its turn.
+    /// Raised when a new or another text has just been put into the editor.
+    std::function<void()> onTextReplaced;
+    /// Raised behind that, when text, name and state belong together again. The command that made
+    /// it may still have its turn.
     std::function<void()> onLoaded;
     /// Raised when a script has been opened or saved: the moment for a backup.
     std::function<void()> onBackupDue;
@@ -71,8 +73,8 @@ class Document {
     /// A new document also when there is no preset to start it from.
     void startNew();
     /// Opens the script that the whole command line names, less its double quotes. One that cannot
-    /// be read gives an empty text under that name; the first save then asks for a name rather than
-    /// to put it over what stands there.
+    /// be read gives an empty text under that name. Where no file could be made either, or one
+    /// stands in its place, the first save asks for a name.
     void startWith(QString commandLine);
 
     // --- Operations; they ask for nothing but a file ---------------------------------------------
@@ -124,7 +126,7 @@ class Document {
     std::optional<QString> name_;  // in the title; none before the first document
     QString saveFolder_;
     bool HasFileName_ = false;
-    bool hidesFile_ = false;  // a file of the document's name is there that was never read
+    bool nameIsTaken_ = false;  // what stands there was never read, or there is no such folder
     bool Dirty_ = false;
     bool EditorReady_ = false;
     bool busy_ = false;

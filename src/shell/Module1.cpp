@@ -29,9 +29,11 @@ void Main(Program& program) {
 
 namespace {
 
-/// The end of the session asks about unsaved text as the end of the program does.
-void askAtLogOut(Program& program, QSessionManager& session) {
-    if (session.allowsInteraction() && !program.mainWindow().close()) session.cancel();
+/// The end of the session asks about unsaved text as the end of the program does. While a question
+/// is open already, it waits for the next try.
+void askAtLogOut(frmMain& window, QSessionManager& session) {
+    if (!session.allowsInteraction()) return;
+    if (window.document().busy() || !window.close()) session.cancel();
 }
 
 }  // namespace
@@ -47,8 +49,9 @@ int runProgram(int argc, char** argv) {
                      .commandLine = QCoreApplication::arguments().mid(1).join(' '),
                      .endProgram = [] { QCoreApplication::exit(0); }});
     Main(program);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &program.mainWindow(),
-                     [&program](QSessionManager& session) { askAtLogOut(program, session); });
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &program.mainWindow(),
+        [&program](QSessionManager& session) { askAtLogOut(program.mainWindow(), session); });
     return QApplication::exec();
 }
 

@@ -1,5 +1,6 @@
 #include "shell/ScriptFile.h"
 
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -7,8 +8,11 @@
 
 namespace brindlex {
 
-bool writeScript(const QString& path, const Rope& text) {
-    constexpr std::string_view kEnd = "\r\n";
+namespace {
+
+constexpr std::string_view kEnd = "\r\n";
+
+std::string bytesOf(const Rope& text) {
     std::string bytes;
     bytes.reserve(text.size() + kEnd.size());
     text.visitPieces(Range(Offset(0), Offset(text.size())), [&bytes](std::string_view piece) {
@@ -16,7 +20,15 @@ bool writeScript(const QString& path, const Rope& text) {
         return true;
     });
     bytes += kEnd;
-    return Files::write(path, bytes);
+    return bytes;
+}
+
+}  // namespace
+
+bool writeScript(const QString& path, const Rope& text) try {
+    return Files::write(path, bytesOf(text));
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 }  // namespace brindlex

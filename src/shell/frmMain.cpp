@@ -61,7 +61,11 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
     setFirstSize();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // The parts go before the editor, which may still have a composed text to put in.
+    editor_->onChange = nullptr;
+    editor_->onSelChange = nullptr;
+}
 
 KELP_RTBSyntax* frmMain::makeEditor() {
     auto* editor = new KELP_RTBSyntax(inner_);
@@ -108,8 +112,8 @@ void frmMain::wireEditor() {
 
 void frmMain::wireDocument() {
     document_.onBackupDue = [this] { SaveBackup(); };
+    document_.onTextReplaced = [this] { undo_.clear(); };
     document_.onLoaded = [this] {
-        undo_.clear();
         if (!std::exchange(closeWanted_, false)) return;
         // Behind the command that has loaded, for until then the document is busy.
         QMetaObject::invokeMethod(
@@ -193,6 +197,7 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::Form_QueryUnload(bool& Cancel) {
+    editor_->rtb().commitComposition();
     Cancel =
         !document_.offerToSave("Do you want to save changes to " + document_.displayName() + '?',
                                QStringLiteral("Brindlex"));
@@ -266,7 +271,9 @@ void frmMain::timerAutoSave_Timer() {
 
 int frmMain::FormCount(const QString& frmName) const {
     const auto isNamed = [&frmName](const QWidget* form) {
-        return form->isWindow() && form->objectName().compare(frmName, Qt::CaseInsensitive) == 0;
+        const Qt::WindowType type = form->windowType();
+        return (type == Qt::Window || type == Qt::Dialog) &&
+               form->objectName().compare(frmName, Qt::CaseInsensitive) == 0;
     };
     const auto forms = findChildren<QWidget*>();
     return int(std::count_if(forms.begin(), forms.end(), isNamed)) + (isNamed(this) ? 1 : 0);

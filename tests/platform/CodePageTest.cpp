@@ -68,6 +68,7 @@ TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
         {1252, "x\U0001F600y", "x?y"},
         {1252, "cafe\u0301 z\u0302", "caf\xE9 z"},  // accents of their own
         {1252, "\u0301", "?"},
+        {1252, "\u0661\u06F9", "19"},
         {1258, "\u1EBF", "\xEA\xEC"},  // the page holds the accent alone
         {1253, "Ò", "O"},              // an undefined byte is no letter
     };

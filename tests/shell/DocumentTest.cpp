@@ -236,6 +236,10 @@ TEST_F(DocumentTest, CommandLinesAreOnePathLessItsQuotes) {
     start(path + ' ' + path);
     EXPECT_EQ(editor().Text(), "");
     EXPECT_EQ(title(), "two words.script - Brindlex");
+    type("x");
+    desktop.expectFile(saveDialog(), folder.path("scripts/other.script"));
+    trigger("funSave");
+    EXPECT_EQ(folder.get("scripts/other.script"), "x\r\n") << "there is no such folder";
 }
 
 TEST_F(DocumentTest, InsertsNeedAName) {

@@ -110,7 +110,17 @@ TEST_F(LoadOrderTest, WhatComesInAYieldWaitsOrDoesNothing) {
 
 TEST_F(LoadOrderTest, AnEditInTheLastYieldIsUnsaved) {
     start();
-    openNext(desktop, [this] { inAYield([this] { inAYield([this] { type("late "); }); }); });
+    type("early");
+    type("er");
+    desktop.expectBox(saveQuestion("Do you want to save Untitled"), BoxAnswer::No);
+    openNext(desktop, [this] {
+        inAYield([this] {
+            inAYield([this] {
+                window().Undo();
+                type("late ");
+            });
+        });
+    });
     EXPECT_EQ(editor().Text(), "late a\r\nb");
     EXPECT_TRUE(document().Dirty());
     EXPECT_EQ(title(), "next.script - Brindlex*");

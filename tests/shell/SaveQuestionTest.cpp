@@ -1,4 +1,5 @@
 #include <QCloseEvent>
+#include <QInputMethodEvent>
 
 #include "ShellTest.h"
 
@@ -120,6 +121,22 @@ TEST_F(ShellTest, ClosingAgainWhileTheQuestionIsOpenAsksNothing) {
     window().close();
     EXPECT_EQ(ends, 0);
     EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(ShellTest, AComposedTextBelongsToTheDocumentThatACommandFinds) {
+    startNamed();
+    const auto compose = [this] {
+        QInputMethodEvent event(QStringLiteral("new"), {});
+        QCoreApplication::sendEvent(&editor().rtb(), &event);
+    };
+    compose();
+    trigger("funSave");
+    EXPECT_EQ(folder.get(kOwn), "newspawn\r\n\r\n");
+    compose();
+    desktop.expectBox(saveQuestion("Do you want to save changes to battery.script?", "Brindlex"),
+                      BoxAnswer::Cancel);
+    window().close();
+    EXPECT_EQ(editor().Text(), "newnewspawn\r\n");
 }
 
 TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
