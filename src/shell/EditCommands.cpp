@@ -11,7 +11,7 @@ EditCommands::EditCommands(KELP_RTBSyntax& editor, Desktop& desktop)
 
 void EditCommands::funCut_Click() {
     funCopy_Click();
-    editor_.SetSelText({});
+    replaceSelection({});
 }
 
 void EditCommands::funCopy_Click() {
@@ -22,16 +22,22 @@ void EditCommands::funCopy_Click() {
 }
 
 void EditCommands::funPaste_Click() {
-    editor_.SetSelText(CodePage::system().fromUnicode(desktop_.clipboardText()));
+    replaceSelection(CodePage::system().fromUnicode(desktop_.clipboardText()));
 }
 
 void EditCommands::funDelete_Click() {
-    editor_.SetSelText({});
+    replaceSelection({});
 }
 
 void EditCommands::funSelectAll_Click() {
     editor_.SetSelStart(0);
     editor_.SetSelLength(static_cast<Long>(editor_.rtb().box().length()));
+}
+
+/// Shows the caret also where the edit has left it in its place, out of sight.
+void EditCommands::replaceSelection(std::string_view text) {
+    editor_.SetSelText(text);
+    editor_.rtb().ensureCaretVisible();
 }
 
 void EditCommands::insert(const QString& text) {

@@ -23,6 +23,8 @@ class EditCommands {
     void insert(const QString& text);
 
   private:
+    void replaceSelection(std::string_view text);
+
     KELP_RTBSyntax& editor_;
     Desktop& desktop_;
 };

@@ -79,9 +79,6 @@ void MainLayout::arrange(SidePanel panel) {
 }
 
 void MainLayout::growWithFont() {
-    const double toolBar = std::max(kToolBarHeight, lineHeight(picToolBar_.widget, 4));
-    picToolBar_.twips.setHeight(toolBar);
-    editor_.twips.moveTop(kEditorTop + toolBar - kToolBarHeight);
     SB1_.twips.setHeight(std::max(kStatusHeight, lineHeight(SB1_.widget, 2)));
     const double strip = std::max(kStripHeight, 2 * kStripInset + lineHeight(txtError_.widget, 10));
     // The list fills the strip, less what it is smaller by from the start.

@@ -1,5 +1,6 @@
 #include "shell/ToolBar.h"
 
+#include <QApplication>
 #include <QCursor>
 
 #include "platform/Twips.h"
@@ -70,6 +71,7 @@ void ToolBar::startTimer1() {
 
 void ToolBar::Timer1_Timer() {
     if (!isVisible() || window()->isMinimized()) return;
+    if (QApplication::activePopupWidget()) endPresses();
     const Seen now{QCursor::pos(), mapToGlobal(QPoint())};
     if (seen_ == now) return;
     seen_ = now;
@@ -78,6 +80,11 @@ void ToolBar::Timer1_Timer() {
         const bool hot = isOn(now.pointer, now.origin + button->pos(), button->size());
         button->load(hot ? ToolBarButton::Hot : ToolBarButton::Normal);
     }
+}
+
+/// Where a menu is open, the release goes to that and never comes here.
+void ToolBar::endPresses() {
+    for (ToolBarButton* button : buttons_) button->release();
 }
 
 bool ToolBar::ToolbarDown(int index) const {

@@ -55,6 +55,7 @@ class ToolBar : public QWidget {
         bool operator==(const Seen&) const = default;
     };
     void makeButton(int index, const QString& programFolder, const ToolBarCommands& commands);
+    void endPresses();
     void pressChanged(int index);
     void place(int index);
 

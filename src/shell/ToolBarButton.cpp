@@ -35,14 +35,15 @@ bool ToolBarButton::event(QEvent* event) {
     return QAbstractButton::event(event);
 }
 
-void ToolBarButton::mousePressEvent(QMouseEvent*) {
+void ToolBarButton::mousePressEvent(QMouseEvent* event) {
     if (isDown()) return;
+    heldBy_ = event->button();
     setDown(true);
     Q_EMIT pressed();
 }
 
 void ToolBarButton::mouseReleaseEvent(QMouseEvent* event) {
-    if (!isDown()) return;
+    if (!isDown() || event->button() != heldBy_) return;
     // A press at the edge is no longer over the button once that has moved away under it.
     const QPoint pointer = mapToParent(event->position().toPoint());
     release();

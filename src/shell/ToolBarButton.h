@@ -8,7 +8,7 @@
 
 namespace brindlex {
 
-/// A picture button of the toolbar. It is down from a press of any mouse button to the release,
+/// A picture button of the toolbar. It is down from a press of any mouse button to its release,
 /// wherever that comes, and emits `pressed` and `released` then; it is clicked, afterwards, by a
 /// release of the left one over it. It takes no focus.
 class ToolBarButton : public QAbstractButton {
@@ -21,6 +21,8 @@ class ToolBarButton : public QAbstractButton {
     /// Shows that picture, or its tool tip's first letter where there is none to show. Before the
     /// first call the button is empty.
     void load(Picture picture);
+    /// Ends a press without a click; nothing when there is none.
+    void release();
 
   protected:
     bool event(QEvent* event) override;
@@ -29,11 +31,11 @@ class ToolBarButton : public QAbstractButton {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void release();
     void paintLetter(QPainter& painter) const;
 
     std::array<ToolBarPicture, 2> pictures_;
     std::optional<Picture> loaded_;
+    Qt::MouseButton heldBy_ = Qt::NoButton;
 };
 
 }  // namespace brindlex

@@ -264,7 +264,8 @@ void frmMain::KELP_RTBSyntax1_SelChange() {
 }
 
 void frmMain::timerAutoSave_Timer() {
-    if (backup_.tick()) SaveBackup();
+    // In a load the text and the map's name do not belong together yet; its end makes a backup.
+    if (backup_.tick() && !document_.loading()) SaveBackup();
 }
 
 // --- Commands ------------------------------------------------------------------------------------

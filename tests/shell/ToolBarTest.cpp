@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QCursor>
 #include <QImage>
+#include <QMenu>
 #include <QTest>
 #include <filesystem>
 
@@ -132,6 +133,11 @@ TEST_F(ToolBarTest, APressThatIsLostLeavesNothingBehind) {
         QTest::mouseRelease(&button("tbSAVE"), Qt::LeftButton, {}, {12, 12});
         EXPECT_EQ(ran, "");
     }
+    QMenu menu;
+    QTest::mousePress(&button("tbSAVE"), Qt::LeftButton, {}, {12, 12});
+    menu.popup(QPoint());
+    toolBar->Timer1_Timer();
+    EXPECT_FALSE(toolBar->ToolbarDown(2));
 }
 
 TEST_F(ToolBarTest, TheButtonsUnderThePointerAreHot) {
