@@ -25,10 +25,8 @@ struct FormatRun {
 struct RunTraits {
     /// A run in eight bytes: up to 64 Gi units of one of 256 Mi formats.
     struct Item {
-        static constexpr int kLengthBits = 36;
-        static constexpr int kFormatBits = 64 - kLengthBits;
-        std::uint64_t length : kLengthBits;
-        std::uint64_t format : kFormatBits;
+        std::uint64_t length : 36;
+        std::uint64_t format : 28;
     };
     static_assert(sizeof(Item) == sizeof(std::uint64_t));
 
@@ -63,6 +61,8 @@ struct RunTraits {
 /// at, replace and visit are O(log r) plus the runs that come, go or are visited.
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 class BasicRunList {
+    using Run = RunTraits::Item;
+
   public:
     /// The run that holds a unit: where it begins and ends, and its format.
     struct Place {
@@ -70,6 +70,30 @@ class BasicRunList {
         std::size_t end;
         FormatId format;
         bool operator==(const Place&) const = default;
+    };
+
+    /// What will stand in the place of [begin, end), taken run by run and joined as it comes. The
+    /// list changes when it is committed and must not change before.
+    class Replacement {
+      public:
+        /// `runs` tells how many runs to make room for.
+        Replacement(BasicRunList& list, std::size_t begin, std::size_t end, std::size_t runs);
+        /// Runs of length 0 are skipped.
+        void append(std::size_t length, FormatId format) {
+            if (length == 0) return;
+            if (runs_.empty() || runs_.back().format != format) runs_.emplace_back().format = format;
+            runs_.back().length += length;
+            assert(runs_.back().length >= length && runs_.back().format == format);
+        }
+        void commit();
+
+      private:
+        BasicRunList& list_;
+        // Whole runs are replaced: the ones that hold the units on both sides go too, and come back
+        // as far as they stay.
+        std::size_t from_;
+        std::size_t end_;
+        std::vector<Run> runs_;
     };
 
     std::size_t length() const { return tree_.summary().length; }
@@ -88,24 +112,7 @@ class BasicRunList {
     void checkInvariants() const;
 
   private:
-    using Run = RunTraits::Item;
-    using Tree = SumTree<RunTraits, kChunkRuns, kFanOut>;
-
-    /// A list of runs in the making: joins what comes.
-    class Joined {
-      public:
-        explicit Joined(std::size_t runs) { runs_.reserve(runs); }
-        void append(std::size_t length, FormatId format);
-        std::span<const Run> runs() const { return runs_; }
-
-      private:
-        std::vector<Run> runs_;
-    };
-
-    template <typename AppendRuns>
-    void replaceWith(std::size_t begin, std::size_t end, std::size_t runs, AppendRuns appendRuns);
-
-    Tree tree_;
+    SumTree<RunTraits, kChunkRuns, kFanOut> tree_;
 };
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
@@ -121,58 +128,43 @@ auto BasicRunList<kChunkRuns, kFanOut>::at(std::size_t unit) const -> Place {
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
+BasicRunList<kChunkRuns, kFanOut>::Replacement::Replacement(BasicRunList& list, std::size_t begin,
+                                                            std::size_t end, std::size_t runs)
+    : list_(list), from_(begin), end_(end) {
+    assert(begin <= end && end <= list.length());
+    runs_.reserve(runs + 2);
+    if (begin > 0) {
+        const Place left = list.at(begin - 1);
+        from_ = left.begin;
+        append(begin - from_, left.format);
+    }
+}
+
+template <std::size_t kChunkRuns, std::size_t kFanOut>
+void BasicRunList<kChunkRuns, kFanOut>::Replacement::commit() {
+    std::size_t to = end_;
+    if (end_ < list_.length()) {
+        const Place right = list_.at(end_);
+        to = right.end;
+        append(to - end_, right.format);
+    }
+    list_.tree_.replace(from_, to, runs_);
+}
+
+template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::size_t count, FormatId format) {
-    replaceWith(begin, end, 1, [&](Joined& joined) { joined.append(count, format); });
+    Replacement replacement(*this, begin, end, 1);
+    replacement.append(count, format);
+    replacement.commit();
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::span<const FormatRun> runs) {
-    replaceWith(begin, end, runs.size(), [&](Joined& joined) {
-        for (const FormatRun& run : runs) {
-            joined.append(run.length, run.format);
-        }
-    });
-}
-
-/// Replaces whole runs: the ones that hold the units on both sides of [begin, end) go too, and come
-/// back as far as they stay, joined with what `appendRuns` puts between them.
-template <std::size_t kChunkRuns, std::size_t kFanOut>
-template <typename AppendRuns>
-void BasicRunList<kChunkRuns, kFanOut>::replaceWith(std::size_t begin, std::size_t end,
-                                                    std::size_t runs, AppendRuns appendRuns) {
-    assert(begin <= end && end <= length());
-    Joined joined(runs + 2);
-    std::size_t from = begin;
-    std::size_t to = end;
-    if (begin > 0) {
-        const Place left = at(begin - 1);
-        from = left.begin;
-        joined.append(begin - from, left.format);
-    }
-    appendRuns(joined);
-    if (end < length()) {
-        const Place right = at(end);
-        to = right.end;
-        joined.append(to - end, right.format);
-    }
-    tree_.replace(from, to, joined.runs());
-}
-
-template <std::size_t kChunkRuns, std::size_t kFanOut>
-void BasicRunList<kChunkRuns, kFanOut>::Joined::append(std::size_t length, FormatId format) {
-    assert(format >> Run::kFormatBits == 0);
-    if (length == 0) {
-        return;
-    }
-    if (!runs_.empty() && runs_.back().format == format) {
-        length += runs_.back().length;
-        runs_.pop_back();
-    }
-    assert(length >> Run::kLengthBits == 0);
-    runs_.push_back({length & ((std::uint64_t{1} << Run::kLengthBits) - 1),
-                     format & ((std::uint64_t{1} << Run::kFormatBits) - 1)});
+    Replacement replacement(*this, begin, end, runs.size());
+    for (const FormatRun& run : runs) replacement.append(run.length, run.format);
+    replacement.commit();
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
