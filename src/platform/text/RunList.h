@@ -25,6 +25,8 @@ struct FormatRun {
 struct RunTraits {
     /// A run in eight bytes: up to 64 Gi units of one of 256 Mi formats.
     struct Item {
+        Item() = default;
+        Item(std::uint64_t units, FormatId id) : length(units), format(id) {}
         std::uint64_t length : 36;
         std::uint64_t format : 28;
     };
@@ -81,8 +83,10 @@ class BasicRunList {
         /// Runs of length 0 are skipped.
         void append(std::size_t length, FormatId format) {
             if (length == 0) return;
-            if (runs_.empty() || runs_.back().format != format) runs_.emplace_back().format = format;
-            runs_.back().length += length;
+            if (!runs_.empty() && runs_.back().format == format)
+                runs_.back().length += length;
+            else
+                runs_.emplace_back(length, format);
             assert(runs_.back().length >= length && runs_.back().format == format);
         }
         void commit();
