@@ -53,27 +53,6 @@ class ColoredIds {
     std::size_t used_ = 0;
 };
 
-/// Hands out colour runs in parts of any length.
-class ColorCursor {
-  public:
-    explicit ColorCursor(std::span<const ColorRun> runs) : runs_(runs) {}
-
-    /// At most `most` bytes of one colour, at least one: there must be some left, and `most` > 0.
-    ColorRun take(std::size_t most) {
-        while (rest_.length == 0) {
-            rest_ = runs_.front();
-            runs_ = runs_.subspan(1);
-        }
-        const auto length = static_cast<std::uint32_t>(std::min<std::size_t>(most, rest_.length));
-        rest_.length -= length;
-        return {length, rest_.color};
-    }
-
-  private:
-    std::span<const ColorRun> runs_;
-    ColorRun rest_{};  // of the run in front of runs_
-};
-
 std::size_t totalLength(std::span<const ColorRun> runs) {
     return std::accumulate(runs.begin(), runs.end(), std::size_t{0},
                            [](std::size_t sum, const ColorRun& run) { return sum + run.length; });
@@ -86,19 +65,25 @@ UnitRange applyColors(FormatRuns<CharFormat>& formats, std::size_t begin,
     begin = std::min(begin, formats.length());
     const UnitRange units{begin, begin + std::min(totalLength(runs), formats.length() - begin)};
     ColoredIds ids(formats);
-    ColorCursor colors(runs);
     RunList::Replacement colored = formats.replacement(units, runs.size());
     UnitRange changed;
-    formats.visit(units, [&](std::size_t at, std::size_t end, FormatId before) {
-        while (at < end) {
-            const ColorRun part = colors.take(end - at);
-            const FormatId after = ids.idOf(before, part.color);
-            colored.append(part.length, after);
-            if (after != before) changed = {changed.empty() ? at : changed.begin, at + part.length};
-            at += part.length;
+    std::size_t at = units.begin;
+    ColorRun color{};  // what is left of the one in front of `runs`
+    for (FormatRun before : formats.runs(units)) {
+        while (before.length > 0) {
+            if (color.length == 0) {
+                color = runs.front();
+                runs = runs.subspan(1);
+            }
+            const std::uint32_t length = std::min(before.length, color.length);
+            const FormatId after = ids.idOf(before.format, color.color);
+            colored.append(length, after);
+            if (after != before.format) changed = {changed.empty() ? at : changed.begin, at + length};
+            at += length;
+            before.length -= length;
+            color.length -= length;
         }
-        return true;
-    });
+    }
     if (!changed.empty()) colored.commit();
     return changed;
 }
