@@ -19,11 +19,15 @@ struct LastingFlag {
 struct Minutes {
     int AppState::*field;
 };
+/// A size of letters, 1 or more.
+struct Points {
+    int AppState::*field;
+};
 struct Color {
     std::size_t index;
 };
 using Field = std::variant<int AppState::*, bool AppState::*, QString AppState::*, LastingFlag,
-                           Minutes, Color>;
+                           Minutes, Points, Color>;
 
 struct Setting {
     const char* key;
@@ -47,7 +51,7 @@ const Setting kSettings[] = {
     {"Color3", nullptr, Color{3}},
     {"Color4", nullptr, Color{4}},
     {"FontName", "Courier New", &AppState::FontName},
-    {"FontSize", "10", &AppState::FontSize},
+    {"FontSize", "10", Points{&AppState::FontSize}},
     {"FontBold", "0", LastingFlag{&AppState::FontBold}},
     {"FontItalic", "0", &AppState::FontItalic},
     {"FontUnderline", "0", &AppState::FontUnderline},
@@ -100,6 +104,10 @@ struct Taker {
         state.*minutes.field = leadingNumber(text);
         return true;
     }
+    bool operator()(Points points) const {
+        const bool isSize = wholeNumber(text).value_or(0) >= 1;
+        return isSize && (*this)(points.field);
+    }
     bool operator()(Color color) const {
         bool isColor = false;
         text.toInt(&isColor);
@@ -116,6 +124,7 @@ struct TextOf {
     QString operator()(QString AppState::*field) const { return state.*field; }
     QString operator()(LastingFlag flag) const { return QString::number(state.*flag.field); }
     QString operator()(Minutes minutes) const { return QString::number(state.*minutes.field); }
+    QString operator()(Points points) const { return QString::number(state.*points.field); }
     QString operator()(Color color) const { return state.ColorValues[color.index]; }
 };
 

@@ -4,6 +4,7 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/LineColorizer.h"
+#include "editor/RedrawPause.h"
 
 namespace brindlex {
 namespace {
@@ -20,22 +21,6 @@ class FlagHold {
 
   private:
     bool& flag_;
-};
-
-/// Stops repainting for as long as it lives. When the outermost one ends, the event loop repaints
-/// what changed: to do it here would lay out the screen for each edit of a Replace All.
-class RedrawPause {
-  public:
-    explicit RedrawPause(RichTextView& view) : view_(view), redraw_(view.redraw()) {
-        view_.setRedraw(false);
-    }
-    ~RedrawPause() { view_.setRedraw(redraw_); }
-    RedrawPause(const RedrawPause&) = delete;
-    RedrawPause& operator=(const RedrawPause&) = delete;
-
-  private:
-    RichTextView& view_;
-    bool redraw_;
 };
 
 /// The start of the line of the last character before `from`: a caret at column 0 takes the line

@@ -148,6 +148,37 @@ class KELP_RTBSyntax : public RichTextHost {
     /// The offset of a 0-based line's first character, minus 1; -2 for a line that does not exist.
     Long GetCharNr(Long lngLineNumber) const;
 
+    // --- Blocks ----------------------------------------------------------------------------------
+    // Each edit goes through the selection and raises its events; lines are looked up again after
+    // it, so that a handler may edit. An operation ends quietly at a line that a handler took away.
+    // Nothing is painted in between. A cost of O(log n) for each line beside that of its edits.
+    //
+    // MultiTab and BackTab work on the lines of the selected characters: a selection that ends at
+    // the start of a line leaves that line out. CommentBlock and UnCommentBlock take it in.
+
+    /// On Enter (13), unless the caret is at 0: a line break and the indent of the caret's line in
+    /// place of the selection. A caret at column 0 takes the indent of the line above; within an
+    /// indent, the blank or tab behind the caret counts too. The key stays for the caller to
+    /// consume.
+    void AutoIndent(int intKeyCode);
+    /// On "{" (123), unless the caret is at 0: braces, an empty line between them that is a tab
+    /// deeper than the tabs in front of the selection, and the caret at its end. Nothing is
+    /// replaced. The key stays for the caller to consume.
+    void BlockIndent(int intKeyCode);
+    /// A tab at the start of each line, and whole lines selected; within one line a tab in place of
+    /// the selection.
+    void MultiTab();
+    /// Takes a tab or blank from the start of each line and leaves whole lines selected if the last
+    /// one lost its own; else the caret is at the start of the last line. A single line comes back
+    /// selected with the CR of its break, when there is one and the caret was not at column 0. Does
+    /// nothing with the caret at 0 and nothing selected.
+    void BackTab();
+    /// "//" in front of each line. The selection keeps its start and grows by the marks.
+    void CommentBlock();
+    /// Takes "//" from each line that begins with it, blanks and tabs aside. The caret goes to
+    /// where the selection began.
+    void UnCommentBlock();
+
     // --- Stored properties ----------------------------------------------------------------------
     /// Gives the control's own fields, not the view's, their first values.
     void InitProperties();

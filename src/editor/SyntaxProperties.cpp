@@ -1,5 +1,6 @@
 // The stored properties of KELP_RTBSyntax: keys, order and defaults.
 
+#include <algorithm>
 #include <vector>
 
 #include "editor/KELP_RTBSyntax.h"
@@ -62,6 +63,15 @@ StoredProperty backColor() {
         }};
 }
 
+/// A negative one, which the box would refuse, means no limit.
+StoredProperty maxLength() {
+    return {"MaxLength", qlonglong{0},
+            [](const Control& control) -> QVariant { return qlonglong{control.MaxLength()}; },
+            [](Control& control, const QVariant& value) {
+                control.SetMaxLength(std::max(value.toLongLong(), qlonglong{0}));
+            }};
+}
+
 StoredProperty mouseIcon() {
     return {"MouseIcon", QVariant(),
             [](const Control& control) {
@@ -93,7 +103,7 @@ const StoredProperties& viewProperties() {
         plain<QString, &C::filename, &C::SetFilename>("FileName", QString()),
         flag<&C::HideSelection, &C::SetHideSelection>("HideSelection", true),
         flag<&C::Locked, &C::SetLocked>("Locked", false),
-        number<&C::MaxLength, &C::SetMaxLength>("MaxLength", 0),
+        maxLength(),
         number<&C::MousePointer, &C::SetMousePointer>("MousePointer", 0),
         length<&C::RightMargin, &C::SetRightMargin>("RightMargin", 0),
         {"Text", QString(),

@@ -87,9 +87,11 @@ void TextInput::selectionChanged() {
     actions_.forgetColumn();
     inputMethod_.changed();
     accessible_.selectionChanged();
-    // what code selects is not the user's choice, but for Select All of the menu
+    // what code selects is not the user's choice, but for Select All of the menu; an operation with
+    // redraw off may select all at each of its steps
     const RichTextBox& box = view_.box();
-    if (view_.hasFocus() && box.selection().length() == box.length()) offerPrimarySelection(view_);
+    if (!view_.hasFocus() || !view_.redraw()) return;
+    if (box.selection().length() == box.length()) offerPrimarySelection(view_);
 }
 
 bool TextInput::timer(int timerId) {

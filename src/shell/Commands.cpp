@@ -68,8 +68,8 @@ constexpr Entry kEntries[] = {
     {"funTools", "funCount", "C&ount { }", "", nullptr},
     {"funTools", "funAccum", "&Accum count", "", nullptr},
     separatorIn("funTools"),
-    {"funTools", "funComBlock", "&Comment block", "Ctrl+J", nullptr},
-    {"funTools", "funUnComBlock", "&Uncomment block", "Ctrl+K", nullptr},
+    {"funTools", "funComBlock", "&Comment block", "Ctrl+J", &frmMain::funComBlock_Click},
+    {"funTools", "funUnComBlock", "&Uncomment block", "Ctrl+K", &frmMain::funUnComBlock_Click},
     separatorIn("funTools"),
     {"funTools", "funEditScriptRef", "&Edit Scripting Reference", "", nullptr},
 

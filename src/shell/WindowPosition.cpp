@@ -59,10 +59,15 @@ QScreen* screenOf(const QWidget& window) {
     return window.screen() ? window.screen() : QGuiApplication::primaryScreen();
 }
 
-bool isOnSomeScreen(const QRect& frame) {
+/// Whether enough of the title shows to drag the window by it.
+bool canBeDragged(const QRect& frame) {
+    constexpr int kHandle = 16;
+    const QRect title(frame.topLeft(), QSize(frame.width(), kHandle));
+    const QSize least = QSize(kHandle, kHandle / 2).boundedTo(title.size());
     const auto screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [&frame](const QScreen* screen) {
-        return screen->geometry().intersects(frame);
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+        const QSize shown = screen->geometry().intersected(title).size();
+        return shown.expandedTo(least) == shown;
     });
 }
 
@@ -94,7 +99,7 @@ void WindowPosition::restore() {
     // A window may be larger than the screens, but only so far that it can still be painted.
     frame.setSize(frame.size().boundedTo(2 * screenOf(window_)->virtualSize()));
     // A screen that is gone must not take the window with it.
-    if (!isOnSomeScreen(frame)) frame.moveTopLeft(window_.pos());
+    if (!canBeDragged(frame)) frame.moveTopLeft(window_.pos());
     setFrame(frame);
     restoreState(saved.value("FormPos_State"));
 }

@@ -21,13 +21,6 @@
 namespace brindlex {
 namespace {
 
-QWidget* makeToolBar(QWidget* parent) {
-    auto* strip = new QWidget(parent);
-    strip->setObjectName(QStringLiteral("picToolBar"));
-    strip->setAccessibleName(QStringLiteral("Toolbar"));
-    return strip;
-}
-
 QListWidget* makeCompletionList(QWidget* parent) {
     auto* list = new QListWidget(parent);
     list->setObjectName(QStringLiteral("List4"));
@@ -47,7 +40,7 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
       commands_(*this, *menuBar_),
       editor_(makeEditor()),
       sidePanels_(commands_.entry("funShowCmd"), commands_.entry("funScriptTar"), inner_),
-      picToolBar_(makeToolBar(inner_)),
+      picToolBar_(makeToolBar()),
       errorLine_(surroundings.desktop, *this, inner_),
       statusPanes_(inner_),
       List4_(makeCompletionList(inner_)),
@@ -75,6 +68,20 @@ KELP_RTBSyntax* frmMain::makeEditor() {
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
     applyMainWindowSettings(*editor);
     return editor;
+}
+
+ToolBar* frmMain::makeToolBar() {
+    const ToolBarCommands commands{.funNew_Click = [this] { funNew_Click(); },
+                                   .funOpen_Click = [this] { funOpen_Click(); },
+                                   .funSave_Click = [this] { funSave_Click(); },
+                                   .funCut_Click = [this] { funCut_Click(); },
+                                   .funCopy_Click = [this] { funCopy_Click(); },
+                                   .funPaste_Click = [this] { funPaste_Click(); },
+                                   .funSearch_Click = {},
+                                   .funComBlock_Click = [this] { funComBlock_Click(); },
+                                   .funUnComBlock_Click = [this] { funUnComBlock_Click(); },
+                                   .funCount_Click = {}};
+    return new ToolBar(surroundings_.programFolder, commands, inner_);
 }
 
 MainLayout::Controls frmMain::controls() {
@@ -147,6 +154,7 @@ void frmMain::Form_Load() {
     makeOptions();
     editor_->SetFont(editorFont(state_));
     InitSyntaxEditor();
+    picToolBar_->startTimer1();
     document_.initDialogs();
     editor_->SetSelIndent(3);
     showPanelOfSettings();

@@ -14,6 +14,7 @@
 #include "shell/MainLayout.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
+#include "shell/ToolBar.h"
 #include "shell/UndoHistory.h"
 #include "shell/WindowPosition.h"
 
@@ -79,6 +80,9 @@ class frmMain : public QWidget {
     void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
     void funInsMap_Click();
     void funInsTD_Click();
+    // --- Menu Tools ----------------------------------------------------------------------------
+    void funComBlock_Click() { editor_->CommentBlock(); }
+    void funUnComBlock_Click() { editor_->UnCommentBlock(); }
     // --- Menu View -----------------------------------------------------------------------------
     void funFull_Click() { position_.funFull_Click(); }
     void funDefault_Click() { position_.funDefault_Click(); }
@@ -98,6 +102,7 @@ class frmMain : public QWidget {
     void timerAutoSave_Timer();
 
     KELP_RTBSyntax* makeEditor();
+    ToolBar* makeToolBar();
     MainLayout::Controls controls();
     void wireEditor();
     void wireDocument();
@@ -118,7 +123,7 @@ class frmMain : public QWidget {
     Commands commands_;
     KELP_RTBSyntax* editor_;
     SidePanels sidePanels_;
-    QWidget* picToolBar_;
+    ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
     QListWidget* List4_;

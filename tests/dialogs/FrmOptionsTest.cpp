@@ -139,13 +139,18 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
         int expected;
     };
     const auto minutes = [](const AppState& s) { return s.AutoBackupMins; };
+    const auto size = [](const AppState& s) { return s.FontSize; };
     const Case cases[] = {
         {"AutoBackupMins", "12x", minutes, 12},
         {"AutoBackupMins", " 2.9", minutes, 2},
         {"AutoBackupMins", "-1.5", minutes, -2},
         {"AutoBackupMins", ".", minutes, 0},
         {"AutoBackupMins", "999999", minutes, 32767},
-        {"FontSize", "9.75", [](const AppState& s) { return s.FontSize; }, 10},
+        {"FontSize", "9.75", size, 10},
+        {"FontSize", "1", size, 1},
+        // Nobody can read letters of no size.
+        {"FontSize", "0", size, 10},
+        {"FontSize", "-12", size, 10},
         {"ShowTreeView", "-1", [](const AppState& s) { return s.ShowTreeView; }, -1},
         // Any number but 0 and 1 leaves a typing aid's flag as it was, and others off.
         {"AutoIndent", "7", [](const AppState& s) { return int(s.AutoIndentEnabled); }, 1},

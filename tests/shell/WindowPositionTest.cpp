@@ -1,6 +1,8 @@
 #include "shell/WindowPosition.h"
 
+#include <QGuiApplication>
 #include <QScreen>
+#include <utility>
 
 #include "ShellTest.h"
 #include "platform/Twips.h"
@@ -73,6 +75,27 @@ TEST_F(WindowPositionTest, KeysThatMakeNoSenseAreLeftOut) {
     EXPECT_GT(frame().width(), 100);
     EXPECT_LE(frame().height(), 2 * window().screen()->geometry().height()) << "can be painted";
     EXPECT_TRUE(window().screen()->geometry().intersects(frame())) << "of a screen that is gone";
+}
+
+TEST_F(WindowPositionTest, AWindowWhoseTitleNoScreenShowsComesBackToOne) {
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    put("FormPos_Width", "9000");
+    put("FormPos_Height", "9000");
+    const std::pair<QPoint, bool> rows[] = {{{10, -40}, false},
+                                            {{-595, 10}, false},
+                                            {{screen.width() - 5, 10}, false},
+                                            {{10, -2}, true},
+                                            {{-500, 10}, true},
+                                            {{screen.width() - 50, 10}, true},
+                                            {{screen.width(), 5}, false}};
+    for (const auto& [place, stays] : rows) {
+        put("FormPos_Left", QString::number(Twips::fromPixels(place.x())));
+        put("FormPos_Top", QString::number(Twips::fromPixels(place.y())));
+        startShown();
+        // The headless platform shifts places left of it and above it by its frame.
+        const int moved = (frame().topLeft() - place).manhattanLength();
+        EXPECT_EQ(moved <= 2, stays) << place.x() << ' ' << place.y();
+    }
 }
 
 }  // namespace

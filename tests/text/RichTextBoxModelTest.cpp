@@ -58,7 +58,9 @@ class Model {
     void SetSelStart(Long start) { select(offset(start), offset(start)); }
     void SetSelLength(Long length) { select(Offset(begin()), offset(length) + begin()); }
     void select(Offset anchorOffset, Offset caretOffset) {
-        if (moveTo(cut(anchorOffset), cut(caretOffset))) tellSelection();
+        if (!moveTo(cut(anchorOffset), cut(caretOffset))) return;
+        log_.selectionChanged();
+        if (onSelChange) onSelChange();
     }
     void SetSelText(const std::string& incoming) {
         const auto [from, to] = whole(begin(), end());
@@ -69,6 +71,7 @@ class Model {
     bool userReplace(Range range, const std::string& incoming) {
         const auto [from, to] = whole(cut(range.begin()), cut(range.end()));
         if (locked_ || isProtected(from, to)) return false;
+        if (!incoming.empty() && fitting(incoming, from, to).empty()) return false;
         if ((caret < from || caret > to) && !caretGoesTo(from)) return false;
         const std::string in = fitting(incoming, from, to);
         CharFormat format = inherited(from, to);
@@ -282,7 +285,9 @@ class Model {
             if (!in.empty()) next_.reset();
             log_.textChanged({{Offset(from), Offset(to)}, in.size(), gone, come, LineIndex(line)});
         }
-        if (moveTo(caretTo, caretTo)) tellSelection();
+        const bool moves = moveTo(caretTo, caretTo);
+        if (moves) log_.selectionChanged();
+        if ((moves || changes) && onSelChange) onSelChange();
         if (changes && onChange) onChange();
     }
     template <typename Value>
@@ -297,10 +302,6 @@ class Model {
         caret = newCaret;
         next_.reset();
         return true;
-    }
-    void tellSelection() {
-        log_.selectionChanged();
-        if (onSelChange) onSelChange();
     }
 
     Log& log_;

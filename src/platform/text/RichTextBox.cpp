@@ -80,6 +80,8 @@ void RichTextBox::select(Offset anchor, Offset caret) {
 
 bool RichTextBox::userReplace(Range range, std::string_view text) {
     const Range removed = wholePairs(rope_, clamped(range));
+    std::string storage;
+    if (maxLength_ > 0 && !text.empty() && fitting(removed, text, storage).empty()) return false;
     if (!userMayReplace(removed)) return false;
     const bool isAtCaret = removed.begin() <= caret_ && caret_ <= removed.end();
     if (!isAtCaret && !caretGoesTo(removed.begin())) return false;
@@ -145,10 +147,16 @@ std::size_t RichTextBox::roomWithout(Range removed) const {
     return most - std::min(most, rope_.size() - removed.length());
 }
 
+/// What may come in for `text` in the place of `removed`; `storage` holds it if it is another text.
+std::string_view RichTextBox::fitting(Range removed, std::string_view text,
+                                      std::string& storage) const {
+    return cutToRoom(withCrLf(text, storage), roomWithout(removed));
+}
+
 void RichTextBox::insert(Range removed, std::string_view text, FormatId format) {
     std::string storage;
-    const std::string_view fitting = cutToRoom(withCrLf(text, storage), roomWithout(removed));
-    edit(removed, {.text = fitting, .format = format}, removed.begin() + fitting.size());
+    const std::string_view inserted = fitting(removed, text, storage);
+    edit(removed, {.text = inserted, .format = format}, removed.begin() + inserted.size());
 }
 
 std::optional<FormatId> RichTextBox::chosenFormat(Range removed) const {
@@ -224,7 +232,7 @@ void RichTextBox::announce(const ChangeNotice& notice) {
         if (notice.edit) observer_->textChanged(*notice.edit);
         if (notice.selectionMoved) observer_->selectionChanged();
     }
-    if (notice.selectionMoved && onSelChange) onSelChange();
+    if ((notice.selectionMoved || notice.edit) && onSelChange) onSelChange();
     if (notice.edit && onChange) onChange();
 }
 

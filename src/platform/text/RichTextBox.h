@@ -54,10 +54,11 @@ enum FindOption : Long { FindWholeWord = 2, FindMatchCase = 4, FindNoHighlight =
 /// that of the character behind it, and the default format where there is none. The lines that an
 /// edit makes or joins take the paragraph format of the first of them.
 ///
-/// Events: an edit first changes the text, then the observer hears of it, then `onSelChange` runs
-/// if caret or selection changed, then `onChange`. All of it happens before the call returns.
-/// Handlers may call back into the box, but not replace the handler that runs. An edit that removes
-/// and inserts nothing raises no Change; formats raise none either.
+/// Events: an edit first changes the text, then the observer hears of it, then `onSelChange` runs,
+/// also when the caret stays where it is, then `onChange`. A change of caret or selection alone
+/// runs `onSelChange`. All of it happens before the call returns. Handlers may call back into the
+/// box, but not replace the handler that runs. An edit that removes and inserts nothing raises no
+/// Change; formats raise none either.
 ///
 /// Errors: a negative offset or length throws std::out_of_range and changes nothing; nothing else
 /// throws. An offset past the end means the end.
@@ -107,8 +108,9 @@ class RichTextBox {
     /// Replaces a stretch on the user's behalf and puts the caret behind the new text. A caret that
     /// is elsewhere goes to the stretch first, with its own SelChange, so that handlers find each
     /// edit at the caret; a handler that changes the text then calls the replacement off. Refused
-    /// (false, nothing changed) when the box is locked, when a protected character would go, and
-    /// between two protected characters. Cut to what MaxLength leaves room for. The new text does
+    /// (false, nothing changed) when the box is locked, when a protected character would go,
+    /// between two protected characters, and when MaxLength leaves no room for any of the text. Cut
+    /// to what it leaves room for. The new text does
     /// not become protected by its neighbour, so that the user can correct it.
     bool userReplace(Range range, std::string_view text);
     /// As `userReplace`, but the moved text keeps its formats: the drop of a drag inside the box.
@@ -247,6 +249,7 @@ class RichTextBox {
     void announceFormats(Range range);
 
     /// Normalises and cuts `text`, then edits; the caret goes behind it. `removed` splits no pair.
+    std::string_view fitting(Range removed, std::string_view text, std::string& storage) const;
     void insert(Range removed, std::string_view text, FormatId format);
     enum class CaretPlace { Start, Behind };
     void insertFragment(Range removed, const RichTextFragment& fragment, CaretPlace place);

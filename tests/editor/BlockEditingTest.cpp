@@ -1,0 +1,207 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "editor/KELP_RTBSyntax.h"
+#include "editor/ScriptSyntax.h"
+#include "text/Random.h"
+
+namespace brindlex::test {
+namespace {
+
+using Editor = KELP_RTBSyntax;
+using Operation = std::function<void(Editor&)>;
+
+const Operation kEnter = [](Editor& editor) { editor.AutoIndent(13); };
+const Operation kBrace = [](Editor& editor) { editor.BlockIndent(123); };
+const Operation kOtherKeys = [](Editor& editor) {
+    editor.AutoIndent(123);
+    editor.BlockIndent(13);
+};
+const Operation kTab = &Editor::MultiTab;
+const Operation kBackTab = &Editor::BackTab;
+const Operation kComment = &Editor::CommentBlock;
+const Operation kUnComment = &Editor::UnCommentBlock;
+
+/// Puts in a text in which "<" and ">" stand at the ends of the selection, or "|" for the caret.
+void put(Editor& editor, std::string marked) {
+    const std::size_t start = marked.find_first_of("<|");
+    const bool isCaret = marked[start] == '|';
+    marked.erase(start, 1);
+    const std::size_t end = isCaret ? start : marked.find('>');
+    if (!isCaret) marked.erase(end, 1);
+    editor.SetText(marked);
+    editor.rtb().box().select(Offset(start), Offset(end));
+}
+
+/// The text with its selection in the same way.
+std::string marked(const Editor& editor) {
+    const Range selection = editor.rtb().box().selection();
+    std::string text = editor.Text();
+    if (selection.empty()) return text.insert(selection.begin().value(), "|");
+    return text.insert(selection.end().value(), ">").insert(selection.begin().value(), "<");
+}
+
+TEST(BlockEditing, TextAndSelection) {
+    const struct {
+        const char* name;
+        const Operation& operation;
+        std::string before, after;
+    } rows[] = {
+        {"Enter", kEnter, "\t\ta|", "\t\ta\r\n\t\t|"},
+        {"Enter", kEnter, "  a\r\n|\tb", "  a\r\n\r\n  |\tb"},
+        {"Enter", kEnter, "\t|\tb", "\t\r\n\t\t|\tb"},
+        {"Enter", kEnter, "a\r\n |", "a\r\n \r\n |"},
+        {"Enter", kEnter, " a<b\r\nc>d", " a\r\n |d"},
+        {"Enter", kEnter, "\ta\r|\n b", "\ta\r\n\t|\r\n b"},
+        {"Enter", kEnter, "<\ta>", "<\ta>"},
+        {"Brace", kBrace, "a\r\n\t|b", "a\r\n\t{\r\n\t\t|\r\n\t}b"},
+        {"Brace", kBrace, "\t\t|", "\t\t{\r\n\t\t\t|\r\n\t\t}"},
+        {"Brace", kBrace, "\t |", "\t {\r\n\t|\r\n}"},
+        {"Brace", kBrace, "\ta<bc>", "\ta{\r\n\t|\r\n}bc"},
+        {"Brace", kBrace, "|a", "|a"},
+        {"other keys", kOtherKeys, "\ta|", "\ta|"},
+        {"Tab", kTab, "a\r\nb<c\r\nd\r\n>e", "a\r\n<\tbc\r\n\td\r\n>e"},
+        {"Tab", kTab, "<a\r\n\r\nb>", "<\ta\r\n\t\r\n\tb>"},
+        {"Tab", kTab, "a\r\nb<c>d", "a\r\nb\t|d"},
+        {"Tab", kTab, "<a\r\n>b", "\t|b"},
+        {"Tab", kTab, "|a", "\t|a"},
+        {"BackTab", kBackTab, "\ta<\r\n  b>\r\nc", "<a\r\n b\r\n>c"},
+        {"BackTab", kBackTab, "<\ta\r\nb\r\n c>", "<a\r\nb\r\nc>"},
+        {"BackTab", kBackTab, "<\ta\r\n>\tb\r\n", "<a\r>\n\tb\r\n"},
+        {"BackTab", kBackTab, "<\ta\r\n\tb\r\nc>\r\n", "a\r\nb\r\n|c\r\n"},
+        {"BackTab", kBackTab, "|\ta\r\n", "|\ta\r\n"},
+        {"BackTab", kBackTab, "x\r\n|\ta\r\nb", "x\r\n|a\r\nb"},
+        {"BackTab", kBackTab, " a|\r\nb", "<a\r>\nb"},
+        {"BackTab", kBackTab, "x\r\n a|", "x\r\n|a"},
+        {"BackTab", kBackTab, "<\t>", "|"},
+        {"BackTab", kBackTab, "ab|c\r\n", "|abc\r\n"},
+        {"Comment", kComment, "a\r\n\tb|c", "a\r\n//<\tb>c"},
+        {"Comment", kComment, "<a\r\n>b\r\nc", "<//a\r\n//>b\r\nc"},
+        {"Comment", kComment, "|", "<//>"},
+        {"UnComment", kUnComment, "<  //a\r\nb // c\r\n\r\n\t////d>",
+         "|  a\r\nb // c\r\n\r\n\t//d"},
+        {"UnComment", kUnComment, "//a\r\n//b|", "//a\r\nb|"},
+        {"UnComment", kUnComment, "a\r\n<//\r\n>/", "a\r\n|\r\n/"},
+    };
+    Editor editor;
+    for (const auto& row : rows) {
+        put(editor, row.before);
+        row.operation(editor);
+        EXPECT_EQ(marked(editor), row.after)
+            << row.name << " on " << testing::PrintToString(row.before);
+    }
+}
+
+/// What holds whatever the text and the selection: line breaks and the lines outside the block
+/// stay, each Change is for a character or mark more or less, and the lines have the colours of
+/// their new texts.
+TEST(BlockEditing, EachLineIsAnEditOfItsOwn) {
+    const struct {
+        const Operation& operation;
+        std::size_t unselected;  // from the end of the selection back to its last line
+        Long growth;             // by each Change
+    } rules[] = {{kTab, 1, 1}, {kBackTab, 1, -1}, {kComment, 0, 2}, {kUnComment, 0, -2}};
+    for (const std::uint64_t seed : seeds(4)) {
+        Random random(seed);
+        Editor editor;
+        applyScriptSyntax(editor, {"5", "1", "2", "3", "4"});
+        const RichTextBox& box = editor.rtb().box();
+        for (int round = 0; round < 400; ++round) {
+            editor.onChange = nullptr;
+            const std::size_t longLine = random.oneIn(4) ? 700 : 0;
+            editor.SetText(random.text(random.below(60), "\t  //ab\n\n") +
+                           random.text(longLine, " \tset//") + random.text(5, "\n/b"));
+            const std::string text = editor.Text();
+            editor.rtb().box().select(Offset(random.below(text.size() + 1)),
+                                      Offset(random.below(text.size() + 1)));
+            const auto& rule = rules[random.below(std::size(rules))];
+            const Range selection = box.selection();
+            const LineIndex first = box.rope().lineOf(selection.begin());
+            const LineIndex last = box.rope().lineOf(
+                selection.empty() ? selection.end() : selection.end() - rule.unselected);
+            if (last <= first) continue;
+            const std::string above = text.substr(0, box.lineContent(first).begin().value());
+            const std::string below = text.substr(box.lineContent(last).end().value());
+            const Long lines = editor.GetLineCount();
+            const std::string before = marked(editor);
+            Long changes = 0;
+            editor.onChange = [&changes] { ++changes; };
+            rule.operation(editor);
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", " + testing::PrintToString(before) +
+                         " gives " + testing::PrintToString(marked(editor)));
+            const std::string after = editor.Text();
+            ASSERT_EQ(editor.GetLineCount(), lines);
+            ASSERT_TRUE(after.starts_with(above) && after.ends_with(below));
+            ASSERT_EQ(static_cast<Long>(after.size()),
+                      static_cast<Long>(text.size()) + changes * rule.growth);
+            ASSERT_TRUE(rule.growth < 0 || changes == static_cast<Long>(last - first) + 1);
+            const std::string coloured = editor.TextRTF();
+            editor.ReColorize();
+            ASSERT_EQ(coloured, editor.TextRTF());
+            if (&rule.operation != &kComment) continue;
+            editor.UnCommentBlock();
+            ASSERT_EQ(editor.Text(), text);
+        }
+    }
+}
+
+TEST(BlockEditing, HandlersMayTakeTheLinesAway) {
+    const Operation hosts[] = {
+        [](Editor& editor) { editor.SetText(""); },
+        [](Editor& editor) { editor.rtb().box().userReplace(Range(Offset(3), Offset(99)), ""); },
+        [](Editor& editor) { editor.rtb().box().userReplace(Range(Offset(0), Offset(9)), ""); },
+    };
+    for (const Operation& operation : {kEnter, kBrace, kTab, kBackTab, kComment, kUnComment}) {
+        for (const Operation& host : hosts) {
+            Editor editor;
+            put(editor, "\r\n\t<//a\r\n\t//b\r\n//c>");
+            bool within = false;
+            editor.onChange = [&] {
+                if (std::exchange(within, true)) return;
+                host(editor);
+                within = false;
+            };
+            EXPECT_NO_THROW(operation(editor));
+            EXPECT_TRUE(editor.rtb().redraw());
+            editor.rtb().box().checkInvariants();
+        }
+    }
+}
+
+/// Also when a handler lets the event loop run.
+TEST(BlockEditing, TheScreenFollowsOnceAtTheEnd) {
+    std::string text;
+    for (int line = 0; line < 300; ++line) text += " a\r\n";
+    Editor editor;
+    editor.resize(400, 300);
+    editor.show();
+    for (const Operation& operation : {kTab, kBackTab, kComment}) {
+        for (const bool everything : {false, true}) {
+            editor.onChange = nullptr;
+            editor.SetText(text);
+            editor.SetSelLength(everything ? 5000 : 800);
+            editor.LineScroll(-300);
+            QCoreApplication::processEvents();
+            const std::size_t layouts = editor.rtb().layoutsMade();
+            std::size_t changes = 0;
+            editor.onChange = [&] {
+                ++changes;
+                QCoreApplication::processEvents();
+                EXPECT_EQ(editor.rtb().layoutsMade(), layouts);
+            };
+            operation(editor);
+            QCoreApplication::processEvents();
+            EXPECT_GE(changes, 200U);
+            EXPECT_GT(editor.rtb().layoutsMade(), layouts);
+            const std::size_t top = editor.rtb().firstVisibleLine().value();
+            EXPECT_EQ(top > 100, !everything) << top;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace brindlex::test
