@@ -10,10 +10,10 @@
 namespace brindlex {
 namespace {
 
-/// Room for the colours of ordinary scripts, in which a stretch of one colour takes six bytes or
+/// Room for the colours of ordinary scripts, in which a stretch of one colour takes five bytes or
 /// more.
 std::size_t expectedRuns(Range lines) {
-    return lines.length() / 6 + 16;
+    return lines.length() / 5 + 16;
 }
 
 /// Cuts lines into words, strings, comments and blanks and gathers the colours of their bytes, line
@@ -87,7 +87,6 @@ class LineColorizer {
         return at + paintClass(end - at, ClassNormal);
     }
 
-    /// The first byte has been found to end no word.
     std::size_t colorizeWord(std::string_view line, std::size_t at) {
         WordHash hash;
         bool holdsDelimiterByte = false;
@@ -95,7 +94,7 @@ class LineColorizer {
         for (; end < line.size(); ++end) {
             const ByteTraits byte = bytes_[line[end]];
             if (byte.flags != 0) {
-                if (endsWord(line, end)) break;
+                if (end > at && endsWord(line, end)) break;
                 holdsDelimiterByte = holdsDelimiterByte || (byte.flags & kDelimiter) != 0;
             }
             hash.add(byte.lower);

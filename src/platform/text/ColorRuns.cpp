@@ -71,14 +71,15 @@ UnitRange applyColors(FormatRuns<CharFormat>& formats, std::size_t begin,
     ColorRun color{};  // what is left of the one in front of `runs`
     for (FormatRun before : formats.runs(units)) {
         while (before.length > 0) {
-            if (color.length == 0) {
+            while (color.length == 0) {
                 color = runs.front();
                 runs = runs.subspan(1);
             }
             const std::uint32_t length = std::min(before.length, color.length);
             const FormatId after = ids.idOf(before.format, color.color);
             colored.append(length, after);
-            if (after != before.format) changed = {changed.empty() ? at : changed.begin, at + length};
+            if (after != before.format)
+                changed = {changed.empty() ? at : changed.begin, at + length};
             at += length;
             before.length -= length;
             color.length -= length;
