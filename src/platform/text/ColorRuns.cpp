@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
 
 namespace brindlex {
 
@@ -65,7 +66,7 @@ UnitRange applyColors(FormatRuns<CharFormat>& formats, std::size_t begin,
     begin = std::min(begin, formats.length());
     const UnitRange units{begin, begin + std::min(totalLength(runs), formats.length() - begin)};
     ColoredIds ids(formats);
-    RunList::Replacement colored = formats.replacement(units, runs.size());
+    JoinedRuns colored(runs.size());
     UnitRange changed;
     std::size_t at = units.begin;
     ColorRun color{};  // what is left of the one in front of `runs`
@@ -85,7 +86,7 @@ UnitRange applyColors(FormatRuns<CharFormat>& formats, std::size_t begin,
             color.length -= length;
         }
     }
-    if (!changed.empty()) colored.commit();
+    if (!changed.empty()) formats.replace(units, std::move(colored));
     return changed;
 }
 

@@ -56,9 +56,8 @@ class FormatRuns {
     void replace(UnitRange units, std::span<const FormatRun> runs) {
         runs_.replace(units.begin, units.end, runs);
     }
-    /// To replace them run by run; `runs` tells how many runs to make room for.
-    RunList::Replacement replacement(UnitRange units, std::size_t runs) {
-        return {runs_, units.begin, units.end, runs};
+    void replace(UnitRange units, JoinedRuns runs) {
+        runs_.replace(units.begin, units.end, std::move(runs));
     }
 
     /// Calls `visit(begin, end, id)` for the runs that touch `units`, cut to them, in order, until
@@ -69,6 +68,7 @@ class FormatRuns {
     }
     std::vector<FormatRun> runs(UnitRange units) const {
         std::vector<FormatRun> result;
+        result.reserve(16);  // enough for a line
         visit(units, [&](std::size_t begin, std::size_t end, FormatId id) {
             appendRun(result, end - begin, id);
             return true;
@@ -79,14 +79,14 @@ class FormatRuns {
     /// Gives each unit the format that `change(Format&)` makes of its present one.
     template <typename Change>
     void change(UnitRange units, Change&& change) {
-        RunList::Replacement changed = replacement(units, 0);
+        JoinedRuns changed(0);
         visit(units, [&](std::size_t begin, std::size_t end, FormatId id) {
             Format format = table_.format(id);
             change(format);
             changed.append(end - begin, table_.idOf(format));
             return true;
         });
-        changed.commit();
+        replace(units, std::move(changed));
     }
 
     /// What `read(const Format&)` gives for the units if it is the same for all of them; `units` is

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/text/FormatTable.h"
@@ -58,13 +59,40 @@ struct RunTraits {
     }
 };
 
+/// Runs in a row, joined as they come: no two neighbours have one format, and none is empty.
+class JoinedRuns {
+  public:
+    /// Makes room for so many runs, and for what they will stand between.
+    explicit JoinedRuns(std::size_t expected) { runs_.reserve(expected + 2); }
+
+    /// A run of length 0 is skipped.
+    void append(std::size_t length, FormatId format) {
+        if (length == 0) return;
+        if (!runs_.empty() && runs_.back().format == format)
+            runs_.back().length += length;
+        else
+            runs_.emplace_back(length, format);
+        assert(runs_.back().length >= length && runs_.back().format == format);
+    }
+    /// Cost: O(runs).
+    void prepend(std::size_t length, FormatId format) {
+        if (length == 0) return;
+        if (!runs_.empty() && runs_.front().format == format)
+            runs_.front().length += length;
+        else
+            runs_.emplace(runs_.begin(), length, format);
+    }
+    std::span<const RunTraits::Item> view() const { return runs_; }
+
+  private:
+    std::vector<RunTraits::Item> runs_;
+};
+
 /// The formats of a sequence of units, run-length coded: a balanced tree of chunks of runs, in
 /// which neighbours of equal format are joined. A value like a rope: copying is O(1). With r runs,
 /// at, replace and visit are O(log r) plus the runs that come, go or are visited.
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 class BasicRunList {
-    using Run = RunTraits::Item;
-
   public:
     /// The run that holds a unit: where it begins and ends, and its format.
     struct Place {
@@ -74,39 +102,13 @@ class BasicRunList {
         bool operator==(const Place&) const = default;
     };
 
-    /// What will stand in the place of [begin, end), taken run by run and joined as it comes. The
-    /// list changes when it is committed and must not change before.
-    class Replacement {
-      public:
-        /// `runs` tells how many runs to make room for.
-        Replacement(BasicRunList& list, std::size_t begin, std::size_t end, std::size_t runs);
-        /// Runs of length 0 are skipped.
-        void append(std::size_t length, FormatId format) {
-            if (length == 0) return;
-            if (!runs_.empty() && runs_.back().format == format)
-                runs_.back().length += length;
-            else
-                runs_.emplace_back(length, format);
-            assert(runs_.back().length >= length && runs_.back().format == format);
-        }
-        void commit();
-
-      private:
-        BasicRunList& list_;
-        // Whole runs are replaced: the ones that hold the units on both sides go too, and come back
-        // as far as they stay.
-        std::size_t from_;
-        std::size_t end_;
-        std::vector<Run> runs_;
-    };
-
     std::size_t length() const { return tree_.summary().length; }
     /// `unit` lies before the end.
     Place at(std::size_t unit) const;
     /// Puts `count` units of one format in the place of [begin, end).
     void replace(std::size_t begin, std::size_t end, std::size_t count, FormatId format);
-    /// Puts the runs, of any total length, in the place of [begin, end). Runs of length 0 are
-    /// skipped.
+    /// Puts the runs, of any total length, in the place of [begin, end).
+    void replace(std::size_t begin, std::size_t end, JoinedRuns runs);
     void replace(std::size_t begin, std::size_t end, std::span<const FormatRun> runs);
     /// Calls `visit(begin, end, format)` for the runs that touch [begin, end), cut to it, in order,
     /// until it returns false. `visit` must not change the list.
@@ -116,6 +118,8 @@ class BasicRunList {
     void checkInvariants() const;
 
   private:
+    using Run = RunTraits::Item;
+
     SumTree<RunTraits, kChunkRuns, kFanOut> tree_;
 };
 
@@ -132,43 +136,40 @@ auto BasicRunList<kChunkRuns, kFanOut>::at(std::size_t unit) const -> Place {
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
-BasicRunList<kChunkRuns, kFanOut>::Replacement::Replacement(BasicRunList& list, std::size_t begin,
-                                                            std::size_t end, std::size_t runs)
-    : list_(list), from_(begin), end_(end) {
-    assert(begin <= end && end <= list.length());
-    runs_.reserve(runs + 2);
-    if (begin > 0) {
-        const Place left = list.at(begin - 1);
-        from_ = left.begin;
-        append(begin - from_, left.format);
-    }
-}
-
-template <std::size_t kChunkRuns, std::size_t kFanOut>
-void BasicRunList<kChunkRuns, kFanOut>::Replacement::commit() {
-    std::size_t to = end_;
-    if (end_ < list_.length()) {
-        const Place right = list_.at(end_);
-        to = right.end;
-        append(to - end_, right.format);
-    }
-    list_.tree_.replace(from_, to, runs_);
-}
-
-template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::size_t count, FormatId format) {
-    Replacement replacement(*this, begin, end, 1);
-    replacement.append(count, format);
-    replacement.commit();
+    JoinedRuns run(1);
+    run.append(count, format);
+    replace(begin, end, std::move(run));
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::span<const FormatRun> runs) {
-    Replacement replacement(*this, begin, end, runs.size());
-    for (const FormatRun& run : runs) replacement.append(run.length, run.format);
-    replacement.commit();
+    JoinedRuns joined(runs.size());
+    for (const FormatRun& run : runs) joined.append(run.length, run.format);
+    replace(begin, end, std::move(joined));
+}
+
+/// Replaces whole runs: the ones that hold the units on both sides of [begin, end) go too, and come
+/// back as far as they stay.
+template <std::size_t kChunkRuns, std::size_t kFanOut>
+void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
+                                                JoinedRuns runs) {
+    assert(begin <= end && end <= length());
+    std::size_t from = begin;
+    std::size_t to = end;
+    if (begin > 0) {
+        const Place left = at(begin - 1);
+        from = left.begin;
+        runs.prepend(begin - from, left.format);
+    }
+    if (end < length()) {
+        const Place right = at(end);
+        to = right.end;
+        runs.append(to - end, right.format);
+    }
+    tree_.replace(from, to, runs.view());
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
