@@ -9,6 +9,8 @@
 namespace brindlex {
 namespace {
 
+constexpr std::size_t kBreakLength = 2;
+
 /// Holds a flag for as long as it lives.
 class FlagHold {
   public:
@@ -34,6 +36,14 @@ Offset endOfTouchedLines(const RichTextBox& box, Offset caret) {
     const LineIndex line = box.rope().lineOf(caret);
     const Offset end = box.lineContent(line).end();
     return end >= caret ? end : box.lineContent(line + 1).end();
+}
+
+/// The end of the lines to colour next. What is made of them stays in the processor's cache until
+/// it is in the formats, and needs little memory whatever the length of the text.
+Offset endOfBatch(const RichTextBox& box, Range lines) {
+    constexpr std::size_t kBatchBytes = 64 * 1024;
+    if (lines.length() <= kBatchBytes) return lines.end();
+    return endOfTouchedLines(box, lines.begin() + kBatchBytes);
 }
 
 }  // namespace
@@ -98,7 +108,12 @@ void KELP_RTBSyntax::colorize(Range lines) {
 void KELP_RTBSyntax::ColorizeBlock(Range lines) {
     commentCharLen_ = static_cast<int>(Syntax_CommentChar().size());
     stringCharLen_ = static_cast<int>(Syntax_StringChar().size());
-    box().colorRuns(lines.begin(), colorsOfLines(box().rope(), lines, lists_, classColors()));
+    const ClassColors colors = classColors();
+    for (Offset at = lines.begin(); at < lines.end();) {
+        const Range batch(at, endOfBatch(box(), {at, lines.end()}));
+        box().colorRuns(at, colorsOfLines(box().rope(), batch, lists_, colors));
+        at = batch.end() + kBreakLength;
+    }
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {

@@ -10,10 +10,10 @@
 namespace brindlex {
 namespace {
 
-/// Room for the colours of ordinary scripts, in which a stretch of one colour takes six bytes or
+/// Room for the colours of ordinary scripts, in which a stretch of one colour takes five bytes or
 /// more.
 std::size_t expectedRuns(Range lines) {
-    return lines.length() / 6 + 16;
+    return lines.length() / 5 + 16;
 }
 
 /// Cuts lines into words, strings, comments and blanks and gathers the colours of their bytes, line
@@ -80,8 +80,8 @@ class LineColorizer {
 
     std::size_t colorizeBlanks(std::string_view line, std::size_t at) {
         std::size_t end = at + 1;
-        while (end < line.size() && !startsComment(line, end) && !startsString(line, end) &&
-               isBlank(line, end)) {
+        while (end < line.size() && isBlank(line, end) && !startsComment(line, end) &&
+               !startsString(line, end)) {
             ++end;
         }
         return at + paintClass(end - at, ClassNormal);
@@ -89,18 +89,18 @@ class LineColorizer {
 
     std::size_t colorizeWord(std::string_view line, std::size_t at) {
         WordHash hash;
-        unsigned flags = 0;
+        bool holdsDelimiterByte = false;
         std::size_t end = at;
-        do {
+        for (; end < line.size(); ++end) {
             const ByteTraits byte = bytes_[line[end]];
+            if (byte.flags != 0) {
+                if (end > at && endsWord(line, end)) break;
+                holdsDelimiterByte = holdsDelimiterByte || (byte.flags & kDelimiter) != 0;
+            }
             hash.add(byte.lower);
-            flags |= byte.flags;
-            ++end;
-        } while (end < line.size() &&
-                 ((bytes_[line[end]].flags & kMayEndWord) == 0 || !endsWord(line, end)));
-        const std::string_view word = line.substr(at, end - at);
-        return at +
-               paintClass(word.size(), classifier_.classOf(word, hash, (flags & kDelimiter) != 0));
+        }
+        const std::string_view word(line.data() + at, end - at);
+        return at + paintClass(word.size(), classifier_.classOf(word, hash, holdsDelimiterByte));
     }
 
     std::size_t paintClass(std::size_t count, WordClass wordClass) {

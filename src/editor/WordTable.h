@@ -45,7 +45,7 @@ class WordTable {
     struct Slot {
         WordHash hash;
         std::uint32_t length = 0;  // 0: the slot is free
-        std::size_t begin = 0;     // in bytes_
+        std::uint32_t begin = 0;   // in bytes_
         WordClass wordClass = ClassNormal;
     };
 

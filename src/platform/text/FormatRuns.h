@@ -56,6 +56,9 @@ class FormatRuns {
     void replace(UnitRange units, std::span<const FormatRun> runs) {
         runs_.replace(units.begin, units.end, runs);
     }
+    void replace(UnitRange units, JoinedRuns runs) {
+        runs_.replace(units.begin, units.end, std::move(runs));
+    }
 
     /// Calls `visit(begin, end, id)` for the runs that touch `units`, cut to them, in order, until
     /// it returns false.
@@ -65,6 +68,7 @@ class FormatRuns {
     }
     std::vector<FormatRun> runs(UnitRange units) const {
         std::vector<FormatRun> result;
+        result.reserve(16);  // enough for a line
         visit(units, [&](std::size_t begin, std::size_t end, FormatId id) {
             appendRun(result, end - begin, id);
             return true;
@@ -75,13 +79,14 @@ class FormatRuns {
     /// Gives each unit the format that `change(Format&)` makes of its present one.
     template <typename Change>
     void change(UnitRange units, Change&& change) {
-        std::vector<FormatRun> changed;
-        for (const FormatRun& run : runs(units)) {
-            Format format = table_.format(run.format);
+        JoinedRuns changed(0);
+        visit(units, [&](std::size_t begin, std::size_t end, FormatId id) {
+            Format format = table_.format(id);
             change(format);
-            appendRun(changed, run.length, table_.idOf(format));
-        }
-        runs_.replace(units.begin, units.end, std::span<const FormatRun>(changed));
+            changed.append(end - begin, table_.idOf(format));
+            return true;
+        });
+        replace(units, std::move(changed));
     }
 
     /// What `read(const Format&)` gives for the units if it is the same for all of them; `units` is

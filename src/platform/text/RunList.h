@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/text/FormatTable.h"
@@ -25,10 +26,10 @@ struct FormatRun {
 struct RunTraits {
     /// A run in eight bytes: up to 64 Gi units of one of 256 Mi formats.
     struct Item {
-        static constexpr int kLengthBits = 36;
-        static constexpr int kFormatBits = 64 - kLengthBits;
-        std::uint64_t length : kLengthBits;
-        std::uint64_t format : kFormatBits;
+        Item() = default;
+        Item(std::uint64_t units, FormatId id) : length(units), format(id) {}
+        std::uint64_t length : 36;
+        std::uint64_t format : 28;
     };
     static_assert(sizeof(Item) == sizeof(std::uint64_t));
 
@@ -58,6 +59,35 @@ struct RunTraits {
     }
 };
 
+/// Runs in a row, joined as they come: no two neighbours have one format, and none is empty.
+class JoinedRuns {
+  public:
+    /// Makes room for so many runs, and for what they will stand between.
+    explicit JoinedRuns(std::size_t expected) { runs_.reserve(expected + 2); }
+
+    /// A run of length 0 is skipped.
+    void append(std::size_t length, FormatId format) {
+        if (length == 0) return;
+        if (!runs_.empty() && runs_.back().format == format)
+            runs_.back().length += length;
+        else
+            runs_.emplace_back(length, format);
+        assert(runs_.back().length >= length && runs_.back().format == format);
+    }
+    /// Cost: O(runs).
+    void prepend(std::size_t length, FormatId format) {
+        if (length == 0) return;
+        if (!runs_.empty() && runs_.front().format == format)
+            runs_.front().length += length;
+        else
+            runs_.emplace(runs_.begin(), length, format);
+    }
+    std::span<const RunTraits::Item> view() const { return runs_; }
+
+  private:
+    std::vector<RunTraits::Item> runs_;
+};
+
 /// The formats of a sequence of units, run-length coded: a balanced tree of chunks of runs, in
 /// which neighbours of equal format are joined. A value like a rope: copying is O(1). With r runs,
 /// at, replace and visit are O(log r) plus the runs that come, go or are visited.
@@ -77,8 +107,8 @@ class BasicRunList {
     Place at(std::size_t unit) const;
     /// Puts `count` units of one format in the place of [begin, end).
     void replace(std::size_t begin, std::size_t end, std::size_t count, FormatId format);
-    /// Puts the runs, of any total length, in the place of [begin, end). Runs of length 0 are
-    /// skipped.
+    /// Puts the runs, of any total length, in the place of [begin, end).
+    void replace(std::size_t begin, std::size_t end, JoinedRuns runs);
     void replace(std::size_t begin, std::size_t end, std::span<const FormatRun> runs);
     /// Calls `visit(begin, end, format)` for the runs that touch [begin, end), cut to it, in order,
     /// until it returns false. `visit` must not change the list.
@@ -89,23 +119,8 @@ class BasicRunList {
 
   private:
     using Run = RunTraits::Item;
-    using Tree = SumTree<RunTraits, kChunkRuns, kFanOut>;
 
-    /// A list of runs in the making: joins what comes.
-    class Joined {
-      public:
-        explicit Joined(std::size_t runs) { runs_.reserve(runs); }
-        void append(std::size_t length, FormatId format);
-        std::span<const Run> runs() const { return runs_; }
-
-      private:
-        std::vector<Run> runs_;
-    };
-
-    template <typename AppendRuns>
-    void replaceWith(std::size_t begin, std::size_t end, std::size_t runs, AppendRuns appendRuns);
-
-    Tree tree_;
+    SumTree<RunTraits, kChunkRuns, kFanOut> tree_;
 };
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
@@ -123,56 +138,38 @@ auto BasicRunList<kChunkRuns, kFanOut>::at(std::size_t unit) const -> Place {
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::size_t count, FormatId format) {
-    replaceWith(begin, end, 1, [&](Joined& joined) { joined.append(count, format); });
+    JoinedRuns run(1);
+    run.append(count, format);
+    replace(begin, end, std::move(run));
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
 void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
                                                 std::span<const FormatRun> runs) {
-    replaceWith(begin, end, runs.size(), [&](Joined& joined) {
-        for (const FormatRun& run : runs) {
-            joined.append(run.length, run.format);
-        }
-    });
+    JoinedRuns joined(runs.size());
+    for (const FormatRun& run : runs) joined.append(run.length, run.format);
+    replace(begin, end, std::move(joined));
 }
 
 /// Replaces whole runs: the ones that hold the units on both sides of [begin, end) go too, and come
-/// back as far as they stay, joined with what `appendRuns` puts between them.
+/// back as far as they stay.
 template <std::size_t kChunkRuns, std::size_t kFanOut>
-template <typename AppendRuns>
-void BasicRunList<kChunkRuns, kFanOut>::replaceWith(std::size_t begin, std::size_t end,
-                                                    std::size_t runs, AppendRuns appendRuns) {
+void BasicRunList<kChunkRuns, kFanOut>::replace(std::size_t begin, std::size_t end,
+                                                JoinedRuns runs) {
     assert(begin <= end && end <= length());
-    Joined joined(runs + 2);
     std::size_t from = begin;
     std::size_t to = end;
     if (begin > 0) {
         const Place left = at(begin - 1);
         from = left.begin;
-        joined.append(begin - from, left.format);
+        runs.prepend(begin - from, left.format);
     }
-    appendRuns(joined);
     if (end < length()) {
         const Place right = at(end);
         to = right.end;
-        joined.append(to - end, right.format);
+        runs.append(to - end, right.format);
     }
-    tree_.replace(from, to, joined.runs());
-}
-
-template <std::size_t kChunkRuns, std::size_t kFanOut>
-void BasicRunList<kChunkRuns, kFanOut>::Joined::append(std::size_t length, FormatId format) {
-    assert(format >> Run::kFormatBits == 0);
-    if (length == 0) {
-        return;
-    }
-    if (!runs_.empty() && runs_.back().format == format) {
-        length += runs_.back().length;
-        runs_.pop_back();
-    }
-    assert(length >> Run::kLengthBits == 0);
-    runs_.push_back({length & ((std::uint64_t{1} << Run::kLengthBits) - 1),
-                     format & ((std::uint64_t{1} << Run::kFormatBits) - 1)});
+    tree_.replace(from, to, runs.view());
 }
 
 template <std::size_t kChunkRuns, std::size_t kFanOut>
