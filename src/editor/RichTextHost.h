@@ -87,7 +87,11 @@ class RichTextHost : public QWidget {
 
     // --- Selection -----------------------------------------------------------------------------
     Long SelStart() const { return box().SelStart(); }
-    void SetSelStart(Long start) { box().SetSelStart(start); }
+    /// Shows the caret, also when it stands there already.
+    void SetSelStart(Long start) {
+        box().SetSelStart(start);
+        if (rtb_.redraw()) rtb_.ensureCaretVisible();
+    }
     Long SelLength() const { return box().SelLength(); }
     void SetSelLength(Long length) { box().SetSelLength(length); }
     std::string SelText() const { return box().SelText(); }

@@ -167,10 +167,10 @@ bool RichTextView::event(QEvent* event) {
     return QAbstractScrollArea::event(event);
 }
 
-void RichTextView::resizeEvent(QResizeEvent*) {
-    const bool caretWasSeen = viewport()->rect().isValid() && !shownCaret_.isEmpty();
+void RichTextView::resizeEvent(QResizeEvent* event) {
+    const QRect before(QPoint(), event->oldSize());
     fitStyle();
-    if (caretWasSeen) scrolling_->bringCaret();
+    if (before.intersects(shownCaret_)) scrolling_->bringCaret();
     changed();
 }
 

@@ -99,7 +99,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Stops every repaint (false), or allows them again and schedules those that were held back.
     void setRedraw(bool on);
     bool redraw() const;
-    /// Repaints what changed since the last painting.
+    /// Repaints at once what changed since the last painting, unless redraw is off.
     void Refresh();
     /// Scrolls by whole lines relative to the present first visible line, cut at both ends.
     void lineScroll(Long lines);

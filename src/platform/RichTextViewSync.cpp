@@ -83,7 +83,10 @@ bool RichTextView::redraw() const {
 }
 
 void RichTextView::Refresh() {
+    if (!redraw_) return;
     sync();
+    // What is due to be painted of the window, without the event loop.
+    QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
 }
 
 void RichTextView::appearanceChanged() {

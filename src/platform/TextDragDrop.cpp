@@ -6,11 +6,11 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QTimer>
-#include <QUrl>
 #include <algorithm>
 #include <utility>
 
 #include "platform/CaretActions.h"
+#include "platform/LocalFile.h"
 #include "platform/RichTextView.h"
 #include "platform/TextMimeData.h"
 
@@ -18,14 +18,6 @@ namespace brindlex {
 namespace {
 
 constexpr int kEdge = 16;  // pixels in which a hovering drag scrolls
-
-/// The first file of this machine among what is dragged; empty when there is none.
-QString fileOf(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    const auto file =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-    return file == urls.end() ? QString() : file->toLocalFile();
-}
 
 }  // namespace
 
@@ -63,12 +55,10 @@ void TextDragDrop::enter(QDragEnterEvent& event) {
 
 void TextDragDrop::move(QDragMoveEvent& event) {
     if (!accept(event)) return;
+    if (takesFile(*event.mimeData())) return leave();
     const QPoint at = event.position().toPoint();
     scroll_.follow(at);
-    if (takesFile(*event.mimeData()))
-        view_.setDropCaret(std::nullopt);
-    else
-        view_.setDropCaret(positionAt(at));
+    view_.setDropCaret(positionAt(at));
 }
 
 void TextDragDrop::leave() {
@@ -79,7 +69,7 @@ void TextDragDrop::leave() {
 void TextDragDrop::drop(QDropEvent& event) {
     leave();
     if (!accept(event)) return;
-    if (takesFile(*event.mimeData())) return openFile(fileOf(*event.mimeData()));
+    if (takesFile(*event.mimeData())) return openFile(localFileOf(*event.mimeData()));
     droppedHere_ = dragged_.has_value();
     if (!dropText(event, positionAt(event.position().toPoint()))) return event.ignore();
     view_.activateWindow();
@@ -89,7 +79,7 @@ void TextDragDrop::drop(QDropEvent& event) {
 bool TextDragDrop::accept(QDropEvent& event) const {
     const QMimeData& data = *event.mimeData();
     const bool file = takesFile(data);
-    if (!file && (view_.box().Locked() || !data.hasText() || !fileOf(data).isEmpty())) {
+    if (!file && (view_.box().Locked() || !data.hasText() || !localFileOf(data).isEmpty())) {
         event.ignore();
         return false;
     }
@@ -104,7 +94,7 @@ Qt::DropAction TextDragDrop::actionFor(const QDropEvent& event) const {
 }
 
 bool TextDragDrop::takesFile(const QMimeData& data) const {
-    return view_.onFileDropped && !fileOf(data).isEmpty();
+    return view_.onFileDropped && !localFileOf(data).isEmpty();
 }
 
 void TextDragDrop::openFile(const QString& path) {

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QListWidget>
 #include <QLocale>
 #include <QMenuBar>
@@ -14,6 +15,7 @@
 #include "editor/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
 #include "platform/Desktop.h"
+#include "platform/LocalFile.h"
 #include "platform/Twips.h"
 #include "shell/AppState.h"
 #include "shell/Module1.h"
@@ -58,6 +60,7 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
     wireAutoBackup();
     makeShortcuts();
     setTabOrders();
+    setAcceptDrops(true);
     setFirstSize();
 }
 
@@ -226,6 +229,17 @@ void frmMain::paintEvent(QPaintEvent*) {
             position_.frameIsKnown();
             Form_Resize();
         },
+        Qt::QueuedConnection);
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFileOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    // Later: the program that the file comes from waits until the drop is done.
+    QMetaObject::invokeMethod(
+        this, [this, path = localFileOf(*event->mimeData())] { document_.openDropped(path); },
         Qt::QueuedConnection);
 }
 

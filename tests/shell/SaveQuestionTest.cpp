@@ -1,5 +1,8 @@
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QMimeData>
+#include <QUrl>
 
 #include "ShellTest.h"
 
@@ -145,9 +148,14 @@ TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
     type("x");
     const std::pair<BoxAnswer, const char*> rows[] = {{kCancel, "battery.script - Brindlex*"},
                                                       {kYes, "next.script - Brindlex"}};
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(folder.path("scripts/next.script"))});
     for (const auto& [answer, titleThen] : rows) {
         desktop.expectBox(saveQuestion(kOpenNamed), answer);
-        editor().rtb().onFileDropped(folder.path("scripts/next.script"));
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window(), &enter);
+        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window(), &drop);
         QCoreApplication::processEvents();
         EXPECT_EQ(title(), titleThen);
     }
