@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -210,13 +211,8 @@ class Model {
     std::size_t end() const { return std::max(anchor, caret); }
 
     static std::string paired(const std::string& in) {
-        std::string out;
-        for (std::size_t i = 0; i < in.size(); ++i) {
-            const bool isBreak = in[i] == '\r' || in[i] == '\n';
-            if (in[i] == '\r' && i + 1 < in.size() && in[i + 1] == '\n') ++i;
-            out += isBreak ? "\r\n" : std::string(1, in[i]);
-        }
-        return out;
+        static const std::regex kBreak("\r\n?|\n");
+        return std::regex_replace(in, kBreak, "\r\n");
     }
     std::string fitting(const std::string& in, std::size_t from, std::size_t to) const {
         std::string out = paired(in);
@@ -326,6 +322,20 @@ class Pair {
             step();
             compare();
         }
+        if (testing::Test::HasFailure()) ADD_FAILURE() << journal_.text();
+    }
+
+    /// Looks for parts of a text so long that the box keeps it in many pieces.
+    void searchLongText() {
+        while (model_.text.size() < 4000)
+            apply<&Box::SetSelText, &Model::SetSelText>(
+                "SetSelText", random_.text(random_.between(1, 300), "aA b"));
+        for (int round = 0; round < 400 && !testing::Test::HasFailure(); ++round) {
+            const std::size_t length = random_.between(1, random_.oneIn(4) ? 700 : 5);
+            find(model_.text.substr(random_.below(model_.text.size() - length), length));
+            compareSelection();
+        }
+        compare();
         if (testing::Test::HasFailure()) ADD_FAILURE() << journal_.text();
     }
 
@@ -457,8 +467,8 @@ class Pair {
         const Offset from(random_.below(model_.text.size() + 1));
         apply<&Box::colorRuns, &Model::colorRuns>("colorRuns", from, runs);
     }
-    void find() {
-        const std::string wanted = random_.text(random_.below(3), "aAb_ \r\n\xE4");
+    void find() { find(random_.text(random_.below(3), "aAb_ \r\n\xE4")); }
+    void find(const std::string& wanted) {
         const bool forward = coin();
         const bool negate = coin();
         if (random_.oneIn(3))
@@ -481,15 +491,27 @@ class Pair {
         box_.checkInvariants();
         ASSERT_EQ(box_.Text(), model_.text);
         EXPECT_EQ(boxLog_.take(), modelLog_.take());
-        EXPECT_EQ(box_.anchor(), Offset(model_.anchor));
-        EXPECT_EQ(box_.caret(), Offset(model_.caret));
+        compareSelection();
         for (std::size_t i = 0; i < model_.text.size(); ++i)
             ASSERT_TRUE(box_.formatAt(Offset(i)) == model_.formats[i]) << "format at " << i;
-        ASSERT_EQ(box_.GetLineCount(), static_cast<Long>(model_.lines.size()));
-        for (std::size_t line = 0; line < model_.lines.size(); ++line)
+        const auto lines = static_cast<Long>(model_.lines.size());
+        ASSERT_EQ(box_.GetLineCount(), lines);
+        std::size_t begin = 0;
+        for (std::size_t line = 0; line < model_.lines.size(); ++line) {
+            const std::size_t end = std::min(model_.text.find('\r', begin), model_.text.size());
+            ASSERT_EQ(box_.GetLineIndex(static_cast<Long>(line)), begin);
+            ASSERT_EQ(box_.lineContent(LineIndex(line)), Range(Offset(begin), Offset(end)));
             ASSERT_TRUE(box_.paragraphAt(LineIndex(line)) == model_.lines[line]) << "line " << line;
+            begin = end + 2;
+        }
+        EXPECT_EQ(box_.GetLineIndex(-1), box_.GetLineIndex(model_.breaksIn(0, model_.caret)));
         const std::size_t at = random_.below(model_.text.size() + 1);
         EXPECT_EQ(box_.GetLineFromChar(static_cast<Long>(at)), model_.breaksIn(0, at));
+    }
+
+    void compareSelection() {
+        EXPECT_EQ(box_.anchor(), Offset(model_.anchor));
+        EXPECT_EQ(box_.caret(), Offset(model_.caret));
     }
 
     test::Random random_;
@@ -506,6 +528,7 @@ TEST(RichTextBoxModel, AgreesAfterRandomOperations) {
             Pair(seed, reentrant).run(3000);
             ASSERT_FALSE(HasFailure()) << "re-entrant " << reentrant;
         }
+        Pair(seed, false).searchLongText();
     }
 }
 
