@@ -9,6 +9,7 @@ namespace {
 
 TEST(CharacterTable, CaseAndWordsOfLatin1) {
     const CharacterTable& table = CharacterTable::latin1();
+    EXPECT_EQ(table.byteOf(0x10041), -1) << "no A";
     EXPECT_EQ(table.toLower("AZaz[@`{09_ \xC0\xDE\xD7\xDF\xF7"),
               "azaz[@`{09_ \xE0\xFE\xD7\xDF\xF7");
     EXPECT_TRUE(table.equalIgnoringCase("Trigger \xC4", "tRIGGER \xE4"));
