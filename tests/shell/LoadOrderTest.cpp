@@ -42,11 +42,6 @@ class LoadOrderTest : public ShellTest {
   protected:
     LoadOrderTest() { folder.put("scripts/next.script", "a\nb"); }
 
-    /// Opens the file; `then` runs while its dialog is open.
-    void openNext(FakeDesktop& onDesktop, std::function<void()> then) {
-        onDesktop.expectFile(openDialog(), folder.path("scripts/next.script"), std::move(then));
-        trigger("funOpen");
-    }
     /// `work` runs in the first yield of a load, or, when nested, in the one after it.
     void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }
 };
@@ -65,7 +60,7 @@ TEST_F(LoadOrderTest, GoesStepByStep) {
             own();
         };
     };
-    openNext(pointer, [&] {
+    pointer.expectFile(openDialog(), folder.path("scripts/next.script"), [&] {
         notes.clear();
         editor().onChange = tell("Change", editor().onChange);
         editor().onSelChange = tell("SelChange", editor().onSelChange);
@@ -74,6 +69,7 @@ TEST_F(LoadOrderTest, GoesStepByStep) {
             inAYield([&] { notes += "yield"; });
         });
     });
+    trigger("funOpen");
     EXPECT_EQ(notes.join(", ").toStdString(),
               "hourglass, editor hidden, pane hidden, yield, SelChange, Change, SelChange, Change, "
               "SelChange, arrow, editor shown, pane shown, yield");
@@ -94,7 +90,7 @@ TEST_F(LoadOrderTest, GivesTheFocusBack) {
 
 TEST_F(LoadOrderTest, WhatComesInAYieldWaitsOrDoesNothing) {
     start();
-    openNext(desktop, [this] {
+    open("scripts/next.script", [this] {
         editor().rtb().onFileDropped(folder.path("scripts/battery.script"));
         inAYield([this] {
             window().close();
@@ -113,7 +109,7 @@ TEST_F(LoadOrderTest, AnEditInTheLastYieldIsUnsaved) {
     type("early");
     type("er");
     desktop.expectBox(saveQuestion("Do you want to save Untitled"), BoxAnswer::No);
-    openNext(desktop, [this] {
+    open("scripts/next.script", [this] {
         inAYield([this] {
             inAYield([this] {
                 window().Undo();

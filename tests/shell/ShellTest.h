@@ -51,6 +51,11 @@ class ShellTest : public testing::Test {
         return *window().findChild<Control*>(name);
     }
     void trigger(const char* entry) { control<QAction>(entry).trigger(); }
+    /// `meanwhile` runs while the dialog is open.
+    void open(const std::string& name, std::function<void()> meanwhile = {}) {
+        desktop.expectFile(openDialog(), folder.path(name), std::move(meanwhile));
+        trigger("funOpen");
+    }
 
     FileQuestion openDialog() {
         return {"Open script file", folder.path("maps"), kScriptFilters, false};

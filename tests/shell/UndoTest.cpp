@@ -1,7 +1,7 @@
-#include <random>
 #include <utility>
 
 #include "ShellTest.h"
+#include "text/Random.h"
 
 namespace brindlex {
 namespace {
@@ -111,18 +111,16 @@ TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
 /// Replays on records that do not fit the text, as after one whose line breaks were mended, keep
 /// within it.
 TEST_F(UndoTest, RandomEditsReplayAsWithWholeStrings) {
-    const std::string kBytes = "ab \t{\r\n";
-    for (const unsigned seed : {1U, 2U, 3U, std::random_device{}()}) {
+    for (const std::uint64_t seed : test::seeds(3)) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
-        std::mt19937 random(seed);
-        const auto below = [&random](std::size_t n) { return Long(random() % n); };
+        test::Random random(seed);
+        const auto below = [&random](std::size_t count) { return Long(random.below(count)); };
         startWithText("one\r\ntwo");
         NaiveUndo naive("one\r\ntwo");
         for (int step = 0; step < 400; ++step) {
             const Long at = below(editor().Text().size() + 1);
             const Long length = below(4) * below(3);
-            std::string text;
-            for (Long n = below(6); n > 0; --n) text += kBytes[std::size_t(below(kBytes.size()))];
+            const std::string text = random.text(random.below(6), "ab \t{\r\n");
             const Long what = below(3);
             for (KELP_RTBSyntax* each : {&editor(), &naive.editor}) {
                 if (what != 0) continue;
