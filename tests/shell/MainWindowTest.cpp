@@ -88,6 +88,18 @@ TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOnUntilItOpensAga
     EXPECT_EQ(enabled(), "funPaste funDelete funInsMap ");
 }
 
+TEST_F(MainWindowTest, BrowsingWithoutAChoiceGivesTheFolderOfTheSettings) {
+    start();
+    AppState& state = program->state();
+    state.WolfDir = "/maps";
+    const std::pair<std::optional<QString>, QString> rows[] = {
+        {"/other", "/other"}, {"", "/maps"}, {std::nullopt, "/maps"}};
+    for (const auto& [answer, expected] : rows) {
+        desktop.expectFolder("Select Folder", "/maps", answer);
+        EXPECT_EQ(BrowseForFolder(desktop, state, nullptr, "Select Folder"), expected);
+    }
+}
+
 TEST_F(MainWindowTest, EveryControlHasAName) {
     start();
     for (const QWidget* widget : window().findChildren<QWidget*>()) {

@@ -33,9 +33,8 @@ class ShellTest : public testing::Test {
     std::string stored(const QString& key) const {
         return settings.read("Brindlex", "Options", key).toStdString();
     }
-    void start(const QString& commandLine = {}) { start(desktop, commandLine); }
-    void start(Desktop& withDesktop, const QString& commandLine) {
-        program.emplace(Surroundings{withDesktop, settings, folder.path("program"), commandLine,
+    void start(const QString& commandLine = {}) {
+        program.emplace(Surroundings{desktop, settings, folder.path("program"), commandLine,
                                      [this] { ++ends; }});
         Main(*program);
     }
