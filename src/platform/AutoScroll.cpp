@@ -38,7 +38,7 @@ void AutoScroll::follow(QPoint pointer) {
 
 void AutoScroll::step() {
     const QPoint far = distance();
-    if (far.y() != 0) view_.lineScroll(far.y() / kPixelsPerLine + sign(far.y()));
+    if (far.y() != 0) view_.rowScroll(far.y() / kPixelsPerLine + sign(far.y()));
     QScrollBar* bar = view_.horizontalScrollBar();
     if (far.x() != 0) bar->setValue(bar->value() + far.x() + kPixelsToTheSide * sign(far.x()));
     scrolled_();

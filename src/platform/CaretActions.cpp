@@ -52,9 +52,9 @@ void CaretActions::perform(const EditAction& action) {
         case Kind::Deselect:
             return select(box.caret(), box.caret());
         case Kind::ScrollUp:
-            return view_.lineScroll(-1);
+            return view_.rowScroll(-1);
         case Kind::ScrollDown:
-            return view_.lineScroll(1);
+            return view_.rowScroll(1);
         case Kind::ToggleOverwrite:
             return view_.setOverwriteMode(!view_.overwriteMode());
     }
@@ -103,7 +103,7 @@ void CaretActions::move(Motion motion, bool extend) {
     // one row of the old page stays, so that the reader keeps his place
     const int page = std::max(1, view_.rowsPerPage() - 1);
     const int rows = rowsOf(motion, page);
-    if (motion == Motion::PageUp || motion == Motion::PageDown) view_.lineScroll(rows);
+    if (motion == Motion::PageUp || motion == Motion::PageDown) view_.rowScroll(rows);
     if (rows != 0)
         moveByRows(rows, extend);
     else

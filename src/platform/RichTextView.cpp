@@ -97,13 +97,11 @@ void RichTextView::formatChanged(Range range) {
 
 void RichTextView::selectionChanged() {
     const bool moved = box_.caret() != lastCaret_;
-    const Range selection = box_.selection();
-    const bool all = !selection.empty() && selection.length() == box_.length();
     lastCaret_ = box_.caret();
     // colouring and other work with redraw off does not scroll
     if (moved && redraw_) scrolling_->bringCaret();
     // who selects all stays where he reads
-    if (all) scrolling_->leaveCaret();
+    if (allSelected()) scrolling_->leaveCaret();
     if (!layouts_->preedit().text.isEmpty())
         layouts_->setPreedit(layouts_->preedit(), box_.caret());
     blink_->restart();
@@ -111,9 +109,16 @@ void RichTextView::selectionChanged() {
     actions_->forgetColumn();
     inputMethod_->changed();
     accessible_->selectionChanged();
-    // what code selects is not the user's choice, but for Select All of the menu; an operation with
-    // redraw off may select all at each of its steps
-    if (all && redraw_ && hasFocus()) offerPrimarySelection(*this);
+    offerSelectAll();
+}
+
+bool RichTextView::allSelected() const {
+    const Range selection = box_.selection();
+    return !selection.empty() && selection.length() == box_.length();
+}
+
+void RichTextView::offerSelectAll() {
+    if (redraw_ && allSelected() && hasFocus()) offerPrimarySelection(*this);
 }
 
 // --- What shows besides the text -----------------------------------------------------------------

@@ -103,6 +103,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void Refresh();
     /// Scrolls by whole lines relative to the present first visible line, cut at both ends.
     void lineScroll(Long lines);
+    /// The same by display rows, of which a wrapped line has several.
+    void rowScroll(Long rows);
     /// The top left pixel of a character in the viewport; it may lie outside what shows. An offset
     /// past the end means the end. Settles.
     QPoint posFromChar(Long offset);
@@ -193,6 +195,10 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     void fitStyle();
     void appearanceChanged();
     void focusChanged();
+    bool allSelected() const;
+    /// Makes a selection of all the primary one. What code selects is not the user's choice, but
+    /// for Select All of the menu; not at each step of an operation with redraw off.
+    void offerSelectAll();
     ShownLines linesToShow() const;
     void updateCarets(const ShownLines& lines);
 

@@ -43,6 +43,10 @@ void RichTextView::lineScroll(Long lines) {
     scrolling_->byLines(lines);
 }
 
+void RichTextView::rowScroll(Long rows) {
+    scrolling_->byRows(rows);
+}
+
 void RichTextView::ensureCaretVisible() {
     scrolling_->bringCaret();
     changed();

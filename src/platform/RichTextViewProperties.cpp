@@ -1,7 +1,7 @@
 #include <QFontInfo>
-#include <iterator>
 
 #include "platform/Files.h"
+#include "platform/MousePointer.h"
 #include "platform/RichTextView.h"
 #include "platform/Scrolling.h"
 #include "platform/TextPrinter.h"
@@ -9,27 +9,6 @@
 
 namespace brindlex {
 namespace {
-
-constexpr Long kCustomPointer = 99;
-/// By the value of MousePointer, from 0.
-constexpr Qt::CursorShape kCursors[] = {
-    Qt::IBeamCursor,      // default
-    Qt::ArrowCursor,      // arrow
-    Qt::CrossCursor,      // cross
-    Qt::IBeamCursor,      // I-beam
-    Qt::ArrowCursor,      // icon
-    Qt::SizeAllCursor,    // size
-    Qt::SizeBDiagCursor,  // size north-east to south-west
-    Qt::SizeVerCursor,    // size north to south
-    Qt::SizeFDiagCursor,  // size north-west to south-east
-    Qt::SizeHorCursor,    // size west to east
-    Qt::UpArrowCursor,    // up arrow
-    Qt::WaitCursor,       // hourglass
-    Qt::ForbiddenCursor,  // no drop
-    Qt::BusyCursor,       // arrow and hourglass
-    Qt::WhatsThisCursor,  // arrow and question mark
-    Qt::SizeAllCursor,    // size all
-};
 
 constexpr int kRichText = 0;
 
@@ -115,11 +94,11 @@ Long RichTextView::MousePointer() const {
 
 void RichTextView::SetMousePointer(Long pointer) {
     mousePointer_ = pointer;
-    const bool known = pointer >= 0 && pointer < static_cast<Long>(std::size(kCursors));
+    const bool known = pointer > kDefaultPointer && pointer <= kLastPointer;
     if (pointer == kCustomPointer && !mouseIcon_.isNull())
         viewport()->setCursor(QCursor(mouseIcon_));
     else
-        viewport()->setCursor(kCursors[known ? pointer : 0]);
+        viewport()->setCursor(known ? cursorOf(pointer) : Qt::IBeamCursor);
 }
 
 double RichTextView::RightMargin() const {

@@ -75,7 +75,9 @@ void RichTextView::updateCarets(const ShownLines& lines) {
 void RichTextView::setRedraw(bool on) {
     if (redraw_ == on) return;
     redraw_ = on;
-    if (on && (pending_ || !stale_.isEmpty())) changed();
+    if (!on) return;
+    if (pending_ || !stale_.isEmpty()) changed();
+    offerSelectAll();
 }
 
 bool RichTextView::redraw() const {

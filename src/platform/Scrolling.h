@@ -51,6 +51,8 @@ class Scrolling {
 
     /// By whole lines from the first visible one, cut at both ends.
     void byLines(Long lines);
+    /// The same by display rows.
+    void byRows(Long rows);
     /// The user, or code, moved a scroll bar: by `dy` the vertical one.
     void barsMoved(int dy);
     void wheel(QWheelEvent& event);
@@ -64,7 +66,6 @@ class Scrolling {
     void forgetWidths() { contentWidth_ = 0; }
 
   private:
-    void byRows(Long rows);
     void setTop(RowPlace top);
     void clampTop();
     void scrollToColumn(qreal x, qreal width);

@@ -173,10 +173,17 @@ qreal ShortLine::xInLayout(int position) const {
 }
 
 std::size_t ShortLine::columnAt(std::size_t row, qreal x) const {
-    const std::size_t column = fromLayout(layout_.lineAt(static_cast<int>(row)).xToCursor(x));
-    // the end of a row that is not the last is the start of the next one
-    const bool ofNextRow = row + 1 < rows_.size() && column >= rows_[row].box.end;
-    return ofNextRow ? std::max(rows_[row].box.begin + 1, rows_[row].box.end) - 1 : column;
+    const QTextLine line = layout_.lineAt(static_cast<int>(row));
+    int place = line.xToCursor(x);
+    if (row + 1 == rows_.size()) return fromLayout(place);
+    // the end of a row that is not the last is the start of the next one, and in the blanks before
+    // it the toolkit knows no place but their end
+    place = std::clamp(place, line.textStart(), line.textStart() + line.textLength() - 1);
+    const auto distance = [&](int from) { return std::abs(line.cursorToX(from) - x); };
+    while (place > line.textStart() && layout_.text().at(place - 1).isSpace() &&
+           distance(place - 1) <= distance(place))
+        --place;
+    return fromLayout(place);
 }
 
 std::optional<std::size_t> ShortLine::characterAt(std::size_t row, qreal x) const {

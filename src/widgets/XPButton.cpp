@@ -1,37 +1,15 @@
 #include "widgets/XPButton.h"
 
 #include <QApplication>
-#include <iterator>
 
 #include "platform/Desktop.h"
 #include "platform/KeyCodes.h"
+#include "platform/MousePointer.h"
 #include "platform/PropertyBag.h"
 #include "widgets/XPButtonAccessible.h"
 #include "widgets/XPButtonWidgetHost.h"
 
 namespace brindlex {
-namespace {
-
-/// By the value of MousePointer, from 1; 0 is the container's.
-constexpr Qt::CursorShape kCursors[] = {
-    Qt::ArrowCursor,      // arrow
-    Qt::CrossCursor,      // cross
-    Qt::IBeamCursor,      // I-beam
-    Qt::ArrowCursor,      // icon
-    Qt::SizeAllCursor,    // size
-    Qt::SizeBDiagCursor,  // size north-east to south-west
-    Qt::SizeVerCursor,    // size north to south
-    Qt::SizeFDiagCursor,  // size north-west to south-east
-    Qt::SizeHorCursor,    // size west to east
-    Qt::UpArrowCursor,    // up arrow
-    Qt::WaitCursor,       // hourglass
-    Qt::ForbiddenCursor,  // no drop
-    Qt::BusyCursor,       // arrow and hourglass
-    Qt::WhatsThisCursor,  // arrow and question mark
-    Qt::SizeAllCursor,    // size all
-};
-
-}  // namespace
 
 XPButton::XPButton(Desktop& desktop, QWidget* parent, XPButtonHost* host)
     : QWidget(parent),
@@ -82,14 +60,14 @@ void XPButton::SetEnabled(bool on) {
 
 void XPButton::SetMousePointer(int pointer) {
     const bool custom = pointer == kCustomPointer;
-    if (pointer < 0 || (pointer > static_cast<int>(std::size(kCursors)) && !custom)) return;
+    if (pointer < kDefaultPointer || (pointer > kLastPointer && !custom)) return;
     pointer_ = pointer;
     if (custom && !mouseIcon_.isNone())
         setCursor(QCursor(QPixmap::fromImage(mouseIcon_.image())));
-    else if (custom || pointer == 0)
+    else if (custom || pointer == kDefaultPointer)
         unsetCursor();
     else
-        setCursor(kCursors[pointer - 1]);
+        setCursor(cursorOf(pointer));
     host_.propertyChanged(QStringLiteral("mPointer"));
 }
 

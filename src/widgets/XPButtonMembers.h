@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "platform/ColorValue.h"
+#include "platform/MousePointer.h"
 #include "widgets/ButtonPicture.h"
 
 namespace brindlex {
@@ -67,8 +68,6 @@ struct XPButtonWindowMembers {
 
     bool operator==(const XPButtonWindowMembers&) const = default;
 };
-
-inline constexpr int kCustomPointer = 99;
 
 /// What input makes of a button.
 struct XPButtonLook {
