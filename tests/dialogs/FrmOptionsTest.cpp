@@ -7,6 +7,8 @@
 #include <QRadioButton>
 #include <functional>
 #include <memory>
+#include <string>
+#include <tuple>
 
 #include "platform/SettingsStore.h"
 #include "shell/AppState.h"

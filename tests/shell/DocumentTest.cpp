@@ -5,6 +5,8 @@
 #include <QListWidget>
 #include <QThread>
 #include <QTimer>
+#include <string>
+#include <tuple>
 
 #include "ShellTest.h"
 

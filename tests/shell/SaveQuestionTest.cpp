@@ -3,6 +3,10 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QUrl>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
 
 #include "ShellTest.h"
 

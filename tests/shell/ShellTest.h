@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <functional>
 #include <optional>
 
 #include "platform/SettingsStore.h"
