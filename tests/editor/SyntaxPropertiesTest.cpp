@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "editor/KELP_RTBSyntax.h"
-#include "editor/MainWindowSettings.h"
 
 namespace brindlex::test {
 namespace {
@@ -49,7 +48,8 @@ TEST(SyntaxProperties, RoundTripInTheirOrder) {
 
 TEST(SyntaxProperties, AnEmptyStoreGivesTheDefaults) {
     KELP_RTBSyntax editor;
-    applyMainWindowSettings(editor);
+    editor.SetColorOf_Comments(1);
+    editor.SetBorderStyle(0);
     editor.SetSyntax_Delimiter(" ");
     editor.SetText("' a");
     editor.ReadProperties(PropertyBag());

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QInputMethodEvent>
@@ -116,6 +117,9 @@ TEST_F(ShellTest, AComposedTextBelongsToTheDocumentThatACommandFinds) {
     desktop.expectBox(saveQuestion(kCommands[2].questionNamed, "Brindlex"), BoxAnswer::Cancel);
     window().close();
     EXPECT_EQ(editor().Text(), "newnewspawn\r\n");
+    compose();
+    control<QAbstractButton>("tbCOM").click();
+    EXPECT_EQ(editor().Text(), "//newnewnewspawn\r\n");
 }
 
 TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
