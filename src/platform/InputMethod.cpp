@@ -43,8 +43,6 @@ void InputMethod::handle(QInputMethodEvent& event) {
     keys_.typeText(event.commitString());
     select(event);
     view_.setPreedit(event.preeditString(), event.attributes());
-    const bool writes = event.replacementLength() > 0 || !event.commitString().isEmpty();
-    if (writes || !event.preeditString().isEmpty()) view_.ensureCaretVisible();
     event.accept();
 }
 

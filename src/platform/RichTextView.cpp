@@ -88,6 +88,7 @@ void RichTextView::textChanged(const TextEdit& edit) {
     actions_->forgetColumn();
     inputMethod_->changed();
     accessible_->textChanged(edit);
+    if (redraw_) followCaret();
 }
 
 void RichTextView::formatChanged(Range range) {
@@ -99,9 +100,7 @@ void RichTextView::selectionChanged() {
     const bool moved = box_.caret() != lastCaret_;
     lastCaret_ = box_.caret();
     // colouring and other work with redraw off does not scroll
-    if (moved && redraw_) scrolling_->bringCaret();
-    // who selects all stays where he reads
-    if (allSelected()) scrolling_->leaveCaret();
+    if (moved && redraw_) followCaret();
     if (!layouts_->preedit().text.isEmpty())
         layouts_->setPreedit(layouts_->preedit(), box_.caret());
     blink_->restart();

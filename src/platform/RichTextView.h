@@ -133,8 +133,11 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Whole rows that fit in the viewport, at least 1.
     int rowsPerPage() const;
     LineIndex firstVisibleLine();
-    /// Scrolls as little as it takes to show the caret, when the view settles next.
+    /// Scrolls as little as it takes to show the caret, when the view settles next. An edit does,
+    /// and a move of the caret, unless redraw is off or all becomes selected.
     void ensureCaretVisible();
+    /// The same as after an edit or a move: who selects all stays where he reads.
+    void followCaret();
     /// Overwrite mode shows a block caret.
     void setOverwriteMode(bool on);
     bool overwriteMode() const;

@@ -112,9 +112,7 @@ bool TextDragDrop::dropText(QDropEvent& event, Offset target) {
     const Range range{std::min(dragged_->begin(), Offset(box.length())),
                       std::min(dragged_->end(), Offset(box.length()))};
     if (event.dropAction() == Qt::CopyAction) return insertAt(target, box.rope().bytes(range));
-    const bool moved = box.userMove(range, target);
-    view_.ensureCaretVisible();
-    return moved;
+    return box.userMove(range, target);
 }
 
 bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {

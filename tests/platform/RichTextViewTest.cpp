@@ -301,10 +301,12 @@ TEST_F(RichTextViewTest, TheCaretComesIntoViewWhenItMovesAndRedrawIsOn) {
     EXPECT_GT(view.firstVisibleLine().value(), 100U);
     view.box().select(Offset(0), Offset(view.box().length()));
     EXPECT_GT(view.firstVisibleLine().value(), 100U) << "who selects all stays where he reads";
-    view.box().SetSelStart(6000);
+    view.box().select(Offset(6001), Offset(6000));
     view.verticalScrollBar()->setValue(3);
     settle();
     EXPECT_EQ(view.firstVisibleLine().value(), 3U) << "who scrolls is not brought back";
+    view.box().SetSelText("");
+    EXPECT_GT(view.firstVisibleLine().value(), 100U) << "an edit that leaves the caret in place";
 }
 
 TEST_F(RichTextViewTest, EditsAboveLeaveTheShownTextInPlace) {
