@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QPaintEvent>
 #include <QScreen>
 #include <QScrollBar>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "platform/Preedit.h"
 #include "text/Random.h"
 
 namespace brindlex {
@@ -130,7 +132,9 @@ void changeSomething(RichTextView& view, Random& random) {
         [&] { view.SetRightMargin(random.oneIn(2) ? 0 : RichTextView::kNoWrap); },
         [&] { view.setOverwriteMode(random.oneIn(2)); },
         [&] { view.setDropCaret(random.oneIn(2) ? std::optional(begin) : std::nullopt); },
-        [&] { view.setPreedit(random.oneIn(2) ? "preedit" : "", {}); },
+        [&] {
+            view.setPreedit({random.oneIn(2) ? "preedit" : "", {}});
+        },
         [&] { view.resize(view.width() + (random.oneIn(2) ? 40 : -40), view.height()); },
         [&] { view.SetHideSelection(random.oneIn(2)); },
     };
@@ -403,11 +407,13 @@ TEST_F(RichTextViewTest, TheCaretStandsInThePreeditText) {
     view.box().SetSelStart(6);
     const int before = view.caretRect().left();
     const int after = view.posFromChar(12).x();
-    view.setPreedit("abc", {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+    QInputMethodEvent composing("abc", {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+    QApplication::sendEvent(&view, &composing);
     const int advance = view.characterRect(Offset(0)).width();
     EXPECT_NEAR(view.caretRect().left(), before + 2 * advance, 2);
     EXPECT_NEAR(view.posFromChar(12).x(), after + 3 * advance, 2);
-    view.setPreedit({}, {});
+    QInputMethodEvent givenUp;
+    QApplication::sendEvent(&view, &givenUp);
     EXPECT_EQ(view.caretRect().left(), before);
     EXPECT_EQ(view.box().Text(), "before after");
 }
