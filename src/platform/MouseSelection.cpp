@@ -23,11 +23,6 @@ QPoint placeOf(const QMouseEvent& event) {
     return event.position().toPoint();
 }
 
-/// 1 left, 2 right, 4 middle, summed up: the toolkit's own numbers.
-int buttonsOf(Qt::MouseButtons buttons) {
-    return static_cast<int>(buttons & (Qt::LeftButton | Qt::RightButton | Qt::MiddleButton));
-}
-
 void raise(const MouseHandler& handler, int button, const QMouseEvent& event) {
     if (!handler) return;
     handler(button, shiftOf(event.modifiers()), Twips::fromPixels(event.position().x()),
@@ -48,7 +43,7 @@ void MouseSelection::press(QMouseEvent& event) {
     event.accept();
     letGo();
     clicking_ = event.button() == Qt::LeftButton;
-    raise(view_.onMouseDown, buttonsOf(event.button()), event);
+    raise(view_.onMouseDown, mouseButtonsOf(event.button()), event);
     if (event.button() == Qt::LeftButton)
         pressLeft(event);
     else if (event.button() == Qt::RightButton && !view_.isOnSelection(placeOf(event)))
@@ -83,7 +78,7 @@ void MouseSelection::begin(Unit unit, QPoint at) {
 
 void MouseSelection::move(QMouseEvent& event) {
     event.accept();
-    raise(view_.onMouseMove, buttonsOf(event.buttons()), event);
+    raise(view_.onMouseMove, mouseButtonsOf(event.buttons()), event);
     if (!event.buttons().testFlag(Qt::LeftButton)) {
         letGo();  // the release went elsewhere, to a window that a handler opened
     } else if (held_ == Held::Selecting) {
@@ -107,7 +102,7 @@ void MouseSelection::release(QMouseEvent& event) {
     }
     const bool click =
         left && std::exchange(clicking_, false) && view_.viewport()->rect().contains(at);
-    raise(view_.onMouseUp, buttonsOf(event.button()), event);
+    raise(view_.onMouseUp, mouseButtonsOf(event.button()), event);
     if (event.button() == Qt::MiddleButton) pastePrimary(at);
     if (click && view_.onClick) view_.onClick();
 }
