@@ -47,7 +47,7 @@ void MouseSelection::press(QMouseEvent& event) {
     if (event.button() == Qt::LeftButton)
         pressLeft(event);
     else if (event.button() == Qt::RightButton && !view_.isOnSelection(placeOf(event)))
-        actions_.moveTo(positionAt(placeOf(event)), false);
+        actions_.moveTo(actions_.positionAt(placeOf(event)), false);
 }
 
 void MouseSelection::pressLeft(const QMouseEvent& event) {
@@ -97,7 +97,7 @@ void MouseSelection::release(QMouseEvent& event) {
     if (left) {
         scroll_.stop();
         const Held held = std::exchange(held_, Held::Nothing);
-        if (held == Held::OnSelection) actions_.moveTo(positionAt(at), false);
+        if (held == Held::OnSelection) actions_.moveTo(actions_.positionAt(at), false);
         if (held == Held::Selecting) offerPrimarySelection(view_);
     }
     const bool click =
@@ -142,13 +142,13 @@ void MouseSelection::startDrag() {
 void MouseSelection::pastePrimary(QPoint at) {
     const auto text = primarySelection();
     if (!text || view_.box().Locked()) return;
-    const Offset place = positionAt(at);
+    const Offset place = actions_.positionAt(at);
     actions_.replace({place, place}, view_.codePage().fromUnicode(*text));
 }
 
 Range MouseSelection::unitAt(QPoint at) const {
     const CaretMotion units = actions_.motion();
-    const Offset position = positionAt(at);
+    const Offset position = actions_.positionAt(at);
     switch (unit_) {
         case Unit::Word:
             return units.wordAt(characterUnder(at));
@@ -159,12 +159,8 @@ Range MouseSelection::unitAt(QPoint at) const {
     }
 }
 
-Offset MouseSelection::positionAt(QPoint at) const {
-    return actions_.motion().snapped(view_.positionAt(at));
-}
-
 Offset MouseSelection::characterUnder(QPoint at) const {
-    const Offset nearest = positionAt(at);
+    const Offset nearest = actions_.positionAt(at);
     const CaretMotion units = actions_.motion();
     const bool behindIt =
         nearest > units.lineStart(nearest) && at.x() < view_.characterRect(nearest).left();
