@@ -117,11 +117,9 @@ void KELP_RTBSyntax::ColorizeBlock(Range lines) {
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {
-    const auto shown = [this](Long value) {
+    const auto shown = [this](Long value) -> ColorRef {
         const ColorValue color(static_cast<std::uint32_t>(value));
-        const ColorValue plain =
-            color.isSystem() ? ColorValue::of(color.resolve(palette())) : color;
-        return ColorRef{plain.value() & 0xFFFFFF};
+        return color.plain(palette()).value() & 0xFFFFFF;
     };
     ClassColors colors{};
     std::ranges::transform(colors_, colors.begin(), shown);
