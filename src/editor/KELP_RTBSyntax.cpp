@@ -27,11 +27,6 @@ const CommandKey* commandKey(int CommandKey::*code, int value) {
     return found == kCommandKeys.end() ? nullptr : &*found;
 }
 
-template <typename... Parameters, typename... Arguments>
-void notifyHost(const std::function<void(Parameters...)>& event, Arguments&&... arguments) {
-    if (event) event(std::forward<Arguments>(arguments)...);
-}
-
 }  // namespace
 
 KELP_RTBSyntax::KELP_RTBSyntax(QWidget* parent) : RichTextHost(parent) {
