@@ -4,7 +4,6 @@
 #include <QKeySequence>
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace brindlex {
 namespace {

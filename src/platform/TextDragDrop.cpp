@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
-#include <utility>
 
 #include "platform/CaretActions.h"
 #include "platform/LocalFile.h"
