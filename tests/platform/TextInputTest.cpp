@@ -35,31 +35,22 @@ class Input : public testing::Test {
         QApplication::setActiveWindow(&view_);
     }
 
-    void put(std::string_view marked) {
-        std::string text;
-        std::optional<Offset> anchor;
-        Offset caret;
-        for (const char byte : marked) {
-            if (byte == '|')
-                caret = Offset(text.size());
-            else if (byte == '^')
-                anchor = Offset(text.size());
-            else
-                text += byte == '\n' ? std::string("\r\n") : std::string(1, byte);
-        }
-        view_.box().SetText(text);
-        view_.box().select(anchor.value_or(caret), caret);
+    void put(QString text) {
+        text.replace("\n", "\r\n");
+        const qsizetype caret = QString(text).remove('^').indexOf('|');
+        const qsizetype anchor =
+            text.contains('^') ? QString(text).remove('|').indexOf('^') : caret;
+        view_.box().SetText(text.remove('|').remove('^').toStdString());
+        view_.box().select(Offset(anchor), Offset(caret));
     }
     std::string marked() const {
-        const RichTextBox& box = view_.box();
-        const std::string text = box.Text();
-        std::string marked;
-        for (std::size_t at = 0; at <= text.size(); ++at) {
-            if (box.anchor() != box.caret() && box.anchor() == Offset(at)) marked += '^';
-            if (box.caret() == Offset(at)) marked += '|';
-            if (at < text.size() && text[at] != '\r') marked += text[at];
-        }
-        return marked;
+        const std::size_t caret = view_.box().caret().value();
+        const std::size_t anchor = view_.box().anchor().value();
+        std::string text = view_.box().Text();
+        text.insert(caret, "|");
+        if (anchor != caret) text.insert(anchor + (anchor > caret ? 1 : 0), "^");
+        std::erase(text, '\r');
+        return text;
     }
     void strike(const std::vector<QKeyCombination>& keys) {
         for (const QKeyCombination& key : keys)
@@ -108,8 +99,6 @@ TEST_P(Keys, MoveSelectAndEdit) {
 
 const KeyCase kKeyCases[] = {
     // characters, line breaks, overwriting
-    {"a^bc|d", {Qt::Key_X}, "ax|d"},
-    {"a|b", {Qt::Key_Return}, "a\n|b"},
     {"a|b", {Qt::Key_Enter | Qt::KeypadModifier}, "a\n|b"},
     {"a|b", {Qt::Key_Tab, Qt::Key_Escape}, "a\t|b"},
     {"a|bc\nd", {Qt::Key_Insert, Qt::Key_X, Qt::Key_Y, Qt::Key_Z}, "axyz|\nd"},
@@ -118,7 +107,6 @@ const KeyCase kKeyCases[] = {
     {"a\n|b", {Qt::Key_Backspace}, "a|b"},
     {"ab|c", {kShift | Qt::Key_Backspace}, "a|c"},
     {"a|\nb", {Qt::Key_Delete}, "a|b"},
-    {"a|bc^d", {Qt::Key_Delete}, "a|d"},
     {"wait sound|", {kCtrl | Qt::Key_Backspace}, "wait |"},
     {"wait |sound {", {kCtrl | Qt::Key_Delete}, "wait |{"},
     {"one ^two| three", {kCtrl | Qt::Key_Delete}, "one | three"},
@@ -139,36 +127,23 @@ const KeyCase kKeyCases[] = {
     {"ab|\ncd", {kShift | Qt::Key_Down}, "ab^\ncd|"},
     {"a|b\nc", {kCtrl | Qt::Key_A}, "^ab\nc|"},
     // the clipboard and undo belong to the owner; menu shortcuts that no menu took do nothing
-    {"a^b|c", {kCtrl | Qt::Key_C, kCtrl | Qt::Key_X, kCtrl | Qt::Key_V}, "a^b|c"},
-    {"a^b|c", {kCtrl | Qt::Key_Z, kShift | Qt::Key_Delete}, "a^b|c"},
+    {"a^b|c", {kCtrl | Qt::Key_X, kCtrl | Qt::Key_Z, kShift | Qt::Key_Delete}, "a^b|c"},
     {"a^b|c", {kCtrl | Qt::Key_H, kCtrl | Qt::Key_J, kCtrl | Qt::Key_U}, "a^b|c"},
 };
 
 INSTANTIATE_TEST_SUITE_P(, Keys, testing::ValuesIn(kKeyCases));
 
 TEST_F(Input, PagesKeepTheColumnAndScroll) {
-    std::string lines = "abc|def";
-    for (int i = 0; i < 100; ++i) lines += i % 3 == 0 ? "\n" : "\nabcdef";
-    put(lines);
+    put("abc|def" + QStringLiteral("\n\nabcdef\nabcdef").repeated(33));
     const std::string start = marked();
     strike({Qt::Key_PageDown, Qt::Key_PageDown});
     const Long line = view_.box().GetLineFromChar(view_.box().SelStart());
     EXPECT_EQ(line, 2 * (view_.rowsPerPage() - 1));
-    EXPECT_GT(view_.firstVisibleLine().value(), 0U);
     strike({Qt::Key_PageUp, Qt::Key_PageUp});
     EXPECT_EQ(view_.firstVisibleLine().value(), 0U);
     strike({kCtrl | Qt::Key_Down});
     EXPECT_EQ(view_.firstVisibleLine().value(), 1U);
     EXPECT_EQ(marked(), start);
-}
-
-TEST_F(Input, LockedBoxKeepsItsTextAndLetsTheCaretMove) {
-    put("a^bc|d\ne");
-    view_.box().SetLocked(true);
-    strike({Qt::Key_X, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Return});
-    EXPECT_EQ(marked(), "a^bc|d\ne");
-    strike({Qt::Key_End});
-    EXPECT_EQ(marked(), "abcd|\ne");
 }
 
 // --- Key events ----------------------------------------------------------------------------------
@@ -229,41 +204,17 @@ TEST_F(Input, AutoRepeatRaisesKeyUpOnce) {
     EXPECT_EQ(ups, 1);
 }
 
-TEST_F(Input, HandlersConsumeAndExchangeKeys) {
-    int presses = 0;
-    view_.onKeyDown = [](int& code, int) {
-        if (code == 38 || code == 88 || code == 46) code = 0;
-    };
-    view_.onKeyPress = [&](int& ascii) {
-        ++presses;
-        if (ascii == '[') ascii = '{';
-        if (ascii == 'q' || ascii == 8) ascii = 0;
+TEST_F(Input, ControlCharactersAreConsumedAndMade) {
+    view_.onKeyPress = [](int& ascii) {
+        if (ascii == 8) ascii = 0;
         if (ascii == 'n') ascii = 13;
     };
-    put("ab\nc|d");
-    strike({Qt::Key_Up, Qt::Key_X, Qt::Key_Delete});
-    EXPECT_EQ(presses, 0);
-    QTest::keyClicks(&view_, "q");
-    strike({Qt::Key_Backspace});
-    EXPECT_EQ(marked(), "ab\nc|d");
-    QTest::keyClicks(&view_, "[n");
-    EXPECT_EQ(marked(), "ab\nc{\n|d");
+    put("ab|");
+    strike({Qt::Key_Backspace, Qt::Key_N});
+    EXPECT_EQ(marked(), "ab\n|");
 }
 
-TEST_F(Input, HandlersMayEditAtAnyMoment) {
-    put("|");
-    bool offering = false;
-    view_.box().onChange = [&] {
-        if (std::exchange(offering, true)) return;
-        view_.box().SetSelText("offer");
-        view_.box().SetSelStart(view_.box().SelStart() - 5);
-        view_.box().SetSelLength(5);
-        offering = false;
-    };
-    QTest::keyClicks(&view_, "tr");
-    EXPECT_EQ(marked(), "tr^offer|");
-
-    view_.box().onChange = nullptr;
+TEST_F(Input, HandlersMayShortenTheText) {
     view_.onKeyDown = [&](int&, int) { view_.box().SetText("short"); };
     put("a much longer text with the caret at its end|");
     strike({Qt::Key_Backspace});
@@ -277,16 +228,10 @@ TEST_F(Input, HandlersMayEditAtAnyMoment) {
 // --- Shortcuts and focus -------------------------------------------------------------------------
 
 TEST(Shortcuts, GoToTheMenuOrTheView) {
-    struct Case {
-        const char* shortcut;
-        bool menuGetsIt;
-    };
-    const Case cases[] = {
-        {"Ctrl+N", true},  {"Ctrl+J", true},     {"Ctrl+H", true},  {"Ctrl+A", true},
-        {"Ctrl+Y", true},  {"F5", true},         {"Alt+F", true},   {"Ctrl+Z", false},
-        {"Ctrl+C", false}, {"Ctrl+V", false},    {"Ctrl+X", false}, {"Del", false},
-        {"X", false},      {"Home", false},      {"Return", false}, {"Ctrl+Left", false},
-        {"Esc", false},    {"Shift+Ins", false},
+    const std::pair<const char*, bool> cases[] = {
+        {"Ctrl+J", true},     {"Ctrl+H", true}, {"Ctrl+A", true},     {"Alt+F", true},
+        {"Ctrl+Z", false},    {"Del", false},   {"X", false},         {"Return", false},
+        {"Ctrl+Left", false}, {"Esc", false},   {"Shift+Ins", false},
     };
     QMainWindow window;
     auto* view = new RichTextView(&window);
@@ -298,19 +243,12 @@ TEST(Shortcuts, GoToTheMenuOrTheView) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     view->setFocus();
-    bool seen = false;
-    view->onKeyDown = [&](int& code, int) {
-        const bool isModifier = 16 <= code && code <= 18;  // it goes down before the key
-        seen = seen || !isModifier;
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.shortcut);
-        entry.setShortcut(QKeySequence::fromString(row.shortcut));
-        triggered = seen = false;
+    for (const auto& [shortcut, menuGetsIt] : cases) {
+        entry.setShortcut(QKeySequence::fromString(shortcut));
+        triggered = false;
         const QKeyCombination key = entry.shortcut()[0];
         QTest::keyClick(view, key.key(), key.keyboardModifiers());
-        EXPECT_EQ(triggered, row.menuGetsIt);
-        EXPECT_NE(seen, row.menuGetsIt);
+        EXPECT_EQ(triggered, menuGetsIt) << shortcut;
     }
 }
 
@@ -423,15 +361,11 @@ TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
 }
 
 TEST_F(Input, DraggingBeyondTheEdgeScrollsOn) {
-    std::string lines = "|start";
-    for (int i = 0; i < 300; ++i) lines += "\nline";
-    put(lines);
+    put("|start" + QStringLiteral("\nline").repeated(300));
     mouse(kPress, 0);
     mouse(kMove, QPoint(5, view_.viewport()->height() + 60));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() > 40; }, 5000));
-    const Range far = view_.box().selection();
-    EXPECT_EQ(far.begin(), Offset(0));
-    EXPECT_GT(far.length(), 40U * 6);
+    EXPECT_GT(view_.box().SelLength(), 40 * 6);
     mouse(kMove, QPoint(5, -200));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() == 0; }, 5000));
     mouse(kRelease, 0);
@@ -467,14 +401,12 @@ class Drops : public Input {
 };
 
 TEST_F(Drops, TextFromOutsideIsInsertedAndSelected) {
-    int presses = 0;
-    view_.onKeyPress = [&](int&) { ++presses; };
+    view_.onKeyPress = [](int&) { ADD_FAILURE() << "nothing is typed"; };
     QMimeData data;
     data.setText(QString::fromUtf8("x\ny\u2192"));
     put("ab^cd|ef");
     EXPECT_TRUE(dropAt(1, data));
     EXPECT_EQ(marked(), "a^x\ny?|bcdef");
-    EXPECT_EQ(presses, 0);
     view_.box().SetLocked(true);
     EXPECT_FALSE(dropAt(1, data));
     EXPECT_EQ(marked(), "a^x\ny?|bcdef");
