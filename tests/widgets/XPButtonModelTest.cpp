@@ -96,34 +96,32 @@ TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesBetweenMembersAndAdvisesTheDe
 }
 
 TEST_F(XPButtonModelTest, HoverColoursFollowUntilLocked) {
+    using Hover = std::tuple<ColorValue, ColorValue, int>;
+    const auto hover = [this] {
+        return Hover(button.HoverBackColor(), button.HoverForeColor(), button.HoverColorLocks());
+    };
     button.SetBackColor(kRed);
     button.SetForeColor(kBlue);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
-    EXPECT_EQ(button.HoverForeColor(), kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 0);
     button.SetGradientColor(kBlue);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
+    EXPECT_EQ(hover(), Hover(kRed, kBlue, 0));
     button.SetGradientMode(3);
-    EXPECT_EQ(button.HoverBackColor(), kBlue);
+    EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
     button.SetBackColor(kButtonFace);
-    EXPECT_EQ(button.HoverBackColor(), kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 0);
+    EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
     button.SetGradientMode(0);
-    EXPECT_EQ(button.HoverBackColor(), kButtonFace);
+    EXPECT_EQ(hover(), Hover(kButtonFace, kBlue, 0));
 
     button.SetHoverBackColor(kRed);
-    EXPECT_EQ(button.HoverColorLocks(), 1);
+    EXPECT_EQ(hover(), Hover(kRed, kBlue, 1));
     button.SetHoverForeColor(kRed);
-    EXPECT_EQ(button.HoverColorLocks(), 3);
+    EXPECT_EQ(hover(), Hover(kRed, kRed, 3));
     button.SetBackColor(kBlue);
-    button.SetForeColor(kRed);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
-    button.SetHoverBackColor(kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 3);
+    button.SetForeColor(kBlue);
+    EXPECT_EQ(hover(), Hover(kRed, kRed, 3));
     button.SetHoverColorLocks(2);
-    EXPECT_EQ(button.HoverBackColor(), kBlue);
+    EXPECT_EQ(hover(), Hover(kBlue, kRed, 2));
     button.SetHoverColorLocks(0);
-    EXPECT_EQ(button.HoverForeColor(), kRed);
+    EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
 }
 
 TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
