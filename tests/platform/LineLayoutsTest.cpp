@@ -139,24 +139,6 @@ TEST(LineLayouts, ALineOfMegabytesIsMeasuredWhereItIsAskedFor) {
     EXPECT_EQ(laidOut.layouts.made(), 1U) << "the layout follows edits";
 }
 
-TEST(LineLayouts, RowsAreCutAtTheWidthAndCoverTheLine) {
-    LaidOutBox laidOut;
-    for (const qreal width : {1.0, 8.0, 100.0, 333.0}) {
-        SCOPED_TRACE(width);
-        laidOut.style.setWidth(width, width);
-        laidOut.box.SetText("some words that wrap, and averyveryveryverylongoneinbetween\tx");
-        const ShortLine line(laidOut.line(LineIndex(0)), laidOut.style);
-        std::size_t column = 0;
-        for (std::size_t row = 0; row < line.rowCount(); ++row) {
-            ASSERT_EQ(line.row(row).begin, column);
-            ASSERT_GT(line.row(row).end, column);
-            column = line.row(row).end;
-            EXPECT_TRUE(width < 100 || line.row(row).width <= width);
-        }
-        EXPECT_EQ(column, laidOut.box.length());
-    }
-}
-
 TEST(LineLayouts, EveryByteIsSeenAndKeepsTheRowsHeight) {
     LaidOutBox laidOut;
     laidOut.box.SetText("a");
