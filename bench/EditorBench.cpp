@@ -8,7 +8,7 @@
 #include "bench/ToolkitEditor.h"
 #include "bench/Typist.h"
 #include "editor/KELP_RTBSyntax.h"
-#include "editor/MainWindowSettings.h"
+#include "shell/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
 
 namespace brindlex::bench {

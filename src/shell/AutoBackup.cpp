@@ -8,6 +8,13 @@
 
 namespace brindlex {
 
+AutoBackup::AutoBackup(Parts parts, QObject* owner)
+    : parts_(std::move(parts)), timerAutoSave_(owner) {
+    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
+    timerAutoSave_.setInterval(60000);
+    timerAutoSave_.callOnTimeout([this] { onTimer(); });
+}
+
 void AutoBackup::SaveBackup(const QString& MapName) {
     const qsizetype extension = MapName.indexOf(QLatin1String(".map"));
     if (!parts_.state.AutoBackupEnabled || extension < 0) return;
@@ -15,6 +22,11 @@ void AutoBackup::SaveBackup(const QString& MapName) {
         parts_.programFolder + "/Backups/" + MapName.left(extension) + "_backup.script";
     if (writeScript(path, parts_.editor.rtb().box().rope()))
         parts_.panes.showBackupTime(parts_.desktop.now().time());
+}
+
+void AutoBackup::start() {
+    // Starting a timer that runs would put its tick off, with each typed character anew.
+    if (!timerAutoSave_.isActive()) timerAutoSave_.start();
 }
 
 bool AutoBackup::tick() {

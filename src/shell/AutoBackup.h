@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QTimer>
 #include <functional>
+#include <utility>
 
 namespace brindlex {
 
@@ -23,17 +25,26 @@ class AutoBackup {
         QString programFolder;  ///< holds the folder Backups, which is not made when it is missing
     };
 
-    explicit AutoBackup(Parts parts) : parts_(std::move(parts)) {}
+    /// Its timer becomes a child of `owner`.
+    AutoBackup(Parts parts, QObject* owner);
 
     /// Backs the text up under the name of a map, unless the settings say no, and shows the time.
     /// Without a map there is no name and no backup. A failure passes in silence: the last good
     /// backup and its time stay.
     void SaveBackup(const QString& MapName);
-    /// A minute has passed: true when it is time for a backup.
+
+    /// Minutes pass from here on; those of a timer that runs already go on.
+    void start();
+    /// The count of minutes stays.
+    void stop() { timerAutoSave_.stop(); }
+    /// Raised for each minute that has passed.
+    std::function<void()> onTimer;
+    /// Counts a minute: true when it is time for a backup.
     bool tick();
 
   private:
     Parts parts_;
+    QTimer timerAutoSave_;
     long BackupTicks_ = 0;  // whole minutes since the last backup by time
 };
 

@@ -1,11 +1,8 @@
 #include "shell/Document.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QPointer>
 #include <QScopedValueRollback>
-#include <QTimer>
 #include <QWidget>
 #include <tuple>
 #include <utility>
@@ -15,6 +12,7 @@
 #include "platform/Desktop.h"
 #include "platform/Files.h"
 #include "shell/AppState.h"
+#include "shell/AutoBackup.h"
 #include "shell/ErrorLine.h"
 #include "shell/Module1.h"
 #include "shell/ScriptFile.h"
@@ -38,34 +36,6 @@ QString baseNameOf(const QString& fileTitle) {
 
 }  // namespace
 
-/// The time in which a text is put into the editor, which is out of sight meanwhile.
-class Document::LoadingTime {
-  public:
-    explicit LoadingTime(Document& document)
-        : document_(document), focus_(document.parts_.window.focusWidget()) {
-        document_.EditorReady_ = false;
-        document_.parts_.desktop.setBusyPointer(true);
-        setVisible(false);
-    }
-    ~LoadingTime() {
-        document_.EditorReady_ = true;
-        document_.parts_.desktop.setBusyPointer(false);
-        setVisible(true);
-        if (focus_) focus_->setFocus();
-    }
-    LoadingTime(const LoadingTime&) = delete;
-    LoadingTime& operator=(const LoadingTime&) = delete;
-
-  private:
-    void setVisible(bool visible) {
-        document_.parts_.editor.setVisible(visible);
-        document_.parts_.panes.setLineVisible(visible);
-    }
-
-    Document& document_;
-    QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
-};
-
 /// A command's turn, if no other has it. A text that is being composed belongs to the document
 /// that the command finds.
 class Document::Turn {
@@ -80,7 +50,9 @@ class Document::Turn {
     QScopedValueRollback<bool> busy_;
 };
 
-Document::Document(Parts parts) : parts_(std::move(parts)) {
+Document::Document(Parts parts)
+    : parts_(std::move(parts)),
+      loader_({parts_.window, parts_.desktop, parts_.editor, parts_.panes}) {
     showTitle();
 }
 
@@ -104,12 +76,7 @@ void Document::showTitle() {
 
 void Document::textChanged() {
     if (!std::exchange(Dirty_, true)) showTitle();
-    startAutoSave();
-}
-
-void Document::startAutoSave() {
-    // Starting a timer that runs would put its tick off, with each typed character anew.
-    if (!parts_.timerAutoSave.isActive()) parts_.timerAutoSave.start();
+    parts_.backup.start();
 }
 
 void Document::initDialogs() {
@@ -126,15 +93,6 @@ void Document::reportUnreadable() {
 
 // --- Putting a text into the editor --------------------------------------------------------------
 
-namespace {
-
-/// What the user does meanwhile waits, so that no second load begins in the middle of this one.
-void yield() {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
-}  // namespace
-
 void Document::load(std::string FileText, void (Document::*become)()) {
     putIn(std::move(FileText), become);
     if (onLoaded) onLoaded();
@@ -143,16 +101,12 @@ void Document::load(std::string FileText, void (Document::*become)()) {
 void Document::putIn(std::string FileText, void (Document::*become)()) {
     const QScopedValueRollback busy(busy_, true);
     const QScopedValueRollback loading(loading_, true);
-    {
-        const LoadingTime loadingTime(*this);
-        yield();
-        parts_.editor.SetText(FileText);
-    }
+    loader_.put(FileText);
     FileText = {};
     if (onTextReplaced) onTextReplaced();
     parts_.panes.showLine(parts_.editor.GetCurrentLine());
     const Rope loaded = parts_.editor.rtb().box().rope();
-    yield();
+    EditorLoader::yield();
     (this->*become)();
     // Input methods and screen readers may have edited it in the yield.
     if (!(parts_.editor.rtb().box().rope() == loaded)) textChanged();
@@ -164,7 +118,7 @@ void Document::becomeUntitled() {
     name_ = QStringLiteral("Untitled");
     showTitle();
     FileTitle_.clear();
-    parts_.timerAutoSave.stop();
+    parts_.backup.stop();
 }
 
 void Document::becomeNamed() {
@@ -177,7 +131,7 @@ void Document::becomeNamed() {
 void Document::takeName(const QString& path) {
     FilePath_ = path;
     FileTitle_ = FileNameOf(path);
-    nameIsTaken_ = false;
+    needsNewName_ = false;
 }
 
 // --- At start ------------------------------------------------------------------------------------
@@ -199,7 +153,7 @@ void Document::startWith(QString commandLine) {
     MapName_ = baseName() + ".map";
     std::optional<std::string> FileText = Files::read(FilePath_);
     const QFileInfo file(Files::toSystemPath(FilePath_));
-    nameIsTaken_ = !FileText && (file.exists() || !file.dir().exists());
+    needsNewName_ = !FileText && (file.exists() || !file.dir().exists());
     load(std::move(FileText).value_or(std::string()), &Document::becomeNamed);
 }
 
@@ -242,14 +196,14 @@ void Document::openPath(const QString& path) {
     takeName(path);
     MapName_ = baseName() + ".map";
     load(std::move(*FileText), &Document::becomeNamed);
-    startAutoSave();
-    if (onBackupDue) onBackupDue();
+    parts_.backup.start();
+    parts_.backup.SaveBackup(MapName_);
 }
 
 void Document::SaveCurrent() {
     write(FilePath_);
     becomeNamed();
-    if (onBackupDue) onBackupDue();
+    parts_.backup.SaveBackup(MapName_);
 }
 
 void Document::SaveAs() {
@@ -272,7 +226,6 @@ void Document::write(const QString& path) const {
 
 bool Document::offerToSave(const QString& question, const QString& title) {
     if (!Dirty_) return true;
-    const QScopedValueRollback busy(busy_, true);
     const BoxAnswer answer = parts_.desktop.showBox(
         &parts_.window, {question, title, BoxIcon::Question, BoxButtons::YesNoCancel});
     if (answer == BoxAnswer::Yes) save();
@@ -280,10 +233,15 @@ bool Document::offerToSave(const QString& question, const QString& title) {
 }
 
 void Document::save() {
-    if (HasFileName_ && !nameIsTaken_)
+    if (HasFileName_ && !needsNewName_)
         SaveCurrent();
     else
         SaveAs();
+}
+
+bool Document::mayClose() {
+    const Turn turn(*this);
+    return turn && offerToSave("Do you want to save changes to " + displayName() + '?', kProgram);
 }
 
 void Document::funNew_Click() {

@@ -5,11 +5,13 @@
 #include <optional>
 #include <string>
 
-class QTimer;
+#include "shell/EditorLoader.h"
+
 class QWidget;
 
 namespace brindlex {
 
+class AutoBackup;
 class ErrorLine;
 class KELP_RTBSyntax;
 class StatusPanes;
@@ -29,7 +31,7 @@ class Document {
         KELP_RTBSyntax& editor;
         StatusPanes& panes;
         ErrorLine& errors;
-        QTimer& timerAutoSave;
+        AutoBackup& backup;
         QString programFolder;  ///< holds preset.txt
     };
 
@@ -43,8 +45,9 @@ class Document {
     bool HasFileName() const { return HasFileName_; }
     /// The text has changed since it was last read or saved.
     bool Dirty() const { return Dirty_; }
-    /// False while a document is being put into the editor, and before the first one was.
-    bool EditorReady() const { return EditorReady_; }
+    /// False while a text is being loaded into the editor, and before the first one was. Starting
+    /// with an empty text loads none.
+    bool EditorReady() const { return loader_.EditorReady(); }
     /// Of the window: the display name, the program's behind it, and a "*" while it is dirty.
     QString title() const;
     /// What questions call the document. Before the first one, the program's name.
@@ -64,8 +67,6 @@ class Document {
     /// Raised behind that, when text, name and state belong together again. The command that made
     /// it may still have its turn.
     std::function<void()> onLoaded;
-    /// Raised when a script has been opened or saved: the moment for a backup.
-    std::function<void()> onBackupDue;
 
     // --- At start ------------------------------------------------------------------------------
     /// Fixes what the dialogs start from.
@@ -94,16 +95,17 @@ class Document {
     void funSavePreset_Click();
     /// As funOpen_Click, for a file that is named already.
     void openDropped(const QString& path);
-    /// Offers to save unsaved text in front of something that would lose it; false to let that be.
-    /// Not for use while the document is busy.
-    bool offerToSave(const QString& question, const QString& title);
+    /// Asks about unsaved text when the window is to close; false to let it stay. It stays also
+    /// while another command has its turn.
+    bool mayClose();
 
   private:
-    class LoadingTime;
     class Turn;
 
     QString inProgramFolder(const char* name) const;
     QString openQuestion() const;
+    /// Offers to save unsaved text in front of something that would lose it; false to let that be.
+    bool offerToSave(const QString& question, const QString& title);
     std::optional<std::string> readPreset();
     std::optional<QString> askForFile(const FileQuestion& question);
     void openPath(const QString& path);
@@ -116,19 +118,18 @@ class Document {
     void becomeUntitled();
     void becomeNamed();
     void showTitle();
-    void startAutoSave();
     void reportUnreadable();
 
     Parts parts_;
+    EditorLoader loader_;
     QString FilePath_;
     QString FileTitle_;
     QString MapName_;
     std::optional<QString> name_;  // in the title; none before the first document
     QString saveFolder_;
     bool HasFileName_ = false;
-    bool nameIsTaken_ = false;  // what stands there was never read, or there is no such folder
+    bool needsNewName_ = false;  // what stands there was never read, or there is no such folder
     bool Dirty_ = false;
-    bool EditorReady_ = false;
     bool busy_ = false;
     bool loading_ = false;
 };

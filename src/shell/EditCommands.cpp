@@ -18,11 +18,11 @@ void EditCommands::funCopy_Click() {
     std::string text = editor_.SelText();
     // Plain text on a clipboard of the toolkit has LF; the toolkit makes the system's of it.
     std::erase(text, '\r');
-    desktop_.setClipboardText(CodePage::system().toUnicode(text));
+    desktop_.setClipboardText(editor_.rtb().codePage().toUnicode(text));
 }
 
 void EditCommands::funPaste_Click() {
-    replaceSelection(CodePage::system().fromUnicode(desktop_.clipboardText()));
+    replaceSelection(editor_.rtb().codePage().fromUnicode(desktop_.clipboardText()));
 }
 
 void EditCommands::funDelete_Click() {
@@ -43,7 +43,7 @@ void EditCommands::replaceSelection(std::string_view text) {
 void EditCommands::insert(const QString& text) {
     const RichTextBox& box = editor_.rtb().box();
     const std::size_t kept = box.length() - box.selection().length();
-    editor_.SetSelText(CodePage::system().fromUnicode(text));
+    editor_.SetSelText(editor_.rtb().codePage().fromUnicode(text));
     // Counted, for line ends in the text may have become longer.
     const auto inserted = static_cast<Long>(box.length() - kept);
     editor_.SetSelStart(editor_.SelStart() - inserted);

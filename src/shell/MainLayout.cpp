@@ -15,6 +15,7 @@ constexpr double kEditorTop = 360;
 constexpr double kStatusHeight = 270;
 constexpr double kStripHeight = 615;
 constexpr double kStripInset = 75;
+constexpr double kListHeight = 450;  // of txtError in a strip of kStripHeight
 
 /// The height of a line of the widget's font with `padding` pixels round it.
 double lineHeight(const QWidget& widget, int padding) {
@@ -31,7 +32,7 @@ MainLayout::MainLayout(const Controls& controls)
       Picture1_{controls.Picture1, {10560, 8160, 3255, 2295}},
       TreeView2_{controls.TreeView2, {10560, 360, 3255, 7815}},
       SB2_{controls.SB2, {0, 10260, 13815, kStripHeight}},
-      txtError_{controls.txtError, {kStripInset, kStripInset, 13575, 450}},
+      txtError_{controls.txtError, {kStripInset, kStripInset, 13575, kListHeight}},
       SB1_{controls.SB1, {0, 10860, 13980, kStatusHeight}} {
     for (Place* place :
          {&picToolBar_, &editor_, &TreeView1_, &Picture1_, &TreeView2_, &SB2_, &txtError_, &SB1_})
@@ -82,7 +83,7 @@ void MainLayout::growWithFont() {
     SB1_.twips.setHeight(std::max(kStatusHeight, lineHeight(SB1_.widget, 2)));
     const double strip = std::max(kStripHeight, 2 * kStripInset + lineHeight(txtError_.widget, 10));
     // The list fills the strip, less what it is smaller by from the start.
-    txtError_.twips.setHeight(strip - (kStripHeight - 450));
+    txtError_.twips.setHeight(strip - (kStripHeight - kListHeight));
     SB2_.twips.setHeight(strip);
 }
 
@@ -126,7 +127,7 @@ void MainLayout::arrangeStrip(double w, double h) {
     const QRectF strip = SB2_.twips;
     move(SB2_, {strip.left(), h - strip.height() - SB1_.twips.height(), w, strip.height()});
     const QRectF list = txtError_.twips;
-    move(txtError_, {list.left(), list.top(), w - 150, list.height()});
+    move(txtError_, {list.left(), list.top(), w - 2 * kStripInset, list.height()});
 }
 
 void MainLayout::keepClearOfStrips(QWidget& widget) const {

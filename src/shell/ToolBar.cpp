@@ -97,10 +97,9 @@ void ToolBar::pressChanged(int index) {
 }
 
 void ToolBar::place(int index) {
-    const double offset = ToolbarDown(index) ? kPressOffset : 0;
-    buttons_[index]->setGeometry(Twips::toPixels(kTable[index].left + offset),
-                                 Twips::toPixels(offset), Twips::toPixels(kSide),
-                                 Twips::toPixels(kSide));
+    const int offset = ToolbarDown(index) ? Twips::toPixels(kPressOffset) : 0;
+    const int side = Twips::toPixels(kSide);
+    buttons_[index]->setGeometry(Twips::toPixels(kTable[index].left) + offset, offset, side, side);
 }
 
 // The logical resolution may be another one now.

@@ -5,6 +5,7 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "shell/AppState.h"
+#include "shell/TextDifference.h"
 
 namespace brindlex {
 namespace {

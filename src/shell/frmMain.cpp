@@ -12,12 +12,12 @@
 #include <utility>
 
 #include "dialogs/frmOptions.h"
-#include "editor/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
 #include "platform/Desktop.h"
 #include "platform/LocalFile.h"
 #include "platform/Twips.h"
 #include "shell/AppState.h"
+#include "shell/MainWindowSettings.h"
 #include "shell/Module1.h"
 
 namespace brindlex {
@@ -39,25 +39,26 @@ frmMain::frmMain(AppState& state, const Surroundings& surroundings)
       surroundings_(surroundings),
       menuBar_(new QMenuBar(this)),
       inner_(new QWidget(this)),
-      commands_(*this, *menuBar_),
+      menu_(*this, *menuBar_),
       editor_(makeEditor()),
-      sidePanels_(commands_.entry("funShowCmd"), commands_.entry("funScriptTar"), inner_),
+      sidePanels_(menu_.entry("funShowCmd"), menu_.entry("funScriptTar"), inner_),
       picToolBar_(makeToolBar()),
       errorLine_(surroundings.desktop, *this, inner_),
       statusPanes_(inner_),
       List4_(makeCompletionList(inner_)),
       Picture2_(new CompletionTip(inner_)),
-      document_({*this, state, surroundings.desktop, *editor_, statusPanes_, errorLine_,
-                 timerAutoSave_, surroundings.programFolder}),
+      backup_({state, surroundings.desktop, *editor_, statusPanes_, surroundings.programFolder},
+              this),
+      document_({*this, state, surroundings.desktop, *editor_, statusPanes_, errorLine_, backup_,
+                 surroundings.programFolder}),
       undo_(state, *editor_),
-      backup_({state, surroundings.desktop, *editor_, statusPanes_, surroundings.programFolder}),
       editCommands_(*editor_, surroundings.desktop),
       layout_(controls()),
       position_(*this, surroundings.settings) {
     setObjectName(QStringLiteral("frmMain"));
     wireEditor();
     wireDocument();
-    wireAutoBackup();
+    backup_.onTimer = [this] { timerAutoSave_Timer(); };
     makeShortcuts();
     setTabOrders();
     setAcceptDrops(true);
@@ -78,15 +79,16 @@ KELP_RTBSyntax* frmMain::makeEditor() {
 }
 
 ToolBar* frmMain::makeToolBar() {
-    const ToolBarCommands commands{.funNew_Click = [this] { funNew_Click(); },
-                                   .funOpen_Click = [this] { funOpen_Click(); },
-                                   .funSave_Click = [this] { funSave_Click(); },
-                                   .funCut_Click = [this] { funCut_Click(); },
-                                   .funCopy_Click = [this] { funCopy_Click(); },
-                                   .funPaste_Click = [this] { funPaste_Click(); },
+    const auto runs = [this](Command command) { return [this, command] { run(command); }; };
+    const ToolBarCommands commands{.funNew_Click = runs(&frmMain::funNew_Click),
+                                   .funOpen_Click = runs(&frmMain::funOpen_Click),
+                                   .funSave_Click = runs(&frmMain::funSave_Click),
+                                   .funCut_Click = runs(&frmMain::funCut_Click),
+                                   .funCopy_Click = runs(&frmMain::funCopy_Click),
+                                   .funPaste_Click = runs(&frmMain::funPaste_Click),
                                    .funSearch_Click = {},
-                                   .funComBlock_Click = [this] { funComBlock_Click(); },
-                                   .funUnComBlock_Click = [this] { funUnComBlock_Click(); },
+                                   .funComBlock_Click = runs(&frmMain::funComBlock_Click),
+                                   .funUnComBlock_Click = runs(&frmMain::funUnComBlock_Click),
                                    .funCount_Click = {}};
     return new ToolBar(surroundings_.programFolder, commands, inner_);
 }
@@ -107,14 +109,13 @@ void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
     editor_->rtb().onFileDropped = [this](const QString& path) { document_.openDropped(path); };
-    editor_->setCommands({.undo = [this] { Undo(); },
-                          .copy = [this] { funCopy_Click(); },
-                          .paste = [this] { funPaste_Click(); },
-                          .cut = [this] { funCut_Click(); }});
+    editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
+                          .copy = [this] { run(&frmMain::funCopy_Click); },
+                          .paste = [this] { run(&frmMain::funPaste_Click); },
+                          .cut = [this] { run(&frmMain::funCut_Click); }});
 }
 
 void frmMain::wireDocument() {
-    document_.onBackupDue = [this] { SaveBackup(); };
     document_.onTextReplaced = [this] { undo_.clear(); };
     document_.onLoaded = [this] {
         if (!std::exchange(closeWanted_, false)) return;
@@ -122,12 +123,6 @@ void frmMain::wireDocument() {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
     };
-}
-
-void frmMain::wireAutoBackup() {
-    timerAutoSave_.setObjectName(QStringLiteral("timerAutoSave"));
-    timerAutoSave_.setInterval(60000);
-    timerAutoSave_.callOnTimeout([this] { timerAutoSave_Timer(); });
 }
 
 void frmMain::makeShortcuts() {
@@ -200,10 +195,7 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::Form_QueryUnload(bool& Cancel) {
-    editor_->rtb().commitComposition();
-    Cancel =
-        !document_.offerToSave("Do you want to save changes to " + document_.displayName() + '?',
-                               QStringLiteral("Brindlex"));
+    Cancel = !document_.mayClose();
     if (Cancel) return;
     ended_ = true;
     surroundings_.endProgram();
@@ -212,8 +204,8 @@ void frmMain::Form_QueryUnload(bool& Cancel) {
 void frmMain::closeEvent(QCloseEvent* event) {
     // In a yield of a load the text and its name do not belong together yet.
     closeWanted_ = document_.loading();
-    bool cancel = document_.busy();
-    if (!cancel && !ended_) Form_QueryUnload(cancel);
+    bool cancel = false;
+    if (!ended_) Form_QueryUnload(cancel);
     event->setAccepted(!cancel);
 }
 
@@ -278,11 +270,16 @@ void frmMain::KELP_RTBSyntax1_SelChange() {
 }
 
 void frmMain::timerAutoSave_Timer() {
-    // In a load the text and the map's name do not belong together yet; its end makes a backup.
-    if (backup_.tick() && !document_.loading()) SaveBackup();
+    // In a load the text and the map's name do not belong together yet.
+    if (!document_.loading() && backup_.tick()) SaveBackup();
 }
 
 // --- Commands ------------------------------------------------------------------------------------
+
+void frmMain::run(Command command) {
+    editor_->rtb().commitComposition();
+    (this->*command)();
+}
 
 int frmMain::FormCount(const QString& frmName) const {
     const auto isNamed = [&frmName](const QWidget* form) {
@@ -302,10 +299,10 @@ QString frmMain::UpdateError(const QString& ErrorMessage) {
 void frmMain::funEdit_Click() {
     const RichTextBox& box = editor_->rtb().box();
     for (const char* name : {"funSearch", "funReplace", "funGoTo"})
-        commands_.enable(name, box.length() > 0);
-    for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
-    commands_.enable("funPaste", !surroundings_.desktop.clipboardText().isEmpty());
-    commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
+        menu_.enable(name, box.length() > 0);
+    for (const char* name : {"funCut", "funCopy"}) menu_.enable(name, !box.selection().empty());
+    menu_.enable("funPaste", !surroundings_.desktop.clipboardText().isEmpty());
+    menu_.enable("funInsMap", !document_.FileTitle().isEmpty());
 }
 
 void frmMain::funInsMap_Click() {

@@ -1,17 +1,16 @@
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
 #include <memory>
 
 #include "editor/KELP_RTBSyntax.h"
 #include "shell/AutoBackup.h"
-#include "shell/Commands.h"
 #include "shell/CompletionTip.h"
 #include "shell/Document.h"
 #include "shell/EditCommands.h"
 #include "shell/ErrorLine.h"
 #include "shell/MainLayout.h"
+#include "shell/MainMenu.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
 #include "shell/ToolBar.h"
@@ -59,6 +58,12 @@ class frmMain : public QWidget {
     /// Adds a line to txtError; the result is always empty.
     QString UpdateError(const QString& ErrorMessage);
     void InitSyntaxEditor();
+
+    // --- Commands ------------------------------------------------------------------------------
+    using Command = void (frmMain::*)();
+    /// Runs a command that the user gives. The text that is being composed is put in first, or it
+    /// would come into the text that the command leaves.
+    void run(Command command);
 
     // --- Menu File -----------------------------------------------------------------------------
     void funNew_Click() { document_.funNew_Click(); }
@@ -109,7 +114,6 @@ class frmMain : public QWidget {
     MainLayout::Controls controls();
     void wireEditor();
     void wireDocument();
-    void wireAutoBackup();
     void makeShortcuts();
     void setFirstSize();
     void setTabOrders();
@@ -123,7 +127,7 @@ class frmMain : public QWidget {
     const Surroundings& surroundings_;
     QMenuBar* menuBar_;
     QWidget* inner_;  // everything below the menu
-    Commands commands_;
+    MainMenu menu_;
     KELP_RTBSyntax* editor_;
     SidePanels sidePanels_;
     ToolBar* picToolBar_;
@@ -131,10 +135,9 @@ class frmMain : public QWidget {
     StatusPanes statusPanes_;
     QListWidget* List4_;
     CompletionTip* Picture2_;
-    QTimer timerAutoSave_{this};
+    AutoBackup backup_;
     Document document_;
     UndoHistory undo_;
-    AutoBackup backup_;
     EditCommands editCommands_;
     MainLayout layout_;
     WindowPosition position_;

@@ -1,68 +1,55 @@
 #include <gtest/gtest.h>
 
 #include "editor/KELP_RTBSyntax.h"
-#include "editor/MainWindowSettings.h"
 
 namespace brindlex::test {
 namespace {
 
-/// A store that says no of everything else, so that each key is written.
+/// Texts have their own names as values and numbers their places, where no other value is needed.
 TEST(SyntaxProperties, RoundTripInTheirOrder) {
-    const std::vector<std::pair<QString, QVariant>> properties = {
-        {"AutoVerbMenu", true},
-        {"BackColor", qlonglong{0xABCDEF}},
-        {"BorderStyle", qlonglong{0}},
-        {"BulletIndent", 120.0},
-        {"Enabled", false},
-        {"HideSelection", false},
-        {"Locked", true},
-        {"MaxLength", qlonglong{500}},
-        {"MousePointer", qlonglong{2}},
-        {"RightMargin", 100000.0},
-        {"Text", QString("wait \"x\"\r\n' comment")},
-        {"Font", QVariant::fromValue(QFont("Courier New", 13))},
-        {"hWnd", qlonglong{7}},
-        {"ForeColor", qlonglong{255}},
-        {"Syntax_ReservedWords", QString(" one ")},
-        {"Syntax_ProceduresORFunctions", QString(" two ")},
-        {"Syntax_Delimiter", QString(" ")},
-        {"Syntax_LogicalOperators", QString(" three ")},
-        {"Syntax_Operators", QString(" four ")},
-        {"Syntax_Objects", QString(" five ")},
-        {"Syntax_Constants", QString(QChar(0xE4))},
-        {"ColorOf_Comments", qlonglong{1}},
-        {"ColorOf_ReservedWords", qlonglong{2}},
-        {"ColorOf_ProceduresORFunctions", qlonglong{3}},
-        {"ColorOf_LogicalOperators", qlonglong{4}},
-        {"ColorOf_Operators", qlonglong{5}},
-        {"ColorOf_Objects", qlonglong{6}},
-        {"ColorOf_Constants", qlonglong{7}},
-        {"ColorOf_Strings", qlonglong{8}},
-        {"ColorOf_Normal", qlonglong{9}},
-        {"Syntax_StringChar", QString("''")},
-        {"Syntax_CommentChar", QString("//")}};
+    const QStringList keys =
+        QString(
+            "AutoVerbMenu BackColor BorderStyle BulletIndent Enabled HideSelection Locked "
+            "MaxLength MousePointer RightMargin Text Font hWnd ForeColor Syntax_ReservedWords "
+            "Syntax_ProceduresORFunctions Syntax_Delimiter Syntax_LogicalOperators "
+            "Syntax_Operators Syntax_Objects Syntax_Constants ColorOf_Comments "
+            "ColorOf_ReservedWords ColorOf_ProceduresORFunctions ColorOf_LogicalOperators "
+            "ColorOf_Operators ColorOf_Objects ColorOf_Constants ColorOf_Strings "
+            "ColorOf_Normal Syntax_StringChar Syntax_CommentChar")
+            .split(' ');
+    const QHash<QString, QVariant> others = {{"AutoVerbMenu", true},
+                                             {"Enabled", false},
+                                             {"HideSelection", false},
+                                             {"Locked", true},
+                                             {"BorderStyle", 0},
+                                             {"RightMargin", 1e5},
+                                             {"Text", "a\r\n' b"},
+                                             {"Font", QFont("Courier New", 13)},
+                                             {"Syntax_Constants", QString(QChar(0xE4))}};
+    const auto valueOf = [&](const QString& key) {
+        const QVariant plain = key.startsWith("Syntax_") ? QVariant(key) : keys.indexOf(key);
+        return others.value(key, plain);
+    };
     PropertyBag stored;
-    for (const auto& [key, value] : properties) stored.writeProperty(key, value, QVariant());
+    for (const QString& key : keys) stored.writeProperty(key, valueOf(key), QVariant());
     KELP_RTBSyntax editor;
     editor.ReadProperties(stored);
-    EXPECT_EQ(editor.ColorOf_Objects(), 6);
-    EXPECT_EQ(editor.Syntax_Operators(), " four ");
+    EXPECT_EQ(editor.ColorOf_Objects(), keys.indexOf("ColorOf_Objects"));
+    EXPECT_EQ(editor.Syntax_Operators(), "Syntax_Operators");
     EXPECT_EQ(editor.Syntax_Constants(), "\xE4");
 
     PropertyBag written;
     editor.WriteProperties(written);
-    const std::vector<QString> keys = written.keys();
-    ASSERT_EQ(keys.size(), properties.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        EXPECT_EQ(keys[i], properties[i].first);
-        EXPECT_EQ(written.readProperty(keys[i], QVariant()), properties[i].second)
-            << keys[i].toStdString();
-    }
+    const std::vector<QString> writtenKeys = written.keys();
+    EXPECT_EQ(QStringList(writtenKeys.begin(), writtenKeys.end()), keys);
+    for (const QString& key : keys)
+        EXPECT_EQ(written.readProperty(key, QVariant()), valueOf(key)) << key.toStdString();
 }
 
 TEST(SyntaxProperties, AnEmptyStoreGivesTheDefaults) {
     KELP_RTBSyntax editor;
-    applyMainWindowSettings(editor);
+    editor.SetColorOf_Comments(1);
+    editor.SetBorderStyle(0);
     editor.SetSyntax_Delimiter(" ");
     editor.SetText("' a");
     editor.ReadProperties(PropertyBag());

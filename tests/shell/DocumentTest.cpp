@@ -5,6 +5,8 @@
 #include <QListWidget>
 #include <QThread>
 #include <QTimer>
+#include <string>
+#include <tuple>
 
 #include "ShellTest.h"
 
@@ -17,9 +19,9 @@ TEST_F(DocumentTest, NewDocumentStartsFromThePresetCleanAndUntitled) {
     start();
     EXPECT_EQ(editor().Text(), "preset\r\n");
     EXPECT_EQ(title(), "Untitled - Brindlex");
-    EXPECT_EQ(window().windowTitle(), "Untitled - Brindlex");
-    EXPECT_FALSE(document().Dirty());
     EXPECT_FALSE(document().HasFileName());
+    EXPECT_EQ(window().FormCount("FRMMAIN"), 1);
+    EXPECT_EQ(program->state().BlockNames, std::vector<std::string>{"game_manager"});
     type("x");
     type("y");
     EXPECT_EQ(title(), "Untitled - Brindlex*");
@@ -32,8 +34,7 @@ TEST_F(DocumentTest, WithoutAPresetTheEditorIsNotReadyUntilAFirstLoad) {
     EXPECT_EQ(editor().Text(), "");
     EXPECT_EQ(title(), "Untitled - Brindlex");
     EXPECT_FALSE(document().EditorReady());
-    desktop.expectFile(openDialog(), folder.path("scripts/battery.script"));
-    trigger("funOpen");
+    open("scripts/battery.script");
     trigger("funNew");
     EXPECT_TRUE(document().EditorReady());
     EXPECT_EQ(editor().Text(), "");
@@ -129,7 +130,6 @@ class UnreadableTest : public ShellTest, public testing::WithParamInterface<cons
         folder.put("scripts/folder/file", "");
         mkfifo(folder.at("scripts/fifo").c_str(), 0600);
         std::filesystem::create_symlink("nowhere", folder.at("scripts/dangling"));
-        path = folder.path(std::string("scripts/") + GetParam());
     }
     QStringList errors() {
         QStringList lines;
@@ -137,15 +137,14 @@ class UnreadableTest : public ShellTest, public testing::WithParamInterface<cons
         for (int i = 0; i < list.count(); ++i) lines += list.item(i)->text();
         return lines;
     }
-    QString path;
+    const std::string path = std::string("scripts/") + GetParam();
 };
 
 TEST_P(UnreadableTest, OpenReportsItAndChangesNothing) {
     startNamed();
     type("x");
     desktop.expectBox(saveQuestion("Do you want to save battery.script"), BoxAnswer::No);
-    desktop.expectFile(openDialog(), path);
-    trigger("funOpen");
+    open(path);
     EXPECT_EQ(errors(), QStringList("(12:00:00) - Error: Unknown error involving the script or map "
                                     "file."));
     EXPECT_EQ(editor().Text(), "xspawn\r\n");
@@ -154,7 +153,7 @@ TEST_P(UnreadableTest, OpenReportsItAndChangesNothing) {
 }
 
 TEST_P(UnreadableTest, OnTheCommandLineItIsAnEmptyTextOfThatName) {
-    start(path);
+    start(folder.path(path));
     EXPECT_EQ(editor().Text(), "");
     EXPECT_EQ(title(), std::string(GetParam()) + " - Brindlex");
     EXPECT_TRUE(document().HasFileName());
@@ -165,7 +164,7 @@ TEST_P(UnreadableTest, OnTheCommandLineItIsAnEmptyTextOfThatName) {
 TEST_P(UnreadableTest, AsAPresetItStartsEmptyAndMakesNewDoNothing) {
     std::filesystem::remove(folder.at("program/preset.txt"));
     std::error_code ignored;
-    std::filesystem::rename(path.toStdString(), folder.at("program/preset.txt"), ignored);
+    std::filesystem::rename(folder.at(path), folder.at("program/preset.txt"), ignored);
     start();
     EXPECT_EQ(title(), "Untitled - Brindlex");
     EXPECT_TRUE(document().EditorReady());
@@ -196,27 +195,21 @@ TEST_F(DocumentTest, AFileThatIsThereButWasNotReadIsNotSavedOver) {
 // --- Names ---------------------------------------------------------------------------------------
 
 TEST_F(DocumentTest, TheNameGivesTitleMapAndBaseName) {
-    struct Case {
-        const char* fileName;
-        const char* mapName;
-        const char* baseName;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, std::string> rows[] = {
         {"battery_fort.txt", "battery_f.map", "battery_f"},
         {".script", ".map", ""},
         {"a.b.c", "a.b.map", "a.b"},
         {"abc", "abc.map", "abc"},
         {"R&D [*] 50%1.script", "R&D [*] 50%1.map", "R&D [*] 50%1"},
     };
-    for (const Case& row : cases) {
-        const std::string name = std::string("scripts/") + row.fileName;
-        folder.put(name, "text");
-        start(folder.path(name));
-        EXPECT_EQ(title(), std::string(row.fileName) + " - Brindlex");
-        EXPECT_EQ(document().MapName(), row.mapName);
+    for (const auto& [fileName, mapName, baseName] : rows) {
+        folder.put("scripts/" + fileName, "text");
+        start(folder.path("scripts/" + fileName));
+        EXPECT_EQ(title(), fileName + " - Brindlex");
+        EXPECT_EQ(document().MapName().toStdString(), mapName);
         trigger("funInsMap");
-        EXPECT_EQ(editor().SelText(), row.baseName);
-        EXPECT_EQ(editor().Text(), row.baseName + std::string("text"));
+        EXPECT_EQ(editor().SelText(), baseName);
+        EXPECT_EQ(editor().Text(), baseName + "text");
     }
     // the toolkit's place holder; twice means once, to the letter
     EXPECT_EQ(window().windowTitle(), "R&D [*][*] 50%1.script - Brindlex*");

@@ -7,79 +7,63 @@
 namespace brindlex {
 namespace {
 
-/// A desktop that writes down when the pointer changes.
-class NotedPointer : public FakeDesktop {
-  public:
-    explicit NotedPointer(QStringList& notes) : notes_(notes) {}
-    void setBusyPointer(bool busy) override {
-        notes_ += busy ? "hourglass" : "arrow";
-        FakeDesktop::setBusyPointer(busy);
-    }
-
-  private:
-    QStringList& notes_;
-};
-
-/// Writes down when a widget goes and comes.
+/// Tells when a widget goes and comes.
 class NotedVisibility : public QObject {
   public:
-    NotedVisibility(QWidget& widget, const char* name, QStringList& notes)
-        : name_(name), notes_(notes) {
+    NotedVisibility(QWidget& widget, std::function<void(const char*)> note)
+        : note_(std::move(note)) {
         widget.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Hide) notes_ += name_ + " hidden";
-        if (event->type() == QEvent::Show) notes_ += name_ + " shown";
+        if (event->type() == QEvent::Hide) note_("hidden");
+        if (event->type() == QEvent::Show) note_("shown");
         return false;
     }
 
   private:
-    QString name_;
-    QStringList& notes_;
+    std::function<void(const char*)> note_;
 };
 
 class LoadOrderTest : public ShellTest {
   protected:
     LoadOrderTest() { folder.put("scripts/next.script", "a\nb"); }
 
-    /// Opens the file; `then` runs while its dialog is open.
-    void openNext(FakeDesktop& onDesktop, std::function<void()> then) {
-        onDesktop.expectFile(openDialog(), folder.path("scripts/next.script"), std::move(then));
-        trigger("funOpen");
-    }
     /// `work` runs in the first yield of a load, or, when nested, in the one after it.
     void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }
 };
 
 TEST_F(LoadOrderTest, GoesStepByStep) {
+    start();
     QStringList notes;
-    NotedPointer pointer(notes);
-    start(pointer, {});
-    NotedVisibility editorNotes(editor(), "editor", notes);
-    NotedVisibility paneNotes(control<QLabel>("SB1_Pane1"), "pane", notes);
+    const auto note = [&](const QString& what) {
+        notes += what + (desktop.busyPointer() ? " busy" : "") +
+                 (document().EditorReady() ? " ready" : "");
+    };
+    NotedVisibility editorNotes(editor(), [&](auto what) { note(QString("editor ") + what); });
+    NotedVisibility paneNotes(control("SB1_Pane1"),
+                              [&](auto what) { note(QString("pane ") + what); });
     editor().SetSelStart(8);
-    const auto tell = [&](const char* what, const std::function<void()>& own) {
-        return [&notes, this, what, own] {
-            notes += what;
-            if (document().EditorReady()) notes += "ready";
+    open("scripts/next.script", [&] {
+        notes.clear();
+        editor().onChange = [&, own = editor().onChange] {
+            note("Change");
             own();
         };
-    };
-    openNext(pointer, [&] {
-        notes.clear();
-        editor().onChange = tell("Change", editor().onChange);
-        editor().onSelChange = tell("SelChange", editor().onSelChange);
+        editor().onSelChange = [&, own = editor().onSelChange] {
+            note("SelChange");
+            own();
+        };
         inAYield([&] {
-            notes += "yield";
-            inAYield([&] { notes += "yield"; });
+            note("yield");
+            inAYield([&] { note("yield"); });
         });
     });
     EXPECT_EQ(notes.join(", ").toStdString(),
-              "hourglass, editor hidden, pane hidden, yield, SelChange, Change, SelChange, Change, "
-              "SelChange, arrow, editor shown, pane shown, yield");
+              "editor hidden busy, pane hidden busy, yield busy, SelChange busy, Change busy, "
+              "SelChange busy, Change busy, SelChange busy, editor shown ready, pane shown ready, "
+              "yield ready");
     EXPECT_EQ(editor().Text(), "a\r\nb");
     EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 1");
-    EXPECT_FALSE(pointer.busyPointer());
 }
 
 TEST_F(LoadOrderTest, GivesTheFocusBack) {
@@ -94,7 +78,7 @@ TEST_F(LoadOrderTest, GivesTheFocusBack) {
 
 TEST_F(LoadOrderTest, WhatComesInAYieldWaitsOrDoesNothing) {
     start();
-    openNext(desktop, [this] {
+    open("scripts/next.script", [this] {
         editor().rtb().onFileDropped(folder.path("scripts/battery.script"));
         inAYield([this] {
             window().close();
@@ -113,7 +97,7 @@ TEST_F(LoadOrderTest, AnEditInTheLastYieldIsUnsaved) {
     type("early");
     type("er");
     desktop.expectBox(saveQuestion("Do you want to save Untitled"), BoxAnswer::No);
-    openNext(desktop, [this] {
+    open("scripts/next.script", [this] {
         inAYield([this] {
             inAYield([this] {
                 window().Undo();

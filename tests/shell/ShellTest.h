@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <functional>
 #include <optional>
 
 #include "platform/SettingsStore.h"
@@ -33,9 +34,8 @@ class ShellTest : public testing::Test {
     std::string stored(const QString& key) const {
         return settings.read("Brindlex", "Options", key).toStdString();
     }
-    void start(const QString& commandLine = {}) { start(desktop, commandLine); }
-    void start(Desktop& withDesktop, const QString& commandLine) {
-        program.emplace(Surroundings{withDesktop, settings, folder.path("program"), commandLine,
+    void start(const QString& commandLine = {}) {
+        program.emplace(Surroundings{desktop, settings, folder.path("program"), commandLine,
                                      [this] { ++ends; }});
         Main(*program);
     }
@@ -51,6 +51,11 @@ class ShellTest : public testing::Test {
         return *window().findChild<Control*>(name);
     }
     void trigger(const char* entry) { control<QAction>(entry).trigger(); }
+    /// `meanwhile` runs while the dialog is open.
+    void open(const std::string& name, std::function<void()> meanwhile = {}) {
+        desktop.expectFile(openDialog(), folder.path(name), std::move(meanwhile));
+        trigger("funOpen");
+    }
 
     FileQuestion openDialog() {
         return {"Open script file", folder.path("maps"), kScriptFilters, false};

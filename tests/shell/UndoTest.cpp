@@ -1,7 +1,7 @@
-#include <random>
 #include <utility>
 
 #include "ShellTest.h"
+#include "text/Random.h"
 
 namespace brindlex {
 namespace {
@@ -83,25 +83,6 @@ class NaiveUndo {
 
 class UndoTest : public ShellTest {
   protected:
-    /// The text with the selection in brackets, the caret as one bar.
-    std::string shown() {
-        std::string text = editor().Text();
-        const auto start = std::size_t(editor().SelStart());
-        const auto length = std::size_t(editor().SelLength());
-        if (length == 0) return text.insert(start, "|");
-        return text.insert(start + length, "]").insert(start, "[");
-    }
-    void typeEach(std::string_view text) {
-        for (const char c : text) type({&c, 1});
-    }
-    std::string undone(int steps = 1) {
-        while (steps-- > 0) trigger("funUndo");
-        return shown();
-    }
-    std::string redone(int steps = 1) {
-        while (steps-- > 0) trigger("funRedo");
-        return shown();
-    }
     void startWithText(const std::string& text) {
         folder.put("scripts/battery.script", text);
         startNamed();
@@ -109,78 +90,37 @@ class UndoTest : public ShellTest {
     }
 };
 
-TEST_F(UndoTest, TypedCharactersGoAndComeOneByOne) {
-    startWithText("spawn");
-    EXPECT_EQ(undone(), "spawn|");
-    typeEach("abc");
-    EXPECT_EQ(undone(), "spawnab|");
-    EXPECT_EQ(undone(), "spawna|");
-    EXPECT_EQ(undone(9), "spawna|") << "the first change has no record below it";
-    EXPECT_EQ(redone(), "spawnab|");
-    typeEach("x");
-    EXPECT_EQ(redone(), "spawnabx|") << "a change ends what could be redone";
-    EXPECT_TRUE(document().Dirty());
-}
-
-TEST_F(UndoTest, WhatIsLongerComesBackSelected) {
-    startWithText("one\r\ntwo");
-    type("!");
-    type(" three");
-    EXPECT_EQ(undone(), "one\r\ntwo!|");
-    EXPECT_EQ(redone(), "one\r\ntwo![ three]");
-    editor().SetSelStart(3);
-    editor().SetSelLength(2);
-    type("");
-    EXPECT_EQ(undone(), "one\r\n|two! three") << "but for a line break";
-    editor().SetSelStart(0);
-    editor().SetSelLength(3);
-    type("");
-    EXPECT_EQ(undone(), "[one]\r\ntwo! three");
-    EXPECT_EQ(redone(), "|\r\ntwo! three");
-}
-
-TEST_F(UndoTest, OnlyTheDifferenceInLengthIsUndone) {
-    startWithText("abcdef");
-    type("!");
-    editor().SetSelStart(1);
-    editor().SetSelLength(2);
-    type("XY");
-    EXPECT_EQ(undone(), "aXY|def!") << "as long as before: passed over";
-    editor().SetSelStart(1);
-    editor().SetSelLength(4);
-    type("-");
-    EXPECT_EQ(undone(), "a-[cde]f!") << "from the record below, which never knew of XY";
-}
-
 TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
     startWithText("spawn");
-    typeEach("abc");
+    type("a");
+    type("b");
     desktop.expectBox(saveQuestion("Do you want to save battery.script?"), BoxAnswer::No);
     trigger("funNew");
-    EXPECT_EQ(undone(), "|preset\r\n");
-    EXPECT_EQ(redone(), "|preset\r\n");
+    trigger("funUndo");
+    trigger("funRedo");
+    EXPECT_EQ(editor().Text(), "preset\r\n");
     EXPECT_FALSE(document().Dirty());
     put("GetPreset", "0");
     start();
-    typeEach("abc");
-    EXPECT_EQ(undone(), "abc|") << "not ready before a first load";
+    type("a");
+    type("b");
+    trigger("funUndo");
+    EXPECT_EQ(editor().Text(), "ab") << "not ready before a first load";
 }
 
 /// Replays on records that do not fit the text, as after one whose line breaks were mended, keep
 /// within it.
 TEST_F(UndoTest, RandomEditsReplayAsWithWholeStrings) {
-    const std::string kBytes = "ab \t{\r\n";
-    for (const unsigned seed : {1U, 2U, 3U, std::random_device{}()}) {
+    for (const std::uint64_t seed : test::seeds(3)) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
-        std::mt19937 random(seed);
-        const auto below = [&random](std::size_t n) { return Long(random() % n); };
+        test::Random random(seed);
+        const auto below = [&random](std::size_t count) { return Long(random.below(count)); };
         startWithText("one\r\ntwo");
         NaiveUndo naive("one\r\ntwo");
         for (int step = 0; step < 400; ++step) {
             const Long at = below(editor().Text().size() + 1);
             const Long length = below(4) * below(3);
-            std::string text;
-            for (Long n = below(6); n > 0; --n) text += kBytes[std::size_t(below(kBytes.size()))];
+            const std::string text = random.text(random.below(6), "ab \t{\r\n");
             const Long what = below(3);
             for (KELP_RTBSyntax* each : {&editor(), &naive.editor}) {
                 if (what != 0) continue;
@@ -188,8 +128,14 @@ TEST_F(UndoTest, RandomEditsReplayAsWithWholeStrings) {
                 each->SetSelLength(length);
                 each->SetSelText(text);
             }
-            if (what == 1) undone(), naive.undo();
-            if (what == 2) redone(), naive.redo();
+            if (what == 1) {
+                trigger("funUndo");
+                naive.undo();
+            }
+            if (what == 2) {
+                trigger("funRedo");
+                naive.redo();
+            }
             ASSERT_EQ(editor().Text(), naive.editor.Text()) << step;
             ASSERT_EQ(editor().SelStart(), naive.editor.SelStart()) << step;
             ASSERT_EQ(editor().SelLength(), naive.editor.SelLength()) << step;
@@ -200,12 +146,10 @@ TEST_F(UndoTest, RandomEditsReplayAsWithWholeStrings) {
 TEST_F(UndoTest, RecordsThatDoNotFitTheTextStayWithinIt) {
     startWithText("ab");
     const Rope text(std::string_view("0123456789"));
-    const std::vector<UndoElement> records = {{9, 2, {}},    {0, 9, text}, {3, 4, {}},
-                                              {1, 10, text}, {50, 1, {}},  {2, 7, text}};
-    for (std::size_t first = 0; first < records.size(); ++first) {
-        program->state().UndoStack.assign(records.begin() + std::ptrdiff_t(first), records.end());
-        undone(5);
-        redone(5);
+    program->state().UndoStack = {{9, 2, {}},    {0, 9, text}, {3, 4, {}},
+                                  {1, 10, text}, {50, 1, {}},  {2, 7, text}};
+    for (const char* entry : {"funUndo", "funRedo"}) {
+        for (int step = 0; step < 5; ++step) trigger(entry);
         EXPECT_LE(editor().SelStart() + editor().SelLength(), Long(editor().Text().size()));
     }
 }

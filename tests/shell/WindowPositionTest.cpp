@@ -20,22 +20,16 @@ class WindowPositionTest : public ShellTest {
     QRect frame() { return window().frameGeometry(); }
 };
 
-TEST_F(WindowPositionTest, TheFirstWindowFitsOnTheScreenAndSavesNothing) {
+TEST_F(WindowPositionTest, ASavedPlaceComesBackWithItsFrame) {
     startShown();
     EXPECT_TRUE(window().screen()->availableGeometry().contains(frame()));
     EXPECT_EQ(stored("FormPos_Top"), "");
-}
-
-TEST_F(WindowPositionTest, ASavedPlaceComesBackWithItsFrame) {
-    startShown();
     window().move(51, 42);
     window().resize(555, 444);
     const QRect saved = frame();
     trigger("funSavePos");
     EXPECT_EQ(stored("FormPos_Left"),
               QString::number(Twips::fromPixels(saved.left())).toStdString());
-    EXPECT_EQ(stored("FormPos_Width"),
-              QString::number(Twips::fromPixels(saved.width())).toStdString());
     EXPECT_EQ(stored("FormPos_State"), "0");
     for (int again = 0; again < 2; ++again) {
         startShown();

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <numeric>
@@ -48,21 +46,10 @@ class Random {
     std::mt19937_64 engine_;
 };
 
-/// Seed and operations of the random sequence that runs, for the report of a failure. They are also
-/// printed when the code under test aborts.
+/// Seed and operations of the random sequence that runs, for the report of a failure.
 class Journal {
   public:
-    explicit Journal(std::uint64_t seed) {
-        add("seed", seed);
-        current() = this;
-        std::signal(SIGABRT, [](int) {
-            if (current() != nullptr) std::fputs(current()->text_.c_str(), stderr);
-        });
-    }
-    ~Journal() { current() = nullptr; }
-    Journal(const Journal&) = delete;
-    Journal& operator=(const Journal&) = delete;
-
+    explicit Journal(std::uint64_t seed) { add("seed", seed); }
     template <typename... Arguments>
     void add(const char* operation, const Arguments&... arguments) {
         text_ += operation;
@@ -72,11 +59,6 @@ class Journal {
     const std::string& text() const { return text_; }
 
   private:
-    static const Journal*& current() {
-        static const Journal* journal = nullptr;
-        return journal;
-    }
-
     std::string text_;
 };
 

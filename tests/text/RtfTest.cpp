@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -44,12 +45,14 @@ class FragmentMaker {
   public:
     explicit FragmentMaker(std::uint64_t seed) : random_(seed) {}
 
+    /// Formats change anywhere, also between the two halves of a break.
     RichTextFragment fragment() {
-        for (std::size_t pieces = random_.below(40); pieces > 0; --pieces) {
-            random_.oneIn(4) ? addBreak() : addText(awkwardText());
-        }
-        addLine();
-        return result_;
+        using Fragment = RichTextFragment;
+        const std::size_t breaks = random_.below(12);
+        std::string text = awkwardText();
+        for (std::size_t i = 0; i < breaks; ++i) text += "\r\n" + awkwardText();
+        return {text, stretches<Fragment::Characters>(text.size(), &FragmentMaker::charFormat),
+                stretches<Fragment::Paragraphs>(breaks + 1, &FragmentMaker::paragraphFormat)};
     }
 
   private:
@@ -100,32 +103,21 @@ class FragmentMaker {
         return format;
     }
 
-    /// Now and then the two halves of a break differ in format.
-    void addBreak() {
-        addText("\r");
-        random_.oneIn(4) ? addText("\n") : addBytes("\n", result_.characters.back().format);
-        addLine();
-    }
-    void addText(const std::string& text) {
-        const auto& runs = result_.characters;
-        if (!text.empty())
-            addBytes(text, coin() && !runs.empty() ? runs.back().format : charFormat());
-    }
-    void addBytes(const std::string& text, const CharFormat& format) {
-        auto& runs = result_.characters;
-        result_.text += text;
-        if (runs.empty() || runs.back().format != format) runs.push_back({0, format});
-        runs.back().length += text.size();
-    }
-    void addLine() {
-        auto& lines = result_.paragraphs;
-        const auto format = coin() && !lines.empty() ? lines.back().format : paragraphFormat();
-        if (lines.empty() || lines.back().format != format) lines.push_back({0, format});
-        ++lines.back().count;
+    /// Stretches of `total` in all, each of another format than its neighbour.
+    template <typename Stretch, typename Format>
+    std::vector<Stretch> stretches(std::size_t total, Format (FragmentMaker::*makeFormat)()) {
+        std::vector<Stretch> result;
+        while (total > 0) {
+            const std::size_t length = random_.between(1, std::min<std::size_t>(total, 20));
+            const Format format = (this->*makeFormat)();
+            if (!result.empty() && result.back().format == format) continue;
+            result.push_back({length, format});
+            total -= length;
+        }
+        return result;
     }
 
     test::Random random_;
-    RichTextFragment result_;
 };
 
 void expectSameAfterRoundTrip(const RichTextFragment& fragment, const CharacterTable& characters) {
@@ -270,18 +262,9 @@ TEST(RtfTest, ForeignSources) {
 // --- Damaged, hostile ----------------------------------------------------------------------------
 
 TEST(RtfTest, DamagedIsRefused) {
-    const std::string sources[] = {"",
-                                   "{\\rt}",
-                                   "{\\rtf1{a}",
-                                   "{\\rtf1}}",
-                                   "{\\rtf1}x",
-                                   "{\\rtf1}{\\b}",
-                                   "{\\rtf1 a\\",
-                                   "{\\rtf1\\'",
-                                   "{\\rtf1\\'4g}",
-                                   "{\\rtf1\\bin2 }",
-                                   "{\\rtf1{\\*\\x\\bin2147483647 }}"};
-    for (const std::string& rtf : sources) {
+    for (const char* rtf : {"", R"({\rt})", R"({\rtf1{a})", R"({\rtf1}})", R"({\rtf1}x)",
+                            R"({\rtf1}{\b})", R"({\rtf1 a\)", R"({\rtf1\')", R"({\rtf1\'4g})",
+                            R"({\rtf1\bin2 })", R"({\rtf1{\*\x\bin2147483647 }})"}) {
         EXPECT_FALSE(readRtf(rtf, western(), {}).has_value()) << rtf;
     }
 }

@@ -1,4 +1,4 @@
-#include "editor/MainWindowSettings.h"
+#include "shell/MainWindowSettings.h"
 
 #include "editor/KELP_RTBSyntax.h"
 

@@ -1,21 +1,19 @@
-#include "shell/Commands.h"
+#include "shell/MainMenu.h"
 
 #include <QAction>
-#include <QHash>
 #include <QMenuBar>
-#include <algorithm>
 
 #include "shell/frmMain.h"
 
 namespace brindlex {
 namespace {
 
-using Handler = void (frmMain::*)();
+using Handler = frmMain::Command;
 enum class Mark { No, Yes };
 
 /// A row without a name is a separator. One without a shortcut field (null) is a menu; its handler
 /// runs each time it opens. An entry without a handler does not work yet and is never enabled.
-struct Entry {
+struct Row {
     const char* menu;  ///< the name of the menu that it stands in; empty: the menu bar
     const char* name;
     const char* caption;
@@ -26,11 +24,11 @@ struct Entry {
 
 constexpr const char* kMenu = nullptr;
 
-constexpr Entry separatorIn(const char* menu) {
+constexpr Row separatorIn(const char* menu) {
     return {menu, "", "", "", nullptr};
 }
 
-constexpr Entry kEntries[] = {
+constexpr Row kEntries[] = {
     {"", "funFile", "&File", kMenu, nullptr},
     {"funFile", "funNew", "&New", "Ctrl+N", &frmMain::funNew_Click},
     {"funFile", "funOpen", "&Open", "Ctrl+O", &frmMain::funOpen_Click},
@@ -88,7 +86,7 @@ constexpr Entry kEntries[] = {
     {"funHelp", "funReadme", "&Readme", "", nullptr},
 };
 
-QAction* makeEntry(const Entry& entry, frmMain& window) {
+QAction* makeEntry(const Row& entry, frmMain& window) {
     auto* action = new QAction(QString::fromLatin1(entry.caption), &window);
     action->setObjectName(QString::fromLatin1(entry.name));
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
@@ -96,11 +94,11 @@ QAction* makeEntry(const Entry& entry, frmMain& window) {
     action->setEnabled(entry.handler != nullptr);
     if (entry.handler)
         QObject::connect(action, &QAction::triggered, &window,
-                         [&window, handler = entry.handler] { (window.*handler)(); });
+                         [&window, command = entry.handler] { window.run(command); });
     return action;
 }
 
-QMenu* makeMenu(const Entry& entry, QMenu* parent, QMenuBar& menuBar, frmMain& window) {
+QMenu* makeMenu(const Row& entry, QMenu* parent, QMenuBar& menuBar, frmMain& window) {
     const QString caption = QString::fromLatin1(entry.caption);
     QMenu* menu = parent ? parent->addMenu(caption) : menuBar.addMenu(caption);
     menu->setObjectName(QString::fromLatin1(entry.name));
@@ -110,32 +108,31 @@ QMenu* makeMenu(const Entry& entry, QMenu* parent, QMenuBar& menuBar, frmMain& w
     return menu;
 }
 
-bool works(const QString& name) {
-    return std::ranges::any_of(
-        kEntries, [&name](const Entry& entry) { return entry.name == name && entry.handler; });
-}
-
 }  // namespace
 
-Commands::Commands(frmMain& window, QMenuBar& menuBar) : owner_(window) {
+MainMenu::MainMenu(frmMain& window, QMenuBar& menuBar) {
     QHash<QString, QMenu*> menus;
-    for (const Entry& entry : kEntries) {
+    for (const Row& entry : kEntries) {
         QMenu* menu = menus.value(QString::fromLatin1(entry.menu));
-        if (entry.shortcut == kMenu)
-            menus.insert(QString::fromLatin1(entry.name), makeMenu(entry, menu, menuBar, window));
-        else if (*entry.name == '\0')
+        const QString name = QString::fromLatin1(entry.name);
+        if (entry.shortcut == kMenu) {
+            menus.insert(name, makeMenu(entry, menu, menuBar, window));
+        } else if (name.isEmpty()) {
             menu->addSeparator();
-        else
-            menu->addAction(makeEntry(entry, window));
+        } else {
+            entries_.insert(name, {makeEntry(entry, window), entry.handler != nullptr});
+            menu->addAction(entries_[name].action);
+        }
     }
 }
 
-QAction& Commands::entry(const QString& name) const {
-    return *owner_.findChild<QAction*>(name);
+QAction& MainMenu::entry(const QString& name) const {
+    Q_ASSERT(entries_.contains(name));
+    return *entries_[name].action;
 }
 
-void Commands::enable(const QString& name, bool enabled) {
-    entry(name).setEnabled(enabled && works(name));
+void MainMenu::enable(const QString& name, bool enabled) {
+    entry(name).setEnabled(enabled && entries_[name].works);
 }
 
 }  // namespace brindlex

@@ -1,4 +1,4 @@
-#include "shell/UndoElement.h"
+#include "shell/TextDifference.h"
 
 #include <algorithm>
 

@@ -1,20 +1,20 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 class QAction;
 class QMenuBar;
-class QWidget;
 
 namespace brindlex {
 
 class frmMain;
 
 /// Every command of the main window as one table of menu entries, and the menus built from it.
-class Commands {
+class MainMenu {
   public:
     /// Fills the menu bar; the entries run the handlers of `window`, which owns them.
-    Commands(frmMain& window, QMenuBar& menuBar);
+    MainMenu(frmMain& window, QMenuBar& menuBar);
 
     /// The entry of that name, as "funNew"; there must be one.
     QAction& entry(const QString& name) const;
@@ -22,7 +22,12 @@ class Commands {
     void enable(const QString& name, bool enabled);
 
   private:
-    QWidget& owner_;
+    struct Entry {
+        QAction* action = nullptr;
+        bool works = false;  ///< the command exists
+    };
+
+    QHash<QString, Entry> entries_;
 };
 
 }  // namespace brindlex
