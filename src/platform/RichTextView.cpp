@@ -116,6 +116,7 @@ void RichTextView::setDropCaret(std::optional<Offset> offset) {
 
 void RichTextView::setOverwriteMode(bool on) {
     overwrite_ = on;
+    stale_ += shownCaret_;  // where the two carets are equally wide, their inks still differ
     changed();
 }
 

@@ -199,7 +199,8 @@ std::optional<std::size_t> ShortLine::characterAt(std::size_t row, qreal x) cons
 void ShortLine::paint(QPainter& painter, QPointF origin, const QRectF& clip,
                       const LineSelection& selection, const HighlightColors& colors) const {
     geometry_.paintBullet(painter, style_, origin, rows_.front().baseline);
-    layout_.draw(&painter, origin, {}, clip);
+    // raised and lowered text leaves the box in which the toolkit looks for its row
+    layout_.draw(&painter, origin, {}, clip.adjusted(0, -offsets_.down, 0, offsets_.up));
     if (selection.empty()) return;
     const std::unique_ptr<QTextLayout> selected = recolored(layout_, colors.text);
     for (std::size_t row = 0; row < rows_.size(); ++row) {
