@@ -22,15 +22,11 @@ struct LineSpan {
     Long count() const { return last - first + 1; }
 };
 
-/// Nothing is painted while this lives. Then the view shows the caret, but who has selected all
-/// stays where he reads.
+/// Nothing is painted while this lives. Then the view follows the caret, as after any edit.
 class BlockEdit {
   public:
     explicit BlockEdit(RichTextView& view) : view_(view), pause_(view) {}
-    ~BlockEdit() {
-        const RichTextBox& box = view_.box();
-        if (box.selection().length() != box.length()) view_.ensureCaretVisible();
-    }
+    ~BlockEdit() { view_.followCaret(); }
     BlockEdit(const BlockEdit&) = delete;
     BlockEdit& operator=(const BlockEdit&) = delete;
 

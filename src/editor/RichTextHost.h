@@ -9,14 +9,17 @@
 
 namespace brindlex {
 
-/// A widget round one rich text view that hands the view's properties and methods on unchanged.
-/// What they do, what they take and what they refuse stands with RichTextView and RichTextBox.
+/// A widget round one rich text view that hands the view's properties and methods on unchanged, but
+/// for SetSelStart, which also scrolls. What they do, what they take and what they refuse stands
+/// with RichTextView and RichTextBox.
 class RichTextHost : public QWidget {
   public:
     explicit RichTextHost(QWidget* parent = nullptr) : QWidget(parent) {}
 
     RichTextView& rtb() { return rtb_; }
     const RichTextView& rtb() const { return rtb_; }
+    RichTextBox& box() { return rtb_.box(); }
+    const RichTextBox& box() const { return rtb_.box(); }
 
     // --- Appearance and state ------------------------------------------------------------------
     bool AutoVerbMenu() const { return rtb_.AutoVerbMenu(); }
@@ -114,10 +117,6 @@ class RichTextHost : public QWidget {
         box().UpTo(set, forward, negate);
     }
     void Refresh() { rtb_.Refresh(); }
-
-  protected:
-    RichTextBox& box() { return rtb_.box(); }
-    const RichTextBox& box() const { return rtb_.box(); }
 
   private:
     RichTextView rtb_{this};

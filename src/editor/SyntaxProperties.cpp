@@ -111,7 +111,7 @@ const StoredProperties& viewProperties() {
              return control.rtb().codePage().toUnicode(control.Text());
          },
          [](C& control, const QVariant& value) {
-             control.rtb().box().SetText(control.rtb().codePage().fromUnicode(value.toString()));
+             control.box().SetText(control.rtb().codePage().fromUnicode(value.toString()));
          }},
         mouseIcon(),
         font(),

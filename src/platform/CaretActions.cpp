@@ -71,9 +71,7 @@ void CaretActions::moveTo(Offset caret, bool extend) {
 }
 
 bool CaretActions::replace(Range range, std::string_view bytes) {
-    const bool done = view_.box().userReplace(range, bytes);
-    view_.ensureCaretVisible();
-    return done;
+    return view_.box().userReplace(range, bytes);
 }
 
 bool CaretActions::insert(std::string_view bytes) {

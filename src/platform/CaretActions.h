@@ -11,9 +11,10 @@ namespace brindlex {
 
 class RichTextView;
 
-/// What the user does to the caret and the text of a view, by whatever device. Every call leaves
-/// the caret in view and outside of a CR LF pair; a locked box keeps its text. Handlers of the box
-/// may change caret and text within each call.
+/// What the user does to the caret and the text of a view, by whatever device. An edit brings the
+/// caret into view, and so does putting it somewhere, be it where it stands. It is left outside of
+/// a CR LF pair; a locked box keeps its text. Handlers of the box may change caret and text within
+/// each call.
 class CaretActions {
   public:
     /// `view` outlives this object.

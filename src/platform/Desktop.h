@@ -56,6 +56,8 @@ class Desktop {
                                            const QColor& color) = 0;
     virtual std::optional<QFont> askFont(QWidget* owner, const QString& title,
                                          const QFont& font) = 0;
+    /// Whether there is text to paste. Another program's text is not fetched for it.
+    virtual bool hasClipboardText() = 0;
     /// Empty when the clipboard holds no text.
     virtual QString clipboardText() = 0;
     /// The empty text empties the clipboard.

@@ -8,6 +8,7 @@
 
 #include "platform/CaretActions.h"
 #include "platform/KeyInput.h"
+#include "platform/Preedit.h"
 #include "platform/RichTextView.h"
 
 namespace brindlex {
@@ -19,6 +20,29 @@ Offset clamped(Long offset, std::size_t end) {
 
 Long number(Offset offset) {
     return static_cast<Long>(offset.value());
+}
+
+/// What is being composed, with the attributes that the input method gives it; underlined where it
+/// gives none.
+Preedit preeditOf(const QInputMethodEvent& event) {
+    Preedit preedit;
+    preedit.text = event.preeditString();
+    preedit.cursor = static_cast<int>(preedit.text.size());
+    for (const QInputMethodEvent::Attribute& attribute : event.attributes()) {
+        if (attribute.type == QInputMethodEvent::Cursor) {
+            preedit.cursor = attribute.start;
+            preedit.cursorVisible = attribute.length != 0;
+        } else if (attribute.type == QInputMethodEvent::TextFormat) {
+            const auto format = attribute.value.value<QTextFormat>().toCharFormat();
+            preedit.formats.append({attribute.start, attribute.length, format});
+        }
+    }
+    if (preedit.formats.isEmpty()) {
+        QTextCharFormat underlined;
+        underlined.setFontUnderline(true);
+        preedit.formats.append({0, static_cast<int>(preedit.text.size()), underlined});
+    }
+    return preedit;
 }
 
 }  // namespace
@@ -38,13 +62,11 @@ void InputMethod::handle(QInputMethodEvent& event) {
         event.ignore();
         return;
     }
-    view_.setPreedit({}, {});
+    view_.setPreedit({});
     if (event.replacementLength() > 0) replaceRelative(event);
     keys_.typeText(event.commitString());
     select(event);
-    view_.setPreedit(event.preeditString(), event.attributes());
-    const bool writes = event.replacementLength() > 0 || !event.commitString().isEmpty();
-    if (writes || !event.preeditString().isEmpty()) view_.ensureCaretVisible();
+    view_.setPreedit(preeditOf(event));
     event.accept();
 }
 
@@ -76,7 +98,7 @@ void InputMethod::commit() {
     const QString left = view_.preedit();
     if (left.isEmpty()) return;
     // the input method did not answer; it must not do so later
-    view_.setPreedit({}, {});
+    view_.setPreedit({});
     keys_.typeText(left);
     method->reset();
 }

@@ -8,17 +8,10 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/Preedit.h"
 #include "platform/text/RichTextBox.h"
 
 namespace brindlex {
-
-/// Text of an input method that shows at the caret and is not in the box.
-struct Preedit {
-    QString text;
-    QList<QTextLayout::FormatRange> formats;  ///< by offsets into `text`
-    int cursor = 0;                           ///< offset into `text`
-    bool cursorVisible = true;
-};
 
 /// The width of a row that is never cut: wider than all that is laid out at once, and far from the
 /// limits of the layout's arithmetic.

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QUrl>
 
 #include "platform/Files.h"
@@ -183,6 +184,11 @@ std::optional<QFont> QtDesktop::askFont(QWidget* owner, const QString& title, co
     bool accepted = false;
     const QFont answer = QFontDialog::getFont(&accepted, font, owner, title);
     return accepted ? std::optional(answer) : std::nullopt;
+}
+
+bool QtDesktop::hasClipboardText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText();
 }
 
 QString QtDesktop::clipboardText() {

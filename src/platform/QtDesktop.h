@@ -17,6 +17,7 @@ class QtDesktop : public Desktop {
     std::optional<QColor> askColor(QWidget* owner, const QString& title,
                                    const QColor& color) override;
     std::optional<QFont> askFont(QWidget* owner, const QString& title, const QFont& font) override;
+    bool hasClipboardText() override;
     QString clipboardText() override;
     void setClipboardText(const QString& text) override;
     void beep() override;

@@ -84,7 +84,7 @@ void RichTextAccessible::removeSelection(int index) {
 void RichTextAccessible::setSelection(int index, int start, int end) {
     if (index != 0) return;
     box().select(units().snapped(clamped(start)), units().snapped(clamped(end)));
-    view().ensureCaretVisible();
+    view().ensureCaretVisible();  // also when the caret stands there already
 }
 
 int RichTextAccessible::cursorPosition() const {
@@ -175,7 +175,6 @@ void RichTextAccessible::insertText(int offset, const QString& text) {
 
 void RichTextAccessible::replaceText(int start, int end, const QString& text) {
     box().userReplace(clamped(start, end), view().codePage().fromUnicode(text));
-    view().ensureCaretVisible();
 }
 
 RichTextView& RichTextAccessible::view() const {

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/AccessibleEvents.h"
 #include "platform/CaretActions.h"
@@ -14,40 +15,13 @@
 #include "platform/LineLayouts.h"
 #include "platform/LineStyle.h"
 #include "platform/MouseSelection.h"
+#include "platform/Preedit.h"
 #include "platform/PrimarySelection.h"
 #include "platform/Scrolling.h"
 #include "platform/ShownLines.h"
 #include "platform/TextDragDrop.h"
 
 namespace brindlex {
-namespace {
-
-Preedit preeditOf(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes) {
-    Preedit preedit;
-    preedit.text = text;
-    preedit.cursor = static_cast<int>(text.size());
-    for (const QInputMethodEvent::Attribute& attribute : attributes) {
-        if (attribute.type == QInputMethodEvent::Cursor) {
-            preedit.cursor = attribute.start;
-            preedit.cursorVisible = attribute.length != 0;
-        } else if (attribute.type == QInputMethodEvent::TextFormat) {
-            QTextLayout::FormatRange range;
-            range.start = attribute.start;
-            range.length = attribute.length;
-            range.format = attribute.value.value<QTextFormat>().toCharFormat();
-            preedit.formats.append(range);
-        }
-    }
-    if (!preedit.formats.isEmpty()) return preedit;
-    QTextLayout::FormatRange whole;
-    whole.start = 0;
-    whole.length = static_cast<int>(text.size());
-    whole.format.setFontUnderline(true);
-    preedit.formats.append(whole);
-    return preedit;
-}
-
-}  // namespace
 
 RichTextView::RichTextView(QWidget* parent, const CodePage& codePage)
     : QAbstractScrollArea(parent),
@@ -88,6 +62,7 @@ void RichTextView::textChanged(const TextEdit& edit) {
     actions_->forgetColumn();
     inputMethod_->changed();
     accessible_->textChanged(edit);
+    if (redraw_) followCaret();
 }
 
 void RichTextView::formatChanged(Range range) {
@@ -99,9 +74,7 @@ void RichTextView::selectionChanged() {
     const bool moved = box_.caret() != lastCaret_;
     lastCaret_ = box_.caret();
     // colouring and other work with redraw off does not scroll
-    if (moved && redraw_) scrolling_->bringCaret();
-    // who selects all stays where he reads
-    if (allSelected()) scrolling_->leaveCaret();
+    if (moved && redraw_) followCaret();
     if (!layouts_->preedit().text.isEmpty())
         layouts_->setPreedit(layouts_->preedit(), box_.caret());
     blink_->restart();
@@ -123,10 +96,9 @@ void RichTextView::offerSelectAll() {
 
 // --- What shows besides the text -----------------------------------------------------------------
 
-void RichTextView::setPreedit(const QString& text,
-                              const QList<QInputMethodEvent::Attribute>& attributes) {
-    if (text.isEmpty() && layouts_->preedit().text.isEmpty()) return;
-    layouts_->setPreedit(preeditOf(text, attributes), box_.caret());
+void RichTextView::setPreedit(Preedit preedit) {
+    if (preedit.text.isEmpty() && layouts_->preedit().text.isEmpty()) return;
+    layouts_->setPreedit(std::move(preedit), box_.caret());
     scrolling_->bringCaret();
     blink_->restart();
     changed();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
-#include <QInputMethodEvent>
+#include <QEvent>
 #include <QPixmap>
 #include <QRegion>
 #include <functional>
@@ -29,6 +29,7 @@ class Scrolling;
 class ShownLines;
 class TextDragDrop;
 struct LineSelection;
+struct Preedit;
 
 /// A RichTextBox on the screen. It lays out only the lines that show, keeps the layouts of lines
 /// that did not change and repaints only the lines that did.
@@ -133,13 +134,16 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Whole rows that fit in the viewport, at least 1.
     int rowsPerPage() const;
     LineIndex firstVisibleLine();
-    /// Scrolls as little as it takes to show the caret, when the view settles next.
+    /// Scrolls as little as it takes to show the caret, when the view settles next. An edit does,
+    /// and a move of the caret, unless redraw is off or all becomes selected.
     void ensureCaretVisible();
+    /// The same as after an edit or a move: who selects all stays where he reads.
+    void followCaret();
     /// Overwrite mode shows a block caret.
     void setOverwriteMode(bool on);
     bool overwriteMode() const;
-    /// Text of an input method that is not in the box yet, shown at the caret with its attributes.
-    void setPreedit(const QString& text, const QList<QInputMethodEvent::Attribute>& attributes);
+    /// Shows a text at the caret that is not in the box yet; an empty one takes it away.
+    void setPreedit(Preedit preedit);
     QString preedit() const;
     /// Hands the focus on to the next widget of the window, or the one before. Tab does not: it
     /// belongs to the text.

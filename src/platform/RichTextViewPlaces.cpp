@@ -52,6 +52,13 @@ void RichTextView::ensureCaretVisible() {
     changed();
 }
 
+void RichTextView::followCaret() {
+    if (allSelected())
+        scrolling_->leaveCaret();
+    else
+        ensureCaretVisible();
+}
+
 // --- Where characters stand ----------------------------------------------------------------------
 
 QRectF RichTextView::placeRect(Offset offset) const {

@@ -50,12 +50,12 @@ void TextDragDrop::start() {
 }
 
 void TextDragDrop::enter(QDragEnterEvent& event) {
-    accept(event);
+    if (acceptedFile(event).isEmpty()) acceptText(event);
 }
 
 void TextDragDrop::move(QDragMoveEvent& event) {
-    if (!accept(event)) return;
-    if (takesFile(*event.mimeData())) return leave();
+    if (!acceptedFile(event).isEmpty()) return leave();
+    if (!acceptText(event)) return;
     const QPoint at = event.position().toPoint();
     scroll_.follow(at);
     view_.setDropCaret(positionAt(at));
@@ -68,22 +68,25 @@ void TextDragDrop::leave() {
 
 void TextDragDrop::drop(QDropEvent& event) {
     leave();
-    if (!accept(event)) return;
-    if (takesFile(*event.mimeData())) return openFile(localFileOf(*event.mimeData()));
+    if (const QString path = acceptedFile(event); !path.isEmpty()) return openFile(path);
+    if (!acceptText(event)) return;
     droppedHere_ = dragged_.has_value();
     if (!dropText(event, positionAt(event.position().toPoint()))) return event.ignore();
     view_.activateWindow();
     view_.setFocus(Qt::OtherFocusReason);
 }
 
-bool TextDragDrop::accept(QDropEvent& event) const {
+QString TextDragDrop::acceptedFile(QDropEvent& event) const {
+    return view_.onFileDropped ? acceptFile(event) : QString();
+}
+
+bool TextDragDrop::acceptText(QDropEvent& event) const {
     const QMimeData& data = *event.mimeData();
-    const bool file = takesFile(data);
-    if (!file && (view_.box().Locked() || !data.hasText() || !localFileOf(data).isEmpty())) {
+    if (view_.box().Locked() || !data.hasText() || !localFileOf(data).isEmpty()) {
         event.ignore();
         return false;
     }
-    event.setDropAction(file ? Qt::CopyAction : actionFor(event));
+    event.setDropAction(actionFor(event));
     event.accept();
     return true;
 }
@@ -91,10 +94,6 @@ bool TextDragDrop::accept(QDropEvent& event) const {
 Qt::DropAction TextDragDrop::actionFor(const QDropEvent& event) const {
     if (!dragged_) return event.proposedAction();
     return event.modifiers().testFlag(Qt::ControlModifier) ? Qt::CopyAction : Qt::MoveAction;
-}
-
-bool TextDragDrop::takesFile(const QMimeData& data) const {
-    return view_.onFileDropped && !localFileOf(data).isEmpty();
 }
 
 void TextDragDrop::openFile(const QString& path) {
@@ -113,9 +112,7 @@ bool TextDragDrop::dropText(QDropEvent& event, Offset target) {
     const Range range{std::min(dragged_->begin(), Offset(box.length())),
                       std::min(dragged_->end(), Offset(box.length()))};
     if (event.dropAction() == Qt::CopyAction) return insertAt(target, box.rope().bytes(range));
-    const bool moved = box.userMove(range, target);
-    view_.ensureCaretVisible();
-    return moved;
+    return box.userMove(range, target);
 }
 
 bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {

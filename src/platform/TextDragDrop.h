@@ -10,7 +10,6 @@
 class QDragEnterEvent;
 class QDragMoveEvent;
 class QDropEvent;
-class QMimeData;
 
 namespace brindlex {
 
@@ -33,9 +32,10 @@ class TextDragDrop {
     void drop(QDropEvent& event);
 
   private:
-    bool accept(QDropEvent& event) const;
+    /// The path of a file that the view's owner takes; empty for anything else.
+    QString acceptedFile(QDropEvent& event) const;
+    bool acceptText(QDropEvent& event) const;
     Qt::DropAction actionFor(const QDropEvent& event) const;
-    bool takesFile(const QMimeData& data) const;
     void openFile(const QString& path);
     bool dropText(QDropEvent& event, Offset target);
     bool insertAt(Offset target, std::string_view bytes);

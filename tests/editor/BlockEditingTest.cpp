@@ -34,12 +34,12 @@ void put(Editor& editor, std::string marked) {
     const std::size_t end = isCaret ? start : marked.find('>');
     if (!isCaret) marked.erase(end, 1);
     editor.SetText(marked);
-    editor.rtb().box().select(Offset(start), Offset(end));
+    editor.box().select(Offset(start), Offset(end));
 }
 
 /// The text with its selection in the same way.
 std::string marked(const Editor& editor) {
-    const Range selection = editor.rtb().box().selection();
+    const Range selection = editor.box().selection();
     std::string text = editor.Text();
     if (selection.empty()) return text.insert(selection.begin().value(), "|");
     return text.insert(selection.end().value(), ">").insert(selection.begin().value(), "<");
@@ -114,15 +114,15 @@ TEST(BlockEditing, EachLineIsAnEditOfItsOwn) {
         Random random(seed);
         Editor editor;
         applyScriptSyntax(editor, {"5", "1", "2", "3", "4"});
-        const RichTextBox& box = editor.rtb().box();
+        const RichTextBox& box = editor.box();
         for (int round = 0; round < 400; ++round) {
             editor.onChange = nullptr;
             const std::size_t longLine = random.oneIn(4) ? 700 : 0;
             editor.SetText(random.text(random.below(60), "\t  //ab\n\n") +
                            random.text(longLine, " \tset//") + random.text(5, "\n/b"));
             const std::string text = editor.Text();
-            editor.rtb().box().select(Offset(random.below(text.size() + 1)),
-                                      Offset(random.below(text.size() + 1)));
+            editor.box().select(Offset(random.below(text.size() + 1)),
+                                Offset(random.below(text.size() + 1)));
             const auto& rule = rules[random.below(std::size(rules))];
             const Range selection = box.selection();
             const LineIndex first = box.rope().lineOf(selection.begin());
@@ -155,8 +155,8 @@ TEST(BlockEditing, EachLineIsAnEditOfItsOwn) {
 TEST(BlockEditing, HandlersMayTakeTheLinesAway) {
     const Operation hosts[] = {
         [](Editor& editor) { editor.SetText(""); },
-        [](Editor& editor) { editor.rtb().box().userReplace(Range(Offset(3), Offset(99)), ""); },
-        [](Editor& editor) { editor.rtb().box().userReplace(Range(Offset(0), Offset(9)), ""); },
+        [](Editor& editor) { editor.box().userReplace(Range(Offset(3), Offset(99)), ""); },
+        [](Editor& editor) { editor.box().userReplace(Range(Offset(0), Offset(9)), ""); },
     };
     for (const Operation& operation : {kEnter, kBrace, kTab, kBackTab, kComment, kUnComment}) {
         for (const Operation& host : hosts) {
@@ -170,7 +170,7 @@ TEST(BlockEditing, HandlersMayTakeTheLinesAway) {
             };
             EXPECT_NO_THROW(operation(editor));
             EXPECT_TRUE(editor.rtb().redraw());
-            editor.rtb().box().checkInvariants();
+            editor.box().checkInvariants();
         }
     }
 }

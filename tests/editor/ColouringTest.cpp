@@ -110,7 +110,7 @@ void paintChange(const Editor& editor, std::size_t before, std::size_t caret, Co
 
 /// The colours of all bytes of the control's text.
 Colors colorsOf(const Editor& editor) {
-    const RichTextBox& box = editor.rtb().box();
+    const RichTextBox& box = editor.box();
     Colors colors;
     box.visitFormats(Range(Offset(), Offset(box.length())),
                      [&colors](Range range, const CharFormat& format) {
@@ -122,7 +122,7 @@ Colors colorsOf(const Editor& editor) {
 
 /// Colours all bytes, beside all rules and without an event.
 void paintAll(Editor& editor, ColorRef color) {
-    RichTextBox& box = editor.rtb().box();
+    RichTextBox& box = editor.box();
     const ColorRun run{static_cast<std::uint32_t>(box.length()), color};
     if (box.length() != 0) box.colorRuns(Offset(), {&run, 1});
 }
@@ -233,7 +233,7 @@ TEST(Colouring, AnEditColoursTheLinesThatItTouched) {
             if (random.oneIn(3)) {
                 const auto caret = static_cast<std::size_t>(editor.SelStart());
                 const std::size_t end = std::min(caret + random.below(20), length);
-                editor.rtb().box().userReplace(Range(Offset(caret), Offset(end)), "");
+                editor.box().userReplace(Range(Offset(caret), Offset(end)), "");
             } else {
                 editor.SetSelText(randomText(random, random.oneIn(3) ? random.below(4) : 0));
             }

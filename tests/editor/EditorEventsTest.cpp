@@ -47,7 +47,7 @@ class EditorEvents : public testing::Test {
     }
 
     ColorRef colorAt(std::size_t offset) const {
-        return editor.rtb().box().formatAt(Offset(offset)).color;
+        return editor.box().formatAt(Offset(offset)).color;
     }
 
     /// What an edit coloured is what the colouring of the whole text gives.
@@ -98,7 +98,7 @@ TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
 
 TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
     editor.SetText("wait set\r\nwait\r\n// set");
-    editor.rtb().box().select(Offset(14), Offset(3));
+    editor.box().select(Offset(14), Offset(3));
     writeDown();
     editor.onChange = [&] {
         log.push_back("Change");
@@ -107,8 +107,8 @@ TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
     };
     editor.ReColorize();
     EXPECT_EQ(log, (Log{"SelChange", "Change", "SelChange"}));
-    EXPECT_EQ(editor.rtb().box().anchor(), Offset(14));
-    EXPECT_EQ(editor.rtb().box().caret(), Offset(3));
+    EXPECT_EQ(editor.box().anchor(), Offset(14));
+    EXPECT_EQ(editor.box().caret(), Offset(3));
 }
 
 TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
@@ -132,7 +132,7 @@ TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.key);
         editor.SetText("abcd");
-        editor.rtb().box().select(Offset(1), Offset(3));
+        editor.box().select(Offset(1), Offset(3));
         consumed = row.consumed;
         log.clear();
         QTest::keyClick(&editor.rtb(), static_cast<Qt::Key>(row.key), row.modifiers);
@@ -187,7 +187,7 @@ TEST_F(EditorEvents, AHostMayEditWithinChange) {
         };
         QTest::keyClick(&editor.rtb(), 'i');
         EXPECT_EQ(editor.Text(), row.text);
-        EXPECT_EQ(editor.rtb().box().selection(), row.selection);
+        EXPECT_EQ(editor.box().selection(), row.selection);
         expectColoured();
     }
 }

@@ -72,7 +72,7 @@ TEST(SyntaxProperties, TheTextIsColouredWithTheSyntaxFromBefore) {
     editor.onChange = [&changes] { ++changes; };
     editor.ReadProperties(stored);
     EXPECT_EQ(changes, 2);
-    EXPECT_EQ(editor.rtb().box().formatAt(Offset(0)).color, 11U);
+    EXPECT_EQ(editor.box().formatAt(Offset(0)).color, 11U);
     EXPECT_EQ(editor.ColorOf_Comments(), 22);
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QPaintEvent>
 #include <QScreen>
 #include <QScrollBar>
@@ -12,6 +13,7 @@
 #include <functional>
 #include <tuple>
 
+#include "platform/Preedit.h"
 #include "text/Random.h"
 
 namespace brindlex {
@@ -127,7 +129,9 @@ void changeSomething(RichTextView& view, Random& random) {
         [&] { view.SetRightMargin(random.oneIn(2) ? 0 : RichTextView::kNoWrap); },
         [&] { view.setOverwriteMode(random.oneIn(2)); },
         [&] { view.setDropCaret(random.oneIn(2) ? std::optional(begin) : std::nullopt); },
-        [&] { view.setPreedit(random.oneIn(2) ? "preedit" : "", {}); },
+        [&] {
+            view.setPreedit({random.oneIn(2) ? "preedit" : "", {}});
+        },
         [&] { view.resize(random.oneIn(2) ? 460 : 540, view.height()); },
         [&] { view.SetHideSelection(random.oneIn(2)); },
     };
@@ -271,6 +275,7 @@ TEST_F(RichTextViewTest, ScrollsByLinesCutAtBothEnds) {
 
 TEST_F(RichTextViewTest, TheCaretComesIntoViewWhenItMovesAndRedrawIsOn) {
     view.box().SetText(lines(1000));
+    settle();
     view.setRedraw(false);
     view.box().SetSelStart(5000);
     view.setRedraw(true);
@@ -280,10 +285,12 @@ TEST_F(RichTextViewTest, TheCaretComesIntoViewWhenItMovesAndRedrawIsOn) {
     EXPECT_GT(view.firstVisibleLine().value(), 100U);
     view.box().select(Offset(0), Offset(view.box().length()));
     EXPECT_GT(view.firstVisibleLine().value(), 100U) << "who selects all stays where he reads";
-    view.box().SetSelStart(6000);
+    view.box().select(Offset(6001), Offset(6000));
     view.verticalScrollBar()->setValue(3);
     settle();
     EXPECT_EQ(view.firstVisibleLine().value(), 3U) << "who scrolls is not brought back";
+    view.box().SetSelText("");
+    EXPECT_GT(view.firstVisibleLine().value(), 100U) << "an edit that leaves the caret in place";
 }
 
 TEST_F(RichTextViewTest, EditsAboveLeaveTheShownTextInPlace) {
@@ -375,11 +382,13 @@ TEST_F(RichTextViewTest, TheCaretStandsInThePreeditText) {
     view.box().SetSelStart(6);
     const int before = view.caretRect().left();
     const int after = view.posFromChar(12).x();
-    view.setPreedit("abc", {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+    QInputMethodEvent composing("abc", {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+    QApplication::sendEvent(&view, &composing);
     const int advance = view.characterRect(Offset(0)).width();
     EXPECT_NEAR(view.caretRect().left(), before + 2 * advance, 2);
     EXPECT_NEAR(view.posFromChar(12).x(), after + 3 * advance, 2);
-    view.setPreedit({}, {});
+    QInputMethodEvent givenUp;
+    QApplication::sendEvent(&view, &givenUp);
     EXPECT_EQ(view.caretRect().left(), before);
     EXPECT_EQ(view.box().Text(), "before after");
 }

@@ -33,6 +33,7 @@ class FakeDesktop : public Desktop {
                                      const QString& folder) override;
     std::optional<QColor> askColor(QWidget*, const QString&, const QColor&) override { return {}; }
     std::optional<QFont> askFont(QWidget*, const QString&, const QFont&) override { return {}; }
+    bool hasClipboardText() override { return !clipboard_.isEmpty(); }
     QString clipboardText() override { return clipboard_; }
     void setClipboardText(const QString& text) override { clipboard_ = text; }
     void beep() override {}
