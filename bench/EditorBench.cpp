@@ -8,8 +8,8 @@
 #include "bench/ToolkitEditor.h"
 #include "bench/Typist.h"
 #include "editor/KELP_RTBSyntax.h"
-#include "shell/MainWindowSettings.h"
 #include "editor/ScriptSyntax.h"
+#include "shell/MainWindowSettings.h"
 
 namespace brindlex::bench {
 namespace {

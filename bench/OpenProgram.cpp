@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <cstdlib>
 #include <fstream>
+#include <string>
 
 #include "bench/ScriptGenerator.h"
 
@@ -14,8 +15,11 @@ OpenProgram::OpenProgram(std::size_t scriptBytes) {
     std::ofstream file(folder_.filePath(QStringLiteral("bench.script")).toStdString(),
                        std::ios::binary);
     if (!(file << text).flush()) std::abort();
-    program_ =
-        std::make_unique<Program>(Surroundings{desktop_, settings_, folder_.path(), {}, [] {}});
+    program_ = std::make_unique<Program>(Surroundings{.desktop = desktop_,
+                                                      .settings = settings_,
+                                                      .programFolder = folder_.path(),
+                                                      .commandLine = {},
+                                                      .endProgram = [] {}});
     Main(*program_);
     QApplication::processEvents();
 }

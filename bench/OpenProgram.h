@@ -2,7 +2,6 @@
 
 #include <QTemporaryDir>
 #include <memory>
-#include <string>
 
 #include "platform/QtDesktop.h"
 #include "platform/SettingsStore.h"

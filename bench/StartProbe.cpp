@@ -51,7 +51,11 @@ int main(int argc, char** argv) {
     const QTemporaryDir folder;
     brindlex::QtDesktop desktop;
     brindlex::SettingsStore settings(folder.path());
-    brindlex::Program program({desktop, settings, folder.path(), {}, [] {}});
+    brindlex::Program program({.desktop = desktop,
+                               .settings = settings,
+                               .programFolder = folder.path(),
+                               .commandLine = {},
+                               .endProgram = [] {}});
     brindlex::Main(program);
     return QApplication::exec();
 }

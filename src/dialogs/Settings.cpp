@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <variant>
 
 #include "shell/AppState.h"
@@ -97,7 +96,7 @@ struct Taker {
     }
     bool operator()(LastingFlag flag) const {
         const auto number = wholeNumber(text);
-        if (number && (*number == 0 || *number == 1)) state.*flag.field = *number == 1;
+        if (number) state.*flag.field = flagOf(*number).value_or(state.*flag.field);
         return number.has_value();
     }
     bool operator()(Minutes minutes) const {
@@ -160,6 +159,11 @@ void Settings::read(const SettingsStore& store, AppState& state) {
 void Settings::write(SettingsStore& store, const AppState& state) {
     writeAll(store,
              [&state](const Setting& setting) { return std::visit(TextOf{state}, setting.field); });
+}
+
+std::optional<bool> flagOf(int number) {
+    if (number != 0 && number != 1) return std::nullopt;
+    return number == 1;
 }
 
 int leadingNumber(const QString& text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "platform/SettingsStore.h"
 
@@ -28,6 +29,9 @@ void read(const SettingsStore& store, AppState& state);
 void write(SettingsStore& store, const AppState& state);
 
 }  // namespace Settings
+
+/// Off for 0, on for 1; unset for any other number, which leaves a flag as it was.
+std::optional<bool> flagOf(int number);
 
 /// The number that `text` begins with, rounded down; 0 if it begins with none ("12x" is 12). Cut to
 /// the range of a 16-bit number.

@@ -20,20 +20,6 @@ Control* make(QWidget* form, const QString& name, const char* accessibleName) {
     return control;
 }
 
-/// A box knows on and off; any other number leaves it as it is.
-void setValue(QCheckBox& box, int value) {
-    if (value == 0 || value == 1) box.setChecked(value == 1);
-}
-
-void take(const QCheckBox& box, int& number, bool& enabled) {
-    enabled = box.isChecked();
-    number = enabled ? 1 : 0;
-}
-
-void setLasting(bool& enabled, int number) {
-    if (number == 0 || number == 1) enabled = number == 1;
-}
-
 void setColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
     QPalette palette = widget.palette();
     palette.setColor(role, color);
@@ -104,13 +90,25 @@ std::array<std::pair<QRadioButton*, int>, 3> frmOptions::panelOptions() const {
     return {{{Option1_, kShowCommandTree}, {Option2_, kShowEntityTree}, {Option3_, kShowNoTree}}};
 }
 
+/// A setting that the user switches, as it stands on the screen and in AppState.
+struct frmOptions::Switch {
+    QCheckBox& box;
+    int& number;
+    bool& enabled;
+};
+
+std::array<frmOptions::Switch, 6> frmOptions::switches() {
+    return {{{*Check1_, state_.GetPreset, state_.GetPresetEnabled},
+             {*Check2_, state_.AutoComplete, state_.AutoCompleteEnabled},
+             {*Check3_, state_.AutoIndent, state_.AutoIndentEnabled},
+             {*Check4_, state_.AutoBlockIndent, state_.AutoBlockIndentEnabled},
+             {*Check5_, state_.TypeOther, state_.TypeOtherEnabled},
+             {*Check6_, state_.AutoBackup, state_.AutoBackupEnabled}}};
+}
+
 void frmOptions::setControls() {
-    setValue(*Check1_, state_.GetPreset);
-    setValue(*Check2_, state_.AutoComplete);
-    setValue(*Check3_, state_.AutoIndent);
-    setValue(*Check4_, state_.AutoBlockIndent);
-    setValue(*Check5_, state_.TypeOther);
-    setValue(*Check6_, state_.AutoBackup);
+    for (const Switch& each : switches())
+        each.box.setChecked(flagOf(each.number).value_or(each.box.isChecked()));
     for (const auto& [option, ShowTreeView] : panelOptions())
         if (state_.ShowTreeView == ShowTreeView) option->setChecked(true);
     for (std::size_t i = 0; i < picCol_.size(); ++i) {
@@ -121,12 +119,8 @@ void frmOptions::setControls() {
 }
 
 void frmOptions::setFlags() {
-    setLasting(state_.GetPresetEnabled, state_.GetPreset);
-    setLasting(state_.AutoIndentEnabled, state_.AutoIndent);
-    setLasting(state_.AutoBlockIndentEnabled, state_.AutoBlockIndent);
-    setLasting(state_.TypeOtherEnabled, state_.TypeOther);
-    setLasting(state_.AutoCompleteEnabled, state_.AutoComplete);
-    state_.AutoBackupEnabled = state_.AutoBackup == 1;
+    for (const Switch& each : switches()) each.enabled = flagOf(each.number).value_or(each.enabled);
+    state_.AutoBackupEnabled = state_.AutoBackup == 1;  // any other number is off
 }
 
 void frmOptions::setFontSample() {
@@ -148,14 +142,12 @@ void frmOptions::SaveChanges() {
 }
 
 void frmOptions::takeControls() {
-    take(*Check1_, state_.GetPreset, state_.GetPresetEnabled);
+    for (const Switch& each : switches()) {
+        each.enabled = each.box.isChecked();
+        each.number = each.enabled ? 1 : 0;
+    }
     for (const auto& [option, ShowTreeView] : panelOptions())
         if (option->isChecked()) state_.ShowTreeView = ShowTreeView;
-    take(*Check3_, state_.AutoIndent, state_.AutoIndentEnabled);
-    take(*Check4_, state_.AutoBlockIndent, state_.AutoBlockIndentEnabled);
-    take(*Check5_, state_.TypeOther, state_.TypeOtherEnabled);
-    take(*Check2_, state_.AutoComplete, state_.AutoCompleteEnabled);
-    take(*Check6_, state_.AutoBackup, state_.AutoBackupEnabled);
     state_.AutoBackupMins = leadingNumber(txtAutoBackupMins_->text());
     state_.WolfDir = Text1_->text();
 }

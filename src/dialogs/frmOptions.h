@@ -40,9 +40,12 @@ class frmOptions : public QWidget {
     void SaveChanges();
 
   private:
+    struct Switch;
+
     void Form_Load();
     void makeControls();
     std::array<std::pair<QRadioButton*, int>, 3> panelOptions() const;
+    std::array<Switch, 6> switches();
     void setControls();
     void setFlags();
     void setFontSample();
@@ -52,12 +55,12 @@ class frmOptions : public QWidget {
     AppState& state_;
     SettingsStore& settings_;
     OptionsCallbacks mainWindow_;
-    QCheckBox* Check1_;  // GetPreset
-    QCheckBox* Check2_;  // AutoComplete
-    QCheckBox* Check3_;  // AutoIndent
-    QCheckBox* Check4_;  // AutoBlockIndent
-    QCheckBox* Check5_;  // TypeOther
-    QCheckBox* Check6_;  // AutoBackup
+    QCheckBox* Check1_;
+    QCheckBox* Check2_;
+    QCheckBox* Check3_;
+    QCheckBox* Check4_;
+    QCheckBox* Check5_;
+    QCheckBox* Check6_;
     QRadioButton* Option1_;
     QRadioButton* Option2_;
     QRadioButton* Option3_;

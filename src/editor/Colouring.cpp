@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::size_t kBreakLength = 2;
 
-/// Holds a flag for as long as it lives.
+/// Sets a flag for as long as it lives, and then clears it, whatever it was before: a Text that a
+/// handler assigns while another is being assigned is coloured at once.
 class FlagHold {
   public:
     explicit FlagHold(bool& flag) : flag_(flag) { flag_ = true; }
@@ -72,7 +73,7 @@ void KELP_RTBSyntax::ReColorize() {
     const Offset caret = box().caret();
     const Offset end(box().length());
     box().select(end, end);
-    if (onChange) onChange();
+    notifyHost(onChange);
     if (!colorizing_) colorize(Range(Offset(), Offset(box().length())));
     box().select(anchor, caret);
     prevSelStart_ = curSelStart_ = SelStart();
@@ -80,7 +81,7 @@ void KELP_RTBSyntax::ReColorize() {
 
 void KELP_RTBSyntax::rtb_Change() {
     const Long before = prevSelStart_;
-    if (onChange) onChange();
+    notifyHost(onChange);
     if (colorizing_) return;
     // An edit inside the handler, as completion makes it, has coloured its own line alone.
     prevSelStart_ = std::min(prevSelStart_, before);
@@ -117,11 +118,9 @@ void KELP_RTBSyntax::ColorizeBlock(Range lines) {
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {
-    const auto shown = [this](Long value) {
+    const auto shown = [this](Long value) -> ColorRef {
         const ColorValue color(static_cast<std::uint32_t>(value));
-        const ColorValue plain =
-            color.isSystem() ? ColorValue::of(color.resolve(palette())) : color;
-        return ColorRef{plain.value() & 0xFFFFFF};
+        return color.plain(palette()).value() & 0xFFFFFF;
     };
     ClassColors colors{};
     std::ranges::transform(colors_, colors.begin(), shown);

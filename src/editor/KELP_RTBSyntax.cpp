@@ -9,8 +9,6 @@
 namespace brindlex {
 namespace {
 
-constexpr int kCtrl = 2;
-
 /// A key of the control's own, by its code on the way down and by its control character.
 struct CommandKey {
     int keyCode;
@@ -27,11 +25,6 @@ constexpr std::array kCommandKeys = {
 const CommandKey* commandKey(int CommandKey::*code, int value) {
     const auto found = std::ranges::find(kCommandKeys, value, code);
     return found == kCommandKeys.end() ? nullptr : &*found;
-}
-
-template <typename... Parameters, typename... Arguments>
-void notifyHost(const std::function<void(Parameters...)>& event, Arguments&&... arguments) {
-    if (event) event(std::forward<Arguments>(arguments)...);
 }
 
 }  // namespace
@@ -79,7 +72,8 @@ void KELP_RTBSyntax::rtb_SelChange() {
 }
 
 void KELP_RTBSyntax::rtb_KeyDown(int& KeyCode, int Shift) {
-    const CommandKey* key = Shift == kCtrl ? commandKey(&CommandKey::keyCode, KeyCode) : nullptr;
+    const CommandKey* key =
+        Shift == kCtrlMask ? commandKey(&CommandKey::keyCode, KeyCode) : nullptr;
     if (key != nullptr) {
         KeyCode = 0;
         notifyHost(commands_.*key->command);

@@ -195,6 +195,12 @@ class KELP_RTBSyntax : public RichTextHost {
         lists_.setList(wordClass, std::move(list));
     }
 
+    template <typename... Parameters, typename... Arguments>
+    static void notifyHost(const std::function<void(Parameters...)>& event,
+                           Arguments&&... arguments) {
+        if (event) event(std::forward<Arguments>(arguments)...);
+    }
+
     void rtb_Change();
     void rtb_SelChange();
     void rtb_KeyDown(int& KeyCode, int Shift);

@@ -32,6 +32,10 @@ CaretMotion CaretActions::motion() const {
     return {view_.box().rope(), view_.box().characters()};
 }
 
+Offset CaretActions::positionAt(QPoint point) const {
+    return motion().snapped(view_.positionAt(point));
+}
+
 void CaretActions::perform(const EditAction& action) {
     using Kind = EditAction::Kind;
     const RichTextBox& box = view_.box();

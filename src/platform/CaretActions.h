@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <optional>
 #include <string_view>
 
@@ -33,6 +34,8 @@ class CaretActions {
     bool replace(Range range, std::string_view bytes);
     /// The next step up or down starts a new column.
     void forgetColumn() { column_.reset(); }
+    /// Where the caret goes for a point of the viewport.
+    Offset positionAt(QPoint point) const;
     /// The units of the view's text as it now is.
     CaretMotion motion() const;
 

@@ -55,4 +55,8 @@ QColor ColorValue::resolve(const QPalette& palette) const {
     return QColor(low, value_ >> 8 & 0xFF, value_ >> 16 & 0xFF);
 }
 
+ColorValue ColorValue::plain(const QPalette& palette) const {
+    return isSystem() ? of(resolve(palette)) : *this;
+}
+
 }  // namespace brindlex

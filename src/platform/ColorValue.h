@@ -18,6 +18,8 @@ class ColorValue {
     constexpr bool isSystem() const { return (value_ & 0x80000000U) != 0; }
     /// The colour on the screen; an unknown system index gives black.
     QColor resolve(const QPalette& palette) const;
+    /// A system colour as the plain colour that it is now; any other value unchanged.
+    ColorValue plain(const QPalette& palette) const;
     constexpr bool operator==(const ColorValue&) const = default;
 
   private:

@@ -4,7 +4,6 @@
 #include <QKeySequence>
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace brindlex {
 namespace {
@@ -167,9 +166,13 @@ int keyCodeOf(const QKeyEvent& event) {
 }
 
 int shiftOf(Qt::KeyboardModifiers modifiers) {
-    return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) +
-           (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
-           (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+    return (modifiers.testFlag(Qt::ShiftModifier) ? kShiftMask : 0) +
+           (modifiers.testFlag(Qt::ControlModifier) ? kCtrlMask : 0) +
+           (modifiers.testFlag(Qt::AltModifier) ? kAltMask : 0);
+}
+
+int mouseButtonsOf(Qt::MouseButtons buttons) {
+    return static_cast<int>(buttons & (Qt::LeftButton | Qt::RightButton | Qt::MiddleButton));
 }
 
 Qt::KeyboardModifiers chordOf(const QKeyEvent& event) {

@@ -26,8 +26,14 @@ inline constexpr int kAsciiCtrlBackspace = 127;
 /// key on an American keyboard, as '(' gives 57.
 int keyCodeOf(const QKeyEvent& event);
 
-/// 1 Shift, 2 Ctrl, 4 Alt, summed up.
+/// The keys that Shift sums up.
+inline constexpr int kShiftMask = 1;
+inline constexpr int kCtrlMask = 2;
+inline constexpr int kAltMask = 4;
 int shiftOf(Qt::KeyboardModifiers modifiers);
+
+/// 1 left, 2 right, 4 middle, summed up: the toolkit's own numbers.
+int mouseButtonsOf(Qt::MouseButtons buttons);
 
 /// The modifiers that tell one command from another: all but keypad and group switch.
 Qt::KeyboardModifiers chordOf(const QKeyEvent& event);

@@ -28,7 +28,7 @@ void KeyInput::press(QKeyEvent& event) {
     if (consumedByKeyDown(event)) {
         return;
     } else if (leavesView(event)) {
-        view_.leave(event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
+        view_.moveFocus(event.key() == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier));
     } else if (makesCharacters(event)) {
         typeText(event.text());
     } else if (const int ascii = controlCodeOf(event)) {

@@ -1,6 +1,5 @@
 #include "platform/LineLayout.h"
 
-#include <algorithm>
 #include <atomic>
 
 namespace brindlex {

@@ -2,7 +2,6 @@
 
 #include <QTextOption>
 #include <algorithm>
-#include <utility>
 
 #include "platform/Recolored.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QCursor>
+#include <Qt>
 
 #include "platform/text/Units.h"
 

@@ -23,11 +23,6 @@ QPoint placeOf(const QMouseEvent& event) {
     return event.position().toPoint();
 }
 
-/// 1 left, 2 right, 4 middle, summed up: the toolkit's own numbers.
-int buttonsOf(Qt::MouseButtons buttons) {
-    return static_cast<int>(buttons & (Qt::LeftButton | Qt::RightButton | Qt::MiddleButton));
-}
-
 void raise(const MouseHandler& handler, int button, const QMouseEvent& event) {
     if (!handler) return;
     handler(button, shiftOf(event.modifiers()), Twips::fromPixels(event.position().x()),
@@ -48,11 +43,11 @@ void MouseSelection::press(QMouseEvent& event) {
     event.accept();
     letGo();
     clicking_ = event.button() == Qt::LeftButton;
-    raise(view_.onMouseDown, buttonsOf(event.button()), event);
+    raise(view_.onMouseDown, mouseButtonsOf(event.button()), event);
     if (event.button() == Qt::LeftButton)
         pressLeft(event);
     else if (event.button() == Qt::RightButton && !view_.isOnSelection(placeOf(event)))
-        actions_.moveTo(positionAt(placeOf(event)), false);
+        actions_.moveTo(actions_.positionAt(placeOf(event)), false);
 }
 
 void MouseSelection::pressLeft(const QMouseEvent& event) {
@@ -83,7 +78,7 @@ void MouseSelection::begin(Unit unit, QPoint at) {
 
 void MouseSelection::move(QMouseEvent& event) {
     event.accept();
-    raise(view_.onMouseMove, buttonsOf(event.buttons()), event);
+    raise(view_.onMouseMove, mouseButtonsOf(event.buttons()), event);
     if (!event.buttons().testFlag(Qt::LeftButton)) {
         letGo();  // the release went elsewhere, to a window that a handler opened
     } else if (held_ == Held::Selecting) {
@@ -102,12 +97,12 @@ void MouseSelection::release(QMouseEvent& event) {
     if (left) {
         scroll_.stop();
         const Held held = std::exchange(held_, Held::Nothing);
-        if (held == Held::OnSelection) actions_.moveTo(positionAt(at), false);
+        if (held == Held::OnSelection) actions_.moveTo(actions_.positionAt(at), false);
         if (held == Held::Selecting) offerPrimarySelection(view_);
     }
     const bool click =
         left && std::exchange(clicking_, false) && view_.viewport()->rect().contains(at);
-    raise(view_.onMouseUp, buttonsOf(event.button()), event);
+    raise(view_.onMouseUp, mouseButtonsOf(event.button()), event);
     if (event.button() == Qt::MiddleButton) pastePrimary(at);
     if (click && view_.onClick) view_.onClick();
 }
@@ -147,13 +142,13 @@ void MouseSelection::startDrag() {
 void MouseSelection::pastePrimary(QPoint at) {
     const auto text = primarySelection();
     if (!text || view_.box().Locked()) return;
-    const Offset place = positionAt(at);
+    const Offset place = actions_.positionAt(at);
     actions_.replace({place, place}, view_.codePage().fromUnicode(*text));
 }
 
 Range MouseSelection::unitAt(QPoint at) const {
     const CaretMotion units = actions_.motion();
-    const Offset position = positionAt(at);
+    const Offset position = actions_.positionAt(at);
     switch (unit_) {
         case Unit::Word:
             return units.wordAt(characterUnder(at));
@@ -164,12 +159,8 @@ Range MouseSelection::unitAt(QPoint at) const {
     }
 }
 
-Offset MouseSelection::positionAt(QPoint at) const {
-    return actions_.motion().snapped(view_.positionAt(at));
-}
-
 Offset MouseSelection::characterUnder(QPoint at) const {
-    const Offset nearest = positionAt(at);
+    const Offset nearest = actions_.positionAt(at);
     const CaretMotion units = actions_.motion();
     const bool behindIt =
         nearest > units.lineStart(nearest) && at.x() < view_.characterRect(nearest).left();

@@ -41,7 +41,6 @@ class MouseSelection {
     void startDrag();
     void pastePrimary(QPoint at);
     Range unitAt(QPoint at) const;
-    Offset positionAt(QPoint at) const;
     Offset characterUnder(QPoint at) const;
 
     RichTextView& view_;

@@ -147,7 +147,7 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     QString preedit() const;
     /// Hands the focus on to the next widget of the window, or the one before. Tab does not: it
     /// belongs to the text.
-    void leave(bool forward);
+    void moveFocus(bool forward);
     /// Puts a text that is being composed into the box, as a loss of the focus does.
     void commitComposition();
     /// Shows where a drag would drop; unset hides it.

@@ -36,7 +36,7 @@ void RichTextView::focusChanged() {
     changed();
 }
 
-void RichTextView::leave(bool forward) {
+void RichTextView::moveFocus(bool forward) {
     QAbstractScrollArea::focusNextPrevChild(forward);
 }
 

@@ -1,3 +1,4 @@
+#include <QCursor>
 #include <QFontInfo>
 
 #include "platform/Files.h"

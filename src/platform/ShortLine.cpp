@@ -3,7 +3,6 @@
 #include <QTextOption>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "platform/Recolored.h"
 

@@ -2,7 +2,6 @@
 
 #include <QRegion>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "platform/LineLayout.h"

@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
-#include <utility>
 
 #include "platform/CaretActions.h"
 #include "platform/LocalFile.h"
@@ -24,7 +23,7 @@ constexpr int kEdge = 16;  // pixels in which a hovering drag scrolls
 TextDragDrop::TextDragDrop(RichTextView& view, CaretActions& actions)
     : view_(view),
       actions_(actions),
-      scroll_(view, kEdge, [this] { view_.setDropCaret(positionAt(scroll_.pointer())); }) {
+      scroll_(view, kEdge, [this] { view_.setDropCaret(actions_.positionAt(scroll_.pointer())); }) {
     view_.setAcceptDrops(true);
 }
 
@@ -58,7 +57,7 @@ void TextDragDrop::move(QDragMoveEvent& event) {
     if (!acceptText(event)) return;
     const QPoint at = event.position().toPoint();
     scroll_.follow(at);
-    view_.setDropCaret(positionAt(at));
+    view_.setDropCaret(actions_.positionAt(at));
 }
 
 void TextDragDrop::leave() {
@@ -71,7 +70,7 @@ void TextDragDrop::drop(QDropEvent& event) {
     if (const QString path = acceptedFile(event); !path.isEmpty()) return openFile(path);
     if (!acceptText(event)) return;
     droppedHere_ = dragged_.has_value();
-    if (!dropText(event, positionAt(event.position().toPoint()))) return event.ignore();
+    if (!dropText(event, actions_.positionAt(event.position().toPoint()))) return event.ignore();
     view_.activateWindow();
     view_.setFocus(Qt::OtherFocusReason);
 }
@@ -121,10 +120,6 @@ bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {
     const RichTextBox& box = view_.box();
     if (box.selection().empty() && box.caret() > target) actions_.select(target, box.caret());
     return true;
-}
-
-Offset TextDragDrop::positionAt(QPoint point) const {
-    return actions_.motion().snapped(view_.positionAt(point));
 }
 
 }  // namespace brindlex

@@ -39,7 +39,6 @@ class TextDragDrop {
     void openFile(const QString& path);
     bool dropText(QDropEvent& event, Offset target);
     bool insertAt(Offset target, std::string_view bytes);
-    Offset positionAt(QPoint point) const;
 
     RichTextView& view_;
     CaretActions& actions_;

@@ -130,7 +130,7 @@ void changeSomething(RichTextView& view, Random& random) {
         [&] { view.setOverwriteMode(random.oneIn(2)); },
         [&] { view.setDropCaret(random.oneIn(2) ? std::optional(begin) : std::nullopt); },
         [&] {
-            view.setPreedit({random.oneIn(2) ? "preedit" : "", {}});
+            view.setPreedit(Preedit{random.oneIn(2) ? "preedit" : "", {}});
         },
         [&] { view.resize(random.oneIn(2) ? 460 : 540, view.height()); },
         [&] { view.SetHideSelection(random.oneIn(2)); },

@@ -191,10 +191,7 @@ RichTextBox::ChangeNotice RichTextBox::apply(Range removed, const Insertion& ins
         if (!insertion.text.empty()) nextFormat_.reset();
     }
     notice.selectionMoved = moveSelection(caret, caret);
-#ifndef NDEBUG
-    constexpr std::size_t kSmall = 4096;
-    if (rope_.size() <= kSmall) checkInvariants();
-#endif
+    checkChange();
     return notice;
 }
 
@@ -237,6 +234,7 @@ void RichTextBox::announce(const ChangeNotice& notice) {
 }
 
 void RichTextBox::announceFormats(Range range) {
+    checkChange();
     if (observer_ != nullptr) observer_->formatChanged(range);
 }
 
@@ -275,6 +273,13 @@ Offset RichTextBox::offsetOf(Long offset) const {
 Range RichTextBox::clamped(Range range) const {
     const Offset end(rope_.size());
     return {std::min(range.begin(), end), std::min(range.end(), end)};
+}
+
+void RichTextBox::checkChange() const {
+#ifndef NDEBUG
+    constexpr std::size_t kSmall = 4096;
+    if (rope_.size() <= kSmall) checkInvariants();
+#endif
 }
 
 void RichTextBox::checkInvariants() const {

@@ -247,6 +247,8 @@ class RichTextBox {
     bool moveSelection(Offset anchor, Offset caret);
     void announce(const ChangeNotice& notice);
     void announceFormats(Range range);
+    /// Checks the invariants after a change of a short text; in debug builds alone.
+    void checkChange() const;
 
     /// Normalises and cuts `text`, then edits; the caret goes behind it. `removed` splits no pair.
     std::string_view fitting(Range removed, std::string_view text, std::string& storage) const;

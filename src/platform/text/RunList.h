@@ -74,9 +74,8 @@ class JoinedRuns {
             runs_.emplace_back(length, format);
         assert(runs_.back().length >= length && runs_.back().format == format);
     }
-    /// Cost: O(runs).
+    /// `length` is not 0. Cost: O(runs).
     void prepend(std::size_t length, FormatId format) {
-        if (length == 0) return;
         if (!runs_.empty() && runs_.front().format == format)
             runs_.front().length += length;
         else
