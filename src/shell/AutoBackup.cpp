@@ -20,7 +20,7 @@ void AutoBackup::SaveBackup(const QString& MapName) {
     if (!parts_.state.AutoBackupEnabled || extension < 0) return;
     const QString path =
         parts_.programFolder + "/Backups/" + MapName.left(extension) + "_backup.script";
-    if (writeScript(path, parts_.editor.rtb().box().rope()))
+    if (writeScript(path, parts_.editor.box().rope()))
         parts_.panes.showBackupTime(parts_.desktop.now().time());
 }
 

@@ -105,11 +105,11 @@ void Document::putIn(std::string FileText, void (Document::*become)()) {
     FileText = {};
     if (onTextReplaced) onTextReplaced();
     parts_.panes.showLine(parts_.editor.GetCurrentLine());
-    const Rope loaded = parts_.editor.rtb().box().rope();
+    const Rope loaded = parts_.editor.box().rope();
     EditorLoader::yield();
     (this->*become)();
     // Input methods and screen readers may have edited it in the yield.
-    if (!(parts_.editor.rtb().box().rope() == loaded)) textChanged();
+    if (!(parts_.editor.box().rope() == loaded)) textChanged();
 }
 
 void Document::becomeUntitled() {
@@ -219,7 +219,7 @@ void Document::SaveAs() {
 
 void Document::write(const QString& path) const {
     // The product counts a failed save as saved and tells nobody; the old file stays whole.
-    std::ignore = writeScript(path, parts_.editor.rtb().box().rope());
+    std::ignore = writeScript(path, parts_.editor.box().rope());
 }
 
 // --- Commands ------------------------------------------------------------------------------------

@@ -11,7 +11,7 @@ EditCommands::EditCommands(KELP_RTBSyntax& editor, Desktop& desktop)
 
 void EditCommands::funCut_Click() {
     funCopy_Click();
-    replaceSelection({});
+    editor_.SetSelText({});
 }
 
 void EditCommands::funCopy_Click() {
@@ -22,26 +22,20 @@ void EditCommands::funCopy_Click() {
 }
 
 void EditCommands::funPaste_Click() {
-    replaceSelection(editor_.rtb().codePage().fromUnicode(desktop_.clipboardText()));
+    editor_.SetSelText(editor_.rtb().codePage().fromUnicode(desktop_.clipboardText()));
 }
 
 void EditCommands::funDelete_Click() {
-    replaceSelection({});
+    editor_.SetSelText({});
 }
 
 void EditCommands::funSelectAll_Click() {
     editor_.SetSelStart(0);
-    editor_.SetSelLength(static_cast<Long>(editor_.rtb().box().length()));
-}
-
-/// Shows the caret also where the edit has left it in its place, out of sight.
-void EditCommands::replaceSelection(std::string_view text) {
-    editor_.SetSelText(text);
-    editor_.rtb().ensureCaretVisible();
+    editor_.SetSelLength(static_cast<Long>(editor_.box().length()));
 }
 
 void EditCommands::insert(const QString& text) {
-    const RichTextBox& box = editor_.rtb().box();
+    const RichTextBox& box = editor_.box();
     const std::size_t kept = box.length() - box.selection().length();
     editor_.SetSelText(editor_.rtb().codePage().fromUnicode(text));
     // Counted, for line ends in the text may have become longer.

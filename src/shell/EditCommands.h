@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <string_view>
 
 namespace brindlex {
 
@@ -23,8 +22,6 @@ class EditCommands {
     void insert(const QString& text);
 
   private:
-    void replaceSelection(std::string_view text);
-
     KELP_RTBSyntax& editor_;
     Desktop& desktop_;
 };

@@ -24,7 +24,7 @@ Long lengthOf(const std::string& text) {
 
 void UndoHistory::record() {
     state_.RedoStack.clear();
-    const Rope& text = editor_.rtb().box().rope();
+    const Rope& text = editor_.box().rope();
     state_.UndoStack.push_back({editor_.SelStart(), static_cast<Long>(text.size()), text});
 }
 
@@ -67,7 +67,7 @@ void UndoHistory::replayUndo() {
 
 void UndoHistory::replayRedo() {
     const UndoElement& next = state_.RedoStack.back();
-    const Rope& now = editor_.rtb().box().rope();
+    const Rope& now = editor_.box().rope();
     const Long surplus = static_cast<Long>(now.size()) - next.TextLen;
     if (surplus > 0) return remove(next.SelStart, surplus);
     const std::string text = TextDifference(now, next.Text, next.SelStart + 1);

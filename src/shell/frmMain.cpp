@@ -225,14 +225,15 @@ void frmMain::paintEvent(QPaintEvent*) {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!localFileOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    acceptFile(*event);
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
+    const QString path = acceptFile(*event);
+    if (path.isEmpty()) return;
     // Later: the program that the file comes from waits until the drop is done.
     QMetaObject::invokeMethod(
-        this, [this, path = localFileOf(*event->mimeData())] { document_.openDropped(path); },
-        Qt::QueuedConnection);
+        this, [this, path] { document_.openDropped(path); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {
@@ -297,11 +298,11 @@ QString frmMain::UpdateError(const QString& ErrorMessage) {
 }
 
 void frmMain::funEdit_Click() {
-    const RichTextBox& box = editor_->rtb().box();
+    const RichTextBox& box = editor_->box();
     for (const char* name : {"funSearch", "funReplace", "funGoTo"})
         menu_.enable(name, box.length() > 0);
     for (const char* name : {"funCut", "funCopy"}) menu_.enable(name, !box.selection().empty());
-    menu_.enable("funPaste", !surroundings_.desktop.clipboardText().isEmpty());
+    menu_.enable("funPaste", surroundings_.desktop.hasClipboardText());
     menu_.enable("funInsMap", !document_.FileTitle().isEmpty());
 }
 

@@ -275,6 +275,7 @@ TEST_F(RichTextViewTest, ScrollsByLinesCutAtBothEnds) {
 
 TEST_F(RichTextViewTest, TheCaretComesIntoViewWhenItMovesAndRedrawIsOn) {
     view.box().SetText(lines(1000));
+    settle();
     view.setRedraw(false);
     view.box().SetSelStart(5000);
     view.setRedraw(true);

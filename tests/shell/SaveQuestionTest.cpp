@@ -134,8 +134,11 @@ TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
         desktop.expectBox(saveQuestion(kCommands[1].questionNamed), answer);
         QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window(), &enter);
-        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        drop.ignore();
         QCoreApplication::sendEvent(&window(), &drop);
+        EXPECT_TRUE(drop.isAccepted());
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
         QCoreApplication::processEvents();
         EXPECT_EQ(title(), titleThen);
     }
