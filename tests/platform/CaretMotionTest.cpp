@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <string>
 #include <vector>
+
+#include "text/Random.h"
 
 namespace brindlex {
 namespace {
@@ -57,14 +58,6 @@ struct Model {
         if (at > 0 && isText(at - 1)) return {before(words, offset), offset};
         return {offset, offset};
     }
-    Offset lineStart(Offset offset) const {
-        const auto feed =
-            offset.value() == 0 ? std::string::npos : text.rfind('\n', offset.value() - 1);
-        return Offset(feed == std::string::npos ? 0 : feed + 1);
-    }
-    Offset lineEnd(Offset offset) const {
-        return Offset(std::min(text.find("\r\n", offset.value()), text.size()));
-    }
 
     std::string text;
     Offsets starts;  ///< of characters, and the end
@@ -73,39 +66,32 @@ struct Model {
 };
 
 /// Long runs, so that they cross the pieces that the rope is made of.
-std::string randomText(std::mt19937& random) {
-    const std::string alphabet[] = {"abc_Z9\xE9", " \t", "(){};!", "\r"};
+std::string randomText(test::Random& random) {
+    const std::string alphabets[] = {"abc_Z9\xE9", " \t", "(){};!"};
     std::string text;
     while (text.size() < 2500) {
-        const std::string& letters = alphabet[random() % 4];
-        if (letters == "\r") {
-            text += "\r\n";
-            continue;
-        }
-        const std::size_t count = random() % 20 == 0 ? 600 : 1 + random() % 6;
-        for (std::size_t i = 0; i < count; ++i) text += letters[random() % letters.size()];
+        const std::size_t length = random.oneIn(20) ? 600 : random.below(7);
+        text += random.text(length, alphabets[random.below(3)]) + (random.oneIn(4) ? "\r\n" : "");
     }
     return text;
 }
 
 TEST(CaretMotion, AnswersAsAWalkFromTheFrontDoes) {
-    for (const unsigned seed : {1U, 2U, 3U, std::random_device{}()}) {
+    for (const std::uint64_t seed : test::seeds(3)) {
         SCOPED_TRACE(seed);
-        std::mt19937 random(seed);
+        test::Random random(seed);
         const Model model(randomText(random));
         const Rope rope(model.text);
         const CaretMotion motion(rope, table());
         for (const Offset at : model.starts) {
             SCOPED_TRACE(at);
-            if (random() % 4 != 0 && at.value() > 20) continue;
+            if (!random.oneIn(4) && at.value() > 20) continue;
             ASSERT_EQ(motion.snapped(at), at);
             ASSERT_EQ(motion.next(at), model.after(model.starts, at));
             ASSERT_EQ(motion.previous(at), model.before(model.starts, at));
             ASSERT_EQ(motion.nextWord(at), model.after(model.stops, at));
             ASSERT_EQ(motion.previousWord(at), model.before(model.stops, at));
             ASSERT_EQ(motion.wordAt(at), model.wordAt(at));
-            ASSERT_EQ(motion.lineStart(at), model.lineStart(at));
-            ASSERT_EQ(motion.lineEnd(at), model.lineEnd(at));
         }
     }
 }

@@ -46,32 +46,30 @@ void FakeDesktop::expectFolder(const QString& title, const QString& folder,
 }
 
 template <typename T>
-T FakeDesktop::take(const QString& question, const T& otherwise) {
+T FakeDesktop::take(const QString& question) {
     if (expected_.empty()) {
         ADD_FAILURE() << "Asked without cause for " << qUtf8Printable(question);
-        return otherwise;
+        return {};
     }
     const Expected next = expected_.front();
     expected_.pop_front();
     EXPECT_EQ(question.toStdString(), next.question.toStdString());
     if (next.meanwhile) next.meanwhile();
     const T* answer = std::get_if<T>(&next.answer);
-    return answer ? *answer : otherwise;
+    return answer ? *answer : T();
 }
 
 BoxAnswer FakeDesktop::showBox(QWidget*, const MessageBox& box) {
-    const bool justOk = box.buttons == BoxButtons::Ok;
-    const bool yesNo = box.buttons == BoxButtons::YesNo;
-    return take(describe(box), justOk ? BoxAnswer::Ok : yesNo ? BoxAnswer::No : BoxAnswer::Cancel);
+    return take<BoxAnswer>(describe(box));
 }
 
 FileAnswer FakeDesktop::askFile(QWidget*, const FileQuestion& question) {
-    return take(describe(question), FileAnswer(Cancelled{}));
+    return take<FileAnswer>(describe(question));
 }
 
 std::optional<QString> FakeDesktop::askFolder(QWidget*, const QString& title,
                                               const QString& folder) {
-    return take(describeFolder(title, folder), std::optional<QString>());
+    return take<std::optional<QString>>(describeFolder(title, folder));
 }
 
 }  // namespace brindlex

@@ -48,7 +48,7 @@ class FakeDesktop : public Desktop {
         std::function<void()> meanwhile;
     };
     template <typename T>
-    T take(const QString& question, const T& otherwise);
+    T take(const QString& question);
 
     std::deque<Expected> expected_;
     QString clipboard_;

@@ -165,38 +165,30 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
 }
 
 TEST_F(XPButtonInputTest, MayBeDestroyedByAnyOfItsEvents) {
-    const auto kill = [this] { delete std::exchange(button, nullptr); };
-    const auto killBy = [&](auto&...) { kill(); };
-    const std::pair<std::function<void(XPButtonEvents&)>, std::function<void()>> rows[] = {
-        {[&](auto& e) { e.MouseDown = killBy; },
-         [&] { QTest::mousePress(button, Qt::LeftButton); }},
-        {[&](auto& e) { e.MouseUp = killBy; }, [&] { QTest::mouseClick(button, Qt::LeftButton); }},
-        {[&](auto& e) { e.Click = kill; }, [&] { QTest::mouseClick(button, Qt::LeftButton); }},
-        {[&](auto& e) { e.DblClick = killBy; },
-         [&] { QTest::mouseDClick(button, Qt::LeftButton); }},
-        {[&](auto& e) { e.KeyDown = killBy; }, [&] { QTest::keyPress(button, Qt::Key_B); }},
-        {[&](auto& e) { e.Click = kill; }, [&] { QTest::keyClick(button, Qt::Key_Space); }},
-        {[&](auto& e) { e.MouseEnter = kill; },
-         [&] {
-             pointAt({50, 20});
-         }},
-        {[&](auto& e) { e.MouseLeave = kill; },
-         [&] {
-             pointAt({50, 20});
-             pointAt({350, 150});
-             QTest::qWait(150);
-         }},
-    };
-    for (const auto& [setUp, act] : rows) {
+    const auto dies = [this](auto event, const std::function<void()>& act) {
         delete button;
         pointAt({350, 150});
         button = new XPButton(desktop, &window);
         button->setGeometry(10, 10, 120, 30);
         button->show();
-        setUp(button->events);
+        button->events.*event = [this](auto&...) { delete std::exchange(button, nullptr); };
         act();
         EXPECT_EQ(button, nullptr);
-    }
+    };
+    const auto click = [this] { QTest::mouseClick(button, Qt::LeftButton); };
+
+    dies(&XPButtonEvents::MouseDown, [this] { QTest::mousePress(button, Qt::LeftButton); });
+    dies(&XPButtonEvents::MouseUp, click);
+    dies(&XPButtonEvents::Click, click);
+    dies(&XPButtonEvents::DblClick, [this] { QTest::mouseDClick(button, Qt::LeftButton); });
+    dies(&XPButtonEvents::KeyDown, [this] { QTest::keyPress(button, Qt::Key_B); });
+    dies(&XPButtonEvents::Click, [this] { QTest::keyClick(button, Qt::Key_Space); });
+    dies(&XPButtonEvents::MouseEnter, [this] { pointAt({50, 20}); });
+    dies(&XPButtonEvents::MouseLeave, [this] {
+        pointAt({50, 20});
+        pointAt({350, 150});
+        QTest::qWait(150);
+    });
 }
 
 TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {

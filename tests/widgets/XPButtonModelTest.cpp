@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <tuple>
 
 #include "platform/PropertyBag.h"
 #include "widgets/TestButton.h"
@@ -13,41 +14,30 @@ const ButtonPicture kIcon = ButtonPicture::icon(plainImage({8, 8}, Qt::red));
 constexpr ColorValue kRed(0x0000FF);
 constexpr ColorValue kBlue(0xFF0000);
 
+/// A desktop that notes the first words of each box.
+struct NotingDesktop : FakeDesktop {
+    QStringList said;
+    BoxAnswer showBox(QWidget*, const MessageBox& box) override {
+        EXPECT_EQ(box.title, QGuiApplication::applicationDisplayName());
+        said << box.text.section(' ', 0, 3);
+        return BoxAnswer::Ok;
+    }
+};
+
 class XPButtonModelTest : public testing::Test {
   protected:
-    void advise(const char* text) {
-        desktop.expectBox({text, QGuiApplication::applicationDisplayName(), BoxIcon::Information});
-    }
-    FakeDesktop desktop;
+    NotingDesktop desktop;
     TestHost host;
     XPButton button{desktop, nullptr, &host};
 };
 
-TEST(AdjustColor, ShiftsWithItsOddDivisors) {
-    struct Row {
-        Bgr color;
-        int shift;
-        bool scaleBlue, avoidExtremes, invert;
-        Bgr result;
-    };
-    const Row rows[] = {
-        {0xFFFFFF, -32, true, false, false, 0xD6E0DF},
-        {0xFFFFFF, -32, false, false, false, 0xE0E0DF},
-        {0xFFFFFF, 0, true, false, false, 0xFFFFFF},
-        {0x804020, 10, true, false, false, 0x874A2A},  // blue 129 + 10 * 129 / 192, dropped to 6
-        {0x804020, 10, false, false, true, 0x74B5D5},  // the complement of 0x8B4A2A
-        {0x000000, 0, true, true, false, 0x004040},    // 64 instead, and no blue to scale
-        {0xFFFFFF, 0, true, true, false, 0xABC0BF},    // 64 is white again, so back
-        {0x808080, 300, true, true, false, kWhite},    // no turn helps
-        {0x8000000F, -100000, true, true, false, 0x00FFFF},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(AdjustColor(row.color, row.shift, row.scaleBlue, row.avoidExtremes, row.invert),
-                  row.result)
-            << std::hex << row.color << std::dec << " by " << row.shift;
+TEST(AdjustColor, TurnsRoundAtBlackAndWhite) {
+    EXPECT_EQ(AdjustColor(0xFFFFFF, 0, true, true), 0xABC0BFU);  // 64 is white again, so back
+    EXPECT_EQ(AdjustColor(0x808080, 300, true, true), kWhite);   // no turn helps
+    EXPECT_EQ(AdjustColor(0x8000000F, -100000, true, true), 0x00FFFFU);
 }
 
-TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesBetweenMembers) {
+TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesOfMembersAndAdvisesTheDesigner) {
     for (const int bad : {-1, 99, 1 << 30}) {
         for (const auto& [set, highest] : kNumbers) (button.*set)(bad);
         button.SetHoverColorLocks(bad);
@@ -55,121 +45,95 @@ TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesBetweenMembers) {
     button.SetMousePointer(16);
     button.SetButtonShape(kCustomShape);  // no picture yet
     EXPECT_EQ(host.told, "");
-
-    button.SetCaptionAlign(1);
-    button.SetPictureAlign(5);
-    EXPECT_EQ(button.CaptionAlign(), 2);
-    button.SetCaptionAlign(0);
-    EXPECT_EQ(button.CaptionAlign(), 0) << "no picture, so the caption may stand anywhere";
-    button.SetPicture(kBitmap);
-    button.SetCaptionAlign(1);
-    EXPECT_EQ(button.CaptionAlign(), 0);
-
-    button.SetButtonShape(kCustomShape);
-    EXPECT_EQ(button.ButtonShape(), 7);
-    EXPECT_EQ(button.CaptionAlign(), 2);
-    button.SetPictureSize(0);
-    EXPECT_EQ(button.PictureSize(), 4);
-    button.SetPicture(kIcon);
-    EXPECT_EQ(button.ButtonShape(), 0);
-
-    advise("Select .ico Or .cur Files Only");
-    button.SetMouseIcon(kBitmap);
-    EXPECT_EQ(button.MousePointer(), 0);
-    button.SetMouseIcon(kIcon);
-    EXPECT_EQ(button.MousePointer(), kCustomPointer);
-}
-
-TEST_F(XPButtonModelTest, AdvisesTheDesigner) {
-    host.userMode = false;
-    advise("The Picture Property must be assigned first and must be a bitmap or JPEG.");
-    button.SetButtonShape(7);
-    button.SetPicture(kBitmap);
-    button.SetPictureAlign(4);
-    advise(
-        "When button images are aligned top/bottom center, \r\nbutton captions can only be center "
-        "aligned");
-    button.SetCaptionAlign(0);
-    button.SetButtonShape(7);
-    advise("The picture size cannot be changed for Shaped buttons");
-    button.SetPictureSize(1);
-    advise(
-        "Icons cannot be used for custom buttons. Only use bitmaps or JPEGs.\r\nButton was changed "
-        "to Rectangular shaped.");
-    button.SetPicture(kIcon);
     host.displayAsDefault = true;
-    button.UserControl_AmbientChanged("displayasdefault");
-    advise(
-        "The focus rectangle may appear on default buttons ONLY while in design mode, \r\nbut will "
-        "not appear when the form is running.");
-    button.SetShowFocusRect(false);
-    EXPECT_TRUE(button.look().has(XPButtonLook::kDefault));
-    host.userMode = true;
-    button.SetShowFocusRect(true);
-    EXPECT_FALSE(button.look().has(XPButtonLook::kDefault));
+    for (const bool design : {true, false}) {
+        host.userMode = !design;
+        desktop.said.clear();
+        XPButton fresh(desktop, nullptr, &host);
+        fresh.SetButtonShape(kCustomShape);
+        fresh.SetPictureAlign(5);
+        fresh.SetCaptionAlign(0);
+        EXPECT_EQ(fresh.CaptionAlign(), 0) << "no picture, so the caption may stand anywhere";
+        fresh.SetPicture(kBitmap);
+        fresh.SetCaptionAlign(1);
+        EXPECT_EQ(fresh.CaptionAlign(), 0);
+        fresh.SetPictureAlign(4);
+        EXPECT_EQ(fresh.CaptionAlign(), 2);
 
-    button.SetBackColor(kRed);
-    button.SetResetDefaultColors(true);
-    EXPECT_EQ(button.BackColor(), kRed);
-    host.userMode = false;
-    button.SetHoverBackColor(kBlue);
-    button.SetResetDefaultColors(true);
-    EXPECT_EQ(button.BackColor(), kButtonFace);
-    EXPECT_EQ(button.HoverBackColor(), kButtonFace);
-    EXPECT_EQ(button.HoverColorLocks(), 0);
+        fresh.SetButtonShape(kCustomShape);
+        fresh.SetPictureSize(0);
+        EXPECT_EQ(fresh.ButtonShape(), kCustomShape);
+        EXPECT_EQ(fresh.PictureSize(), 4);
+        fresh.SetPicture(kIcon);
+        EXPECT_EQ(fresh.ButtonShape(), 0);
+
+        fresh.UserControl_AmbientChanged("displayasdefault");
+        fresh.SetShowFocusRect(false);
+        EXPECT_EQ(fresh.look().has(XPButtonLook::kDefault), design);
+
+        fresh.SetMouseIcon(kBitmap);
+        EXPECT_EQ(fresh.MousePointer(), 0);
+        fresh.SetMouseIcon(kIcon);
+        EXPECT_EQ(fresh.MousePointer(), kCustomPointer);
+
+        fresh.SetBackColor(kRed);
+        fresh.SetHoverBackColor(kBlue);
+        fresh.SetResetDefaultColors(true);
+        EXPECT_EQ(fresh.BackColor(), design ? kButtonFace : kRed);
+        EXPECT_EQ(fresh.HoverBackColor(), design ? kButtonFace : kBlue);
+        EXPECT_EQ(fresh.HoverColorLocks(), design ? 0 : 1);
+        QStringList expected{"Select .ico Or .cur"};
+        if (design)
+            expected = QStringList{"The Picture Property must", "When button images are",
+                                   "The picture size cannot", "Icons cannot be used",
+                                   "The focus rectangle may"} +
+                       expected;
+        EXPECT_EQ(desktop.said, expected);
+    }
 }
 
 TEST_F(XPButtonModelTest, HoverColoursFollowUntilLocked) {
+    using Hover = std::tuple<ColorValue, ColorValue, int>;
+    const auto hover = [this] {
+        return Hover(button.HoverBackColor(), button.HoverForeColor(), button.HoverColorLocks());
+    };
     button.SetBackColor(kRed);
     button.SetForeColor(kBlue);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
-    EXPECT_EQ(button.HoverForeColor(), kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 0);
     button.SetGradientColor(kBlue);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
+    EXPECT_EQ(hover(), Hover(kRed, kBlue, 0));
     button.SetGradientMode(3);
-    EXPECT_EQ(button.HoverBackColor(), kBlue);
+    EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
     button.SetBackColor(kButtonFace);
     EXPECT_EQ(button.HoverBackColor(), kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 0);
     button.SetGradientMode(0);
-    EXPECT_EQ(button.HoverBackColor(), kButtonFace);
+    EXPECT_EQ(hover(), Hover(kButtonFace, kBlue, 0));
 
     button.SetHoverBackColor(kRed);
-    EXPECT_EQ(button.HoverColorLocks(), 1);
+    EXPECT_EQ(hover(), Hover(kRed, kBlue, 1));
     button.SetHoverForeColor(kRed);
-    EXPECT_EQ(button.HoverColorLocks(), 3);
+    EXPECT_EQ(hover(), Hover(kRed, kRed, 3));
     button.SetBackColor(kBlue);
-    button.SetForeColor(kRed);
-    EXPECT_EQ(button.HoverBackColor(), kRed);
-    button.SetHoverBackColor(kBlue);
-    EXPECT_EQ(button.HoverColorLocks(), 3);
+    button.SetForeColor(kBlue);
+    EXPECT_EQ(hover(), Hover(kRed, kRed, 3));
     button.SetHoverColorLocks(2);
-    EXPECT_EQ(button.HoverBackColor(), kBlue);
+    EXPECT_EQ(hover(), Hover(kBlue, kRed, 2));
     button.SetHoverColorLocks(0);
-    EXPECT_EQ(button.HoverForeColor(), kRed);
+    EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
 }
 
 TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
-    struct Row {
-        const char* caption;
-        const char* key;
-        const char* spoken;
-    };
-    const Row rows[] = {
-        {"Save && &Close", "C", "Save & Close"},
-        {"&Old &New", "N", "Old New"},
-        {"None", "N", "None"},  // as it was
-        {"One||&two", "t", "One two"},
+    const std::tuple<const char*, QString, QString> rows[] = {
+        {"Save && &Close", "Alt+C", "Save & Close"},
+        {"&Old &New", "Alt+N", "Old New"},
+        {"None", "Alt+N", "None"},  // as it was
+        {"One||&two", "Alt+T", "One two"},
         {"End&", "", "End"},
-        {"&", "", ""},
         {"||", "", " "},
     };
-    for (const Row& row : rows) {
-        button.SetCaption(row.caption);
-        const QString alt = *row.key ? QStringLiteral("Alt+") + row.key : QString();
-        EXPECT_EQ(button.accessKeySequence().toString().toLower(), alt.toLower()) << row.caption;
-        EXPECT_EQ(spokenCaption(row.caption).toStdString(), row.spoken);
+    for (const auto& [caption, key, spoken] : rows) {
+        button.SetCaption(caption);
+        EXPECT_EQ(button.accessKeySequence().toString(), key) << caption;
+        EXPECT_EQ(spokenCaption(caption), spoken);
     }
 }
 
