@@ -141,8 +141,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void announce();
     bool isInside(const QPoint& position) const;
 
-    // --- What model and input ask of the window
-    // -------------------------------------------------------
+    // --- What model and input ask of the window -------------------------------------------------
     void Redraw() override;
     void setDelayDrawing(bool on) override;
     void ComputeLayout() override;

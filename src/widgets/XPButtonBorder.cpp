@@ -109,8 +109,8 @@ std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
     const int h = frame.size.height();
     const int left = frame.region.LeftEdge;
     const int right = frame.region.RightEdge;
-    const int a = frame.ButtonShape == 1 || frame.ButtonShape == 3 ? 1 : 0;
-    const int b = frame.ButtonShape == 2 || frame.ButtonShape == 3 ? 1 : 0;
+    const int a = slantsLeft(frame.ButtonShape) ? 1 : 0;
+    const int b = slantsRight(frame.ButtonShape) ? 1 : 0;
     std::array<QPoint, 16> points{QPoint(left + 2 - 4 * a, h - 3), QPoint(2 + 2 * a, 2),
                                   QPoint(right - 3 + 3 * b, 2), QPoint(w - 3 - 3 * b, h - 3),
                                   QPoint(left + 1 - 4 * a, h - 3)};

@@ -62,7 +62,6 @@ class Frame {
     void PaintFace();
 
   private:
-    bool isOval() const { return f_.ButtonShape >= kFirstOval && f_.ButtonShape <= kOutlinedOval; }
     void PaintBackground();
     void PaintOvalBackground();
     void FillGradient(int mode, Bgr from, Bgr to);
@@ -94,14 +93,14 @@ Frame::Frame(QPainter& painter, const XPButtonFrame& frame)
 
 void Frame::PaintFace() {
     painter_.save();
-    if (isOval())
+    if (isOval(f_.ButtonShape))
         PaintOvalBackground();
     else
         PaintBackground();
     DrawContent();
     painter_.restore();
     if (f_.ButtonShape < kFirstOval) DrawBorder(painter_, f_);
-    if (isOval()) DrawRim();
+    if (isOval(f_.ButtonShape)) DrawRim();
 }
 
 /// Leaves the painter's clip inside of the oval's ring.
