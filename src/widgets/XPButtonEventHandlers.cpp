@@ -171,7 +171,6 @@ void XPButton::keyReleaseEvent(QKeyEvent* event) {
 void XPButton::postToContainer(int qtKey) {
     const auto hand = [this, qtKey] {
         QKeyEvent key(QEvent::KeyPress, qtKey, Qt::NoModifier);
-        key.ignore();
         QWidget* const container = parentWidget();
         const QPointer<XPButton> self(this);
         if (container) QCoreApplication::sendEvent(container, &key);
