@@ -43,6 +43,7 @@ void XPButton::followCaption() {
     if (accessKeyId_ != 0) releaseShortcut(accessKeyId_);
     const QKeySequence keys = accessKeySequence();
     accessKeyId_ = keys.isEmpty() ? 0 : grabShortcut(keys);
+    setShortcutAutoRepeat(accessKeyId_, false);
     QAccessibleEvent named(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&named);
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <memory>
@@ -10,6 +11,13 @@
 
 namespace brindlex {
 namespace {
+
+struct Window : QWidget {
+    bool takesKeys = false;
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!takesKeys) QWidget::keyPressEvent(event);
+    }
+};
 
 /// A window with two buttons and a line; the first button's events are written down.
 class XPButtonInputTest : public testing::Test {
@@ -56,7 +64,7 @@ class XPButtonInputTest : public testing::Test {
     bool hovers() const { return button->look().Hovering; }
 
     FakeDesktop desktop;
-    QWidget window;
+    Window window;
     XPButton* button = new XPButton(desktop, &window);
     XPButton* other = new XPButton(desktop, &window);
     QLineEdit* line = new QLineEdit(&window);
@@ -137,11 +145,17 @@ TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     QTest::keyClick(other, Qt::Key_Up);
     QCoreApplication::processEvents();
     EXPECT_TRUE(button->hasFocus());
+    window.takesKeys = true;
+    QTest::keyClick(button, Qt::Key_Down);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(button->hasFocus()) << "the container did something else with the key";
     EXPECT_EQ(taken(), "");
 }
 
 TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     QTest::keyClick(line, Qt::Key_A, Qt::AltModifier);
+    constexpr bool kRepeated = true;
+    QTest::simulateEvent(line, true, Qt::Key_A, Qt::AltModifier, "a", kRepeated);
     EXPECT_EQ(taken(), "click ");
     auto* const form = new XPButtonForm(window);
     QTest::keyClick(line, Qt::Key_Return);
