@@ -81,12 +81,12 @@ void XPButtonInput::tmrHover_Timer() {
 }
 
 void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
-    const int button = mouse.Button;
-    if (button == kLeftButton) {
+    if (mouse.Button == kLeftButton) {
         look_.set(Look::kDown, false);
         redrawNow();
     }
-    if (raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) LastButton_ = button;
+    if (raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y))
+        LastButton_ = mouse.Button;
 }
 
 void XPButtonInput::UserControl_Click() {
@@ -100,12 +100,12 @@ bool XPButtonInput::click() {
 
 void XPButtonInput::UserControl_DblClick() {
     const QPoint place = window_.pointerPosition();
-    const int last = LastButton_;
     XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),
                         static_cast<float>(place.y())};
-    int button = last;
+    int button = LastButton_;  // the handler's: the button may be gone when it returns
     if (!raise(events_.DblClick, button)) return;
-    if (last != kLeftButton)
+    LastButton_ = button;
+    if (button != kLeftButton)
         raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
     else if (press(mouse))
         LastButton_ = kNoButton;

@@ -119,9 +119,16 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
     QTest::mouseRelease(button, Qt::LeftButton, {}, {340, 140});
     EXPECT_EQ(taken(), "down1 leave enter up1 ");
 
+    button->events.MouseUp = [](int& Button, auto&...) { Button = 2; };
+    QTest::mouseClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_EQ(taken(), "down1 ") << "the handler made it another button";
+    button->events.DblClick = [](int& Button) { Button = 2; };
+    QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_FALSE(button->look().has(XPButtonLook::kDown));
+
     button->SetEnabled(false);
     QTest::mouseClick(button, Qt::LeftButton, {}, {40, 10});
-    EXPECT_EQ(taken(), "");
+    EXPECT_EQ(taken(), "down1 ");
 }
 
 TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
