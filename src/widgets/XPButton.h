@@ -139,7 +139,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void placeContent();
     XPButtonFrame makeFrame();
     void announce();
-    bool isInside(const QPoint& position) const;
+    XPButtonMouse mouseOf(const QMouseEvent& event, int button) const;
 
     // --- What model and input ask of the window -------------------------------------------------
     void Redraw() override;
@@ -149,6 +149,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void showBox(const QString& text) override;
     bool isUnderPointer() const override;
     QPoint pointerPosition() const override;
+    int heldButtons() const override;
     void setHoverTimer(bool on) override;
     void postToContainer(int qtKey) override;
 
@@ -172,7 +173,6 @@ class XPButton : public QWidget, private XPButtonWindow {
     Stale stale_ = Stale::Nothing;
     bool ownPaint_ = false;  // the next paint event is the answer to Redraw
     XPButtonLook announced_;
-    Qt::MouseButtons pressed_;  // inside of the button
 };
 
 }  // namespace brindlex

@@ -19,7 +19,7 @@ int buttonOf(Qt::MouseButton button) {
     return button == Qt::RightButton ? 2 : 1;
 }
 
-/// The buttons that a move finds held, summed up.
+/// Summed up.
 int buttonsOf(Qt::MouseButtons buttons) {
     int sum = 0;
     for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
@@ -29,11 +29,6 @@ int buttonsOf(Qt::MouseButtons buttons) {
 
 bool isKnown(Qt::MouseButton button) {
     return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
-}
-
-XPButtonMouse mouseOf(const QMouseEvent& event, int button) {
-    return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
-            static_cast<float>(event.position().y())};
 }
 
 /// KeyAscii of each character that a key makes.
@@ -64,6 +59,7 @@ void XPButton::changeEvent(QEvent* event) {
         case QEvent::PaletteChange:
             return model_.setPalette(palette());
         case QEvent::EnabledChange:
+            if (isEnabled()) input_.noticeReleases();
             return Redraw();
         default:
             return;
@@ -83,8 +79,7 @@ void XPButton::showEvent(QShowEvent* event) {
 
 void XPButton::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    pressed_ = Qt::NoButton;
-    input_.abandonPress();
+    input_.releaseLost(XPButtonInput::kEveryButton);
 }
 
 /// Without a host of its own nobody else says that the button is now what Enter presses.
@@ -92,16 +87,17 @@ void XPButton::focusInEvent(QFocusEvent*) {
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
-/// The release of a held space bar goes elsewhere.
 void XPButton::focusOutEvent(QFocusEvent*) {
-    if (!pressed_.testFlag(Qt::LeftButton)) input_.abandonPress();
+    input_.focusLost();
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
 // --- Mouse --------------------------------------------------------------------------------------
 
-bool XPButton::isInside(const QPoint& position) const {
-    return rect().contains(position) && region_.window.contains(position);
+XPButtonMouse XPButton::mouseOf(const QMouseEvent& event, int button) const {
+    const bool onFace = rect().contains(event.pos()) && region_.window.contains(event.pos());
+    return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
+            static_cast<float>(event.position().y()), onFace};
 }
 
 bool XPButton::isUnderPointer() const {
@@ -112,34 +108,31 @@ QPoint XPButton::pointerPosition() const {
     return mapFromGlobal(QCursor::pos());
 }
 
+int XPButton::heldButtons() const {
+    return buttonsOf(QGuiApplication::mouseButtons());
+}
+
 void XPButton::setHoverTimer(bool on) {
     on ? tmrHover_.start() : tmrHover_.stop();
 }
 
 void XPButton::mousePressEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    pressed_.setFlag(event->button(), isInside(event->pos()));
     input_.UserControl_MouseDown(mouseOf(*event, buttonOf(event->button())));
 }
 
 void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    pressed_.setFlag(event->button(), isInside(event->pos()));
-    input_.UserControl_DblClick();
+    input_.UserControl_DblClick(mouseOf(*event, buttonOf(event->button())));
 }
 
 void XPButton::mouseMoveEvent(QMouseEvent* event) {
     input_.UserControl_MouseMove(mouseOf(*event, buttonsOf(event->buttons())));
 }
 
-/// A press and a release on the button make a click.
 void XPButton::mouseReleaseEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    const bool clicked = pressed_.testFlag(event->button()) && isInside(event->pos());
-    pressed_.setFlag(event->button(), false);
-    const QPointer<XPButton> self(this);
     input_.UserControl_MouseUp(mouseOf(*event, buttonOf(event->button())));
-    if (self && clicked) input_.UserControl_Click();
 }
 
 // --- Keys ---------------------------------------------------------------------------------------

@@ -131,6 +131,40 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
     EXPECT_EQ(taken(), "down1 ");
 }
 
+TEST_F(XPButtonInputTest, IsUpAgainWhenItsReleaseWentElsewhere) {
+    const QPoint place(50, 20);
+    QWidget box(&window, Qt::Dialog);
+    box.setWindowModality(Qt::ApplicationModal);
+    const auto releaseInBox = [&box] {
+        box.show();
+        QTest::mouseRelease(box.windowHandle(), Qt::LeftButton);
+        box.hide();
+    };
+    const auto press = [&] {
+        pointAt(place);
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
+    };
+    const auto isDown = [this] { return button->look().has(XPButtonLook::kDown); };
+    press();
+    button->events.DblClick = [&](int&) { releaseInBox(); };
+    QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_FALSE(isDown());
+    button->events.MouseDown = [&](auto&...) { releaseInBox(); };
+    press();
+    EXPECT_FALSE(isDown());
+    button->events.MouseDown = {};
+    press();
+    EXPECT_TRUE(isDown());
+    releaseInBox();
+    QTest::mouseMove(window.windowHandle(), place + QPoint(1, 0));
+    EXPECT_FALSE(isDown());
+    press();
+    button->SetEnabled(false);
+    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+    button->SetEnabled(true);
+    EXPECT_FALSE(isDown());
+}
+
 TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     button->setFocus();
     QTest::keyPress(button, Qt::Key_Space);
