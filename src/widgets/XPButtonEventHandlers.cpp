@@ -12,8 +12,6 @@
 namespace brindlex {
 namespace {
 
-constexpr int kSpace = 32;
-
 int buttonOf(Qt::MouseButton button) {
     if (button == Qt::MiddleButton) return 4;
     return button == Qt::RightButton ? 2 : 1;
@@ -145,7 +143,7 @@ void XPButton::keyPressEvent(QKeyEvent* event) {
     }
     const QPointer<XPButton> self(this);
     const std::string characters = asciiOf(*event);
-    const bool taken = keyCode == kSpace;
+    const bool taken = keyCode == XPButtonInput::kSpace;
     input_.UserControl_KeyDown(keyCode, shiftOf(event->modifiers()), event->key());
     event->setAccepted(taken || keyCode == 0);
     if (keyCode == 0) return;
@@ -156,7 +154,7 @@ void XPButton::keyPressEvent(QKeyEvent* event) {
 void XPButton::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
     const int keyCode = keyCodeOf(*event);
-    event->setAccepted(keyCode == kSpace);
+    event->setAccepted(keyCode == XPButtonInput::kSpace);
     input_.UserControl_KeyUp(keyCode, shiftOf(event->modifiers()));
 }
 

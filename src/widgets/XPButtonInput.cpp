@@ -12,7 +12,6 @@ using Look = XPButtonLook;
 
 constexpr int kLeftButton = 1;
 constexpr int kNoButton = -1;
-constexpr int kSpace = 32;
 constexpr int kShiftKey = 16;
 constexpr int kFirstArrow = 37;
 constexpr int kLastArrow = 40;

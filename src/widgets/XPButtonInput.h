@@ -24,6 +24,7 @@ class XPButtonInput {
   public:
     static constexpr int kHoverInterval = 50;  ///< milliseconds between calls of tmrHover_Timer
     static constexpr int kEveryButton = 7;
+    static constexpr int kSpace = 32;  ///< KeyCode of the space bar, which presses the button
 
     /// All outlive this object.
     XPButtonInput(XPButtonLook& look, XPButtonWindow& window, const XPButtonEvents& events);
