@@ -7,6 +7,7 @@
 #include "platform/MousePointer.h"
 #include "platform/PropertyBag.h"
 #include "widgets/XPButtonAccessible.h"
+#include "widgets/XPButtonStoreKeys.h"
 #include "widgets/XPButtonWidgetHost.h"
 
 namespace brindlex {
@@ -56,7 +57,7 @@ QKeySequence XPButton::accessKeySequence() const {
 void XPButton::SetEnabled(bool on) {
     if (on == Enabled()) return;
     setEnabled(on);
-    host_.propertyChanged(QStringLiteral("Enabled"));
+    host_.propertyChanged(storekey::kEnabled);
 }
 
 void XPButton::SetMousePointer(int pointer) {
@@ -69,7 +70,7 @@ void XPButton::SetMousePointer(int pointer) {
         unsetCursor();
     else
         setCursor(cursorOf(pointer));
-    host_.propertyChanged(QStringLiteral("mPointer"));
+    host_.propertyChanged(storekey::kMousePointer);
 }
 
 void XPButton::SetMouseIcon(const ButtonPicture& icon) {
@@ -77,12 +78,12 @@ void XPButton::SetMouseIcon(const ButtonPicture& icon) {
         return showBox(QStringLiteral("Select .ico Or .cur Files Only"));
     mouseIcon_ = icon;
     SetMousePointer(icon.isNone() ? pointer_ : kCustomPointer);
-    host_.propertyChanged(QStringLiteral("mIcon"));
+    host_.propertyChanged(storekey::kMouseIcon);
 }
 
 void XPButton::SetFont(const QFont& newFont) {
     setFont(newFont);
-    host_.propertyChanged(QStringLiteral("Font"));
+    host_.propertyChanged(storekey::kFont);
 }
 
 // --- The host's side ----------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include "widgets/XPButtonCaption.h"
 #include "widgets/XPButtonHost.h"
+#include "widgets/XPButtonStoreKeys.h"
 #include "widgets/XPButtonWindow.h"
 
 namespace brindlex {
@@ -39,8 +40,8 @@ Bgr XPButtonModel::ResolveColor(ColorValue color) const {
     return color.isSystem() ? ColorValue::of(color.resolve(palette_)).value() : color.value();
 }
 
-void XPButtonModel::tell(const char* key) {
-    host_.propertyChanged(QString::fromLatin1(key));
+void XPButtonModel::tell(QLatin1String key) {
+    host_.propertyChanged(key);
 }
 
 void XPButtonModel::adviseDesigner(const char* text) {
@@ -60,7 +61,7 @@ void XPButtonModel::SetCaption(const QString& caption) {
     members_.Caption = caption;
     window_.ComputeLayout();
     window_.Redraw();
-    tell("Caption");
+    tell(storekey::kCaption);
 }
 
 void XPButtonModel::SetCaptionAlign(int align) {
@@ -70,13 +71,13 @@ void XPButtonModel::SetCaptionAlign(int align) {
     members_.CaptionAlign = align;
     window_.ComputeLayout();
     window_.Redraw();
-    tell("CapAlign");
+    tell(storekey::kCaptionAlign);
 }
 
 void XPButtonModel::alignCentred() {
     if (members_.CaptionAlign == kCaptionCentred) return;
     members_.CaptionAlign = kCaptionCentred;
-    tell("CapAlign");
+    tell(storekey::kCaptionAlign);
 }
 
 void XPButtonModel::SetCaptionStyle(int style) {
@@ -86,7 +87,7 @@ void XPButtonModel::SetCaptionStyle(int style) {
         window_.ComputeLayout();
         window_.Redraw();
     }
-    tell("CapStyle");
+    tell(storekey::kCaptionStyle);
 }
 
 // --- Shape and picture --------------------------------------------------------------------------
@@ -106,7 +107,7 @@ void XPButtonModel::SetButtonShape(int shape) {
     alignCentred();
     window_.UserControl_Resize();
     window_.setDelayDrawing(false);
-    tell("Shape");
+    tell(storekey::kButtonShape);
 }
 
 void XPButtonModel::SetPicture(const ButtonPicture& picture) {
@@ -118,12 +119,12 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     } else {
         if (picture.isNone() || picture.isIcon()) {
             members_.ButtonShape = 0;
-            tell("Shape");
+            tell(storekey::kButtonShape);
         }
         if (picture.isIcon()) adviseDesigner(kNoIcons);
         window_.UserControl_Resize();
     }
-    tell("Image");
+    tell(storekey::kPicture);
 }
 
 void XPButtonModel::SetPictureAlign(int align) {
@@ -132,7 +133,7 @@ void XPButtonModel::SetPictureAlign(int align) {
     if (align >= kPictureAbove) alignCentred();
     window_.ComputeLayout();
     window_.Redraw();
-    tell("ImgAlign");
+    tell(storekey::kPictureAlign);
 }
 
 void XPButtonModel::SetPictureSize(int size) {
@@ -141,7 +142,7 @@ void XPButtonModel::SetPictureSize(int size) {
     members_.PicturePixels = pixelsOf(size);
     window_.ComputeLayout();
     window_.Redraw();
-    tell("ImgSize");
+    tell(storekey::kPictureSize);
 }
 
 int XPButtonModel::PictureSize() {
@@ -157,7 +158,7 @@ void XPButtonModel::SetShowFocusRect(bool show) {
         look_.set(XPButtonLook::kDefault, false);
         window_.Redraw();
     }
-    tell("Focus");
+    tell(storekey::kShowFocusRect);
 }
 
 // --- Colours ------------------------------------------------------------------------------------
@@ -174,7 +175,7 @@ ColorValue XPButtonModel::followedBack() const {
     return members_.GradientMode == 0 ? members_.BackColor : members_.GradientColor;
 }
 
-void XPButtonModel::changedColor(const char* key) {
+void XPButtonModel::changedColor(QLatin1String key) {
     PrepareColors();
     window_.Redraw();
     tell(key);
@@ -184,36 +185,36 @@ void XPButtonModel::SetForeColor(ColorValue color) {
     if (color == members_.ForeColor) return;
     members_.ForeColor = color;
     if (hoverForeFollows()) SetHoverForeColor(color);
-    changedColor("cFore");
+    changedColor(storekey::kForeColor);
 }
 
 void XPButtonModel::SetBackColor(ColorValue color) {
     members_.BackColor = color;
     if (hoverBackFollows()) SetHoverBackColor(followedBack());
-    changedColor("cBack");
+    changedColor(storekey::kBackColor);
 }
 
 void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
     if (hoverBackFollows() && members_.GradientMode != 0) members_.HoverBackColor = color;
-    changedColor("cGradient");
+    changedColor(storekey::kGradientColor);
 }
 
 void XPButtonModel::SetGotFocusBorderColor(ColorValue color) {
     members_.GotFocusBorderColor = color;
-    changedColor("GotFocusBorderColor");
+    changedColor(storekey::kGotFocusBorderColor);
 }
 
 void XPButtonModel::SetHoverBorderColor(ColorValue color) {
     members_.HoverBorderColor = color;
-    changedColor("HoverBorderColor");
+    changedColor(storekey::kHoverBorderColor);
 }
 
 void XPButtonModel::SetGradientMode(int mode) {
     if (!isIn(mode, kMaxGradientMode)) return;
     members_.GradientMode = mode;
     if (hoverBackFollows()) members_.HoverBackColor = followedBack();
-    changedColor("Gradient");
+    changedColor(storekey::kGradientMode);
 }
 
 void XPButtonModel::SetResetDefaultColors(bool reset) {
@@ -226,8 +227,8 @@ void XPButtonModel::SetResetDefaultColors(bool reset) {
     SetHoverColorLocks(0);
     window_.setDelayDrawing(false);
     window_.Redraw();
-    tell("cGradient");
-    tell("cBack");
+    tell(storekey::kGradientColor);
+    tell(storekey::kBackColor);
 }
 
 void XPButtonModel::SetHoverColorLocks(int locks) {
@@ -235,21 +236,21 @@ void XPButtonModel::SetHoverColorLocks(int locks) {
     members_.HoverColorLocks = locks;
     if (hoverBackFollows()) members_.HoverBackColor = followedBack();
     if (hoverForeFollows()) members_.HoverForeColor = members_.ForeColor;
-    changedColor("LockHover");
+    changedColor(storekey::kHoverColorLocks);
 }
 
 void XPButtonModel::SetHoverForeColor(ColorValue color) {
     if (color != members_.HoverForeColor && color != members_.ForeColor)
         members_.HoverColorLocks |= 2;
     members_.HoverForeColor = color;
-    changedColor("cFHover");
+    changedColor(storekey::kHoverForeColor);
 }
 
 void XPButtonModel::SetHoverBackColor(ColorValue color) {
     if (color != members_.HoverBackColor && color != members_.BackColor)
         members_.HoverColorLocks |= 1;
     members_.HoverBackColor = color;
-    changedColor("cBHover");
+    changedColor(storekey::kHoverBackColor);
 }
 
 // --- Making and loading -------------------------------------------------------------------------
@@ -258,7 +259,9 @@ void XPButtonModel::InitProperties() {
     members_ = XPButtonMembers{};
     members_.Caption = host_.DisplayName();
     PrepareColors();
-    for (const char* key : {"Caption", "CapAlign", "Focus", "cFHover", "cBHover", "Font"})
+    for (const QLatin1String key :
+         {storekey::kCaption, storekey::kCaptionAlign, storekey::kShowFocusRect,
+          storekey::kHoverForeColor, storekey::kHoverBackColor, storekey::kFont})
         tell(key);
 }
 

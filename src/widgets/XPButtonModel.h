@@ -67,14 +67,14 @@ class XPButtonModel {
     void setPalette(const QPalette& palette);
 
   private:
-    void tell(const char* key);
+    void tell(QLatin1String key);
     void adviseDesigner(const char* text);
     void PrepareColors();
     void alignCentred();
     bool hoverBackFollows() const;
     bool hoverForeFollows() const;
     ColorValue followedBack() const;
-    void changedColor(const char* key);
+    void changedColor(QLatin1String key);
 
     XPButtonWindow& window_;
     XPButtonHost& host_;
