@@ -95,9 +95,14 @@ void XPButton::InitProperties() {
     UserControl_Resize();
 }
 
+/// Of the place that the button stands in at present.
+XPButtonDefaults XPButton::storeDefaults() const {
+    return {host_.BackColor(), host_.containerFont().value_or(QApplication::font(this))};
+}
+
 void XPButton::ReadProperties(const PropertyBag& bag) {
     setDelayDrawing(true);
-    const XPButtonRecord record = readRecord(bag, {host_.BackColor(), font()});
+    const XPButtonRecord record = readRecord(bag, storeDefaults());
     setFont(record.window.Font);
     setEnabled(record.window.Enabled);
     SetMouseIcon(record.window.MouseIcon);
@@ -110,8 +115,7 @@ void XPButton::ReadProperties(const PropertyBag& bag) {
 
 void XPButton::WriteProperties(PropertyBag& bag) const {
     const XPButtonRecord record{members(), {Enabled(), font(), pointer_, mouseIcon_}};
-    writeRecord(bag, record,
-                {host_.BackColor(), host_.containerFont().value_or(QApplication::font(this))});
+    writeRecord(bag, record, storeDefaults());
 }
 
 void XPButton::UserControl_AmbientChanged(const QString& name) {
