@@ -160,6 +160,13 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWas) {
     button.ReadProperties(nothing);
     EXPECT_EQ(stored(button), Values());
     EXPECT_EQ(button.HoverBackColor(), kBlue);
+    QWidget container;
+    QPalette red;
+    red.setColor(QPalette::Window, Qt::red);
+    container.setPalette(red);
+    XPButton hostless(desktop, &container);
+    hostless.ReadProperties(nothing);
+    EXPECT_EQ(hostless.BackColor(), kRed);
 
     Dice dice(5);
     const auto color = [&] {
