@@ -44,6 +44,14 @@ void XPButtonModel::tell(QLatin1String key) {
     host_.propertyChanged(key);
 }
 
+/// A member changes along with the one that is set.
+template <typename T>
+void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
+    if (member == value) return;
+    member = value;
+    tell(key);
+}
+
 void XPButtonModel::adviseDesigner(const char* text) {
     if (!host_.UserMode()) window_.showBox(QString::fromLatin1(text));
 }
@@ -75,9 +83,7 @@ void XPButtonModel::SetCaptionAlign(int align) {
 }
 
 void XPButtonModel::alignCentred() {
-    if (members_.CaptionAlign == kCaptionCentred) return;
-    members_.CaptionAlign = kCaptionCentred;
-    tell(storekey::kCaptionAlign);
+    follow(members_.CaptionAlign, kCaptionCentred, storekey::kCaptionAlign);
 }
 
 void XPButtonModel::SetCaptionStyle(int style) {
@@ -112,15 +118,14 @@ void XPButtonModel::SetButtonShape(int shape) {
 
 void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     members_.Picture = picture;
-    if (members_.PicturePixels == 0) members_.PicturePixels = pixelsOf(0);
+    if (members_.PicturePixels == 0)
+        follow(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
     if (members_.ButtonShape < kCustomShape) {
         window_.ComputeLayout();
         window_.Redraw();
     } else {
-        if (picture.isNone() || picture.isIcon()) {
-            members_.ButtonShape = 0;
-            tell(storekey::kButtonShape);
-        }
+        if (picture.isNone() || picture.isIcon())
+            follow(members_.ButtonShape, 0, storekey::kButtonShape);
         if (picture.isIcon()) adviseDesigner(kNoIcons);
         window_.UserControl_Resize();
     }
@@ -175,6 +180,11 @@ ColorValue XPButtonModel::followedBack() const {
     return members_.GradientMode == 0 ? members_.BackColor : members_.GradientColor;
 }
 
+void XPButtonModel::followBack() {
+    if (hoverBackFollows())
+        follow(members_.HoverBackColor, followedBack(), storekey::kHoverBackColor);
+}
+
 void XPButtonModel::changedColor(QLatin1String key) {
     PrepareColors();
     window_.Redraw();
@@ -196,7 +206,7 @@ void XPButtonModel::SetBackColor(ColorValue color) {
 
 void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
-    if (hoverBackFollows() && members_.GradientMode != 0) members_.HoverBackColor = color;
+    if (members_.GradientMode != 0) followBack();
     changedColor(storekey::kGradientColor);
 }
 
@@ -213,7 +223,7 @@ void XPButtonModel::SetHoverBorderColor(ColorValue color) {
 void XPButtonModel::SetGradientMode(int mode) {
     if (!isIn(mode, kMaxGradientMode)) return;
     members_.GradientMode = mode;
-    if (hoverBackFollows()) members_.HoverBackColor = followedBack();
+    followBack();
     changedColor(storekey::kGradientMode);
 }
 
@@ -234,21 +244,22 @@ void XPButtonModel::SetResetDefaultColors(bool reset) {
 void XPButtonModel::SetHoverColorLocks(int locks) {
     if (!isIn(locks, kMaxHoverColorLocks)) return;
     members_.HoverColorLocks = locks;
-    if (hoverBackFollows()) members_.HoverBackColor = followedBack();
-    if (hoverForeFollows()) members_.HoverForeColor = members_.ForeColor;
+    followBack();
+    if (hoverForeFollows())
+        follow(members_.HoverForeColor, members_.ForeColor, storekey::kHoverForeColor);
     changedColor(storekey::kHoverColorLocks);
 }
 
 void XPButtonModel::SetHoverForeColor(ColorValue color) {
     if (color != members_.HoverForeColor && color != members_.ForeColor)
-        members_.HoverColorLocks |= 2;
+        follow(members_.HoverColorLocks, members_.HoverColorLocks | 2, storekey::kHoverColorLocks);
     members_.HoverForeColor = color;
     changedColor(storekey::kHoverForeColor);
 }
 
 void XPButtonModel::SetHoverBackColor(ColorValue color) {
     if (color != members_.HoverBackColor && color != members_.BackColor)
-        members_.HoverColorLocks |= 1;
+        follow(members_.HoverColorLocks, members_.HoverColorLocks | 1, storekey::kHoverColorLocks);
     members_.HoverBackColor = color;
     changedColor(storekey::kHoverBackColor);
 }

@@ -70,10 +70,13 @@ class XPButtonModel {
     void tell(QLatin1String key);
     void adviseDesigner(const char* text);
     void PrepareColors();
+    template <typename T>
+    void follow(T& member, const T& value, QLatin1String key);
     void alignCentred();
     bool hoverBackFollows() const;
     bool hoverForeFollows() const;
     ColorValue followedBack() const;
+    void followBack();
     void changedColor(QLatin1String key);
 
     XPButtonWindow& window_;

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <tuple>
+#include <utility>
 
 #include "platform/PropertyBag.h"
 #include "widgets/TestButton.h"
@@ -119,6 +120,28 @@ TEST_F(XPButtonModelTest, HoverColoursFollowUntilLocked) {
     EXPECT_EQ(hover(), Hover(kBlue, kRed, 2));
     button.SetHoverColorLocks(0);
     EXPECT_EQ(hover(), Hover(kBlue, kBlue, 0));
+}
+
+TEST_F(XPButtonModelTest, TellsTheHostWhatChangesAlong) {
+    const auto told = [this] { return std::exchange(host.told, {}); };
+    PropertyBag bag;
+    bag.writeProperty("ImgSize", 0, {});
+    button.ReadProperties(bag);
+    told();
+    button.SetPicture(kBitmap);
+    EXPECT_EQ(told(), "ImgSize Image ");
+    button.SetGradientColor(kBlue);
+    EXPECT_EQ(told(), "cGradient ");
+    button.SetGradientMode(1);
+    EXPECT_EQ(told(), "cBHover Gradient ");
+    button.SetGradientColor(kRed);
+    EXPECT_EQ(told(), "cBHover cGradient ");
+    button.SetHoverBackColor(kBlue);
+    EXPECT_EQ(told(), "LockHover cBHover ");
+    button.SetHoverForeColor(kBlue);
+    EXPECT_EQ(told(), "LockHover cFHover ");
+    button.SetHoverColorLocks(0);
+    EXPECT_EQ(told(), "cBHover cFHover LockHover ");
 }
 
 TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
