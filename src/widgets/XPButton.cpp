@@ -61,23 +61,31 @@ void XPButton::SetEnabled(bool on) {
 }
 
 void XPButton::SetMousePointer(int pointer) {
-    const bool custom = pointer == kCustomPointer;
-    if (pointer < kDefaultPointer || (pointer > kLastPointer && !custom)) return;
+    const bool isKnown = pointer >= kDefaultPointer && pointer <= kLastPointer;
+    if (!isKnown && pointer != kCustomPointer) return;
     pointer_ = pointer;
+    showPointer();
+    host_.propertyChanged(storekey::kMousePointer);
+}
+
+void XPButton::showPointer() {
+    const bool custom = pointer_ == kCustomPointer;
     if (custom && !mouseIcon_.isNone())
         setCursor(QCursor(QPixmap::fromImage(mouseIcon_.image())));
-    else if (custom || pointer == kDefaultPointer)
+    else if (custom || pointer_ == kDefaultPointer)
         unsetCursor();
     else
-        setCursor(cursorOf(pointer));
-    host_.propertyChanged(storekey::kMousePointer);
+        setCursor(cursorOf(pointer_));
 }
 
 void XPButton::SetMouseIcon(const ButtonPicture& icon) {
     if (!icon.isNone() && !icon.isIcon())
         return showBox(QStringLiteral("Select .ico Or .cur Files Only"));
     mouseIcon_ = icon;
-    SetMousePointer(icon.isNone() ? pointer_ : kCustomPointer);
+    if (icon.isNone())
+        showPointer();
+    else
+        SetMousePointer(kCustomPointer);
     host_.propertyChanged(storekey::kMouseIcon);
 }
 

@@ -134,6 +134,7 @@ class XPButton : public QWidget, private XPButtonWindow {
 
     const XPButtonMembers& members() const { return model_.members(); }
     void followCaption();
+    void showPointer();
     XPButtonDefaults storeDefaults() const;
     void bringUpToDate();
     void fitRegion();

@@ -104,9 +104,8 @@ void XPButtonModel::SetButtonShape(int shape) {
         const ButtonPicture& picture = members_.Picture;
         if (picture.isNone() || picture.isIcon()) return adviseDesigner(kNeedsBitmap);
         if (members_.PicturePixels != kFittedSize) {
-            window_.setDelayDrawing(true);
+            window_.setDelayDrawing(true);  // until the window is rebuilt
             SetPictureSize(kMaxPictureSize);
-            window_.setDelayDrawing(false);
         }
     }
     members_.ButtonShape = shape;
@@ -157,12 +156,9 @@ int XPButtonModel::PictureSize() {
 
 void XPButtonModel::SetShowFocusRect(bool show) {
     members_.ShowFocusRect = show;
-    if (look_.has(XPButtonLook::kDefault) && !host_.UserMode()) {
-        adviseDesigner(kFocusAtDesign);
-    } else {
-        look_.set(XPButtonLook::kDefault, false);
-        window_.Redraw();
-    }
+    if (host_.UserMode()) look_.set(XPButtonLook::kDefault, false);
+    window_.Redraw();
+    if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
     tell(storekey::kShowFocusRect);
 }
 
@@ -207,7 +203,9 @@ void XPButtonModel::SetBackColor(ColorValue color) {
 void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
     if (members_.GradientMode != 0) followBack();
-    changedColor(storekey::kGradientColor);
+    PrepareColors();
+    if (members_.GradientMode != 0) window_.Redraw();
+    tell(storekey::kGradientColor);
 }
 
 void XPButtonModel::SetGotFocusBorderColor(ColorValue color) {

@@ -142,6 +142,10 @@ TEST_F(XPButtonModelTest, TellsTheHostWhatChangesAlong) {
     EXPECT_EQ(told(), "LockHover cFHover ");
     button.SetHoverColorLocks(0);
     EXPECT_EQ(told(), "cBHover cFHover LockHover ");
+    button.SetMouseIcon(kIcon);
+    EXPECT_EQ(told(), "mPointer mIcon ");
+    button.SetMouseIcon({});
+    EXPECT_EQ(told(), "mIcon ");
 }
 
 TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
