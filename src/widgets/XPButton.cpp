@@ -54,6 +54,16 @@ QKeySequence XPButton::accessKeySequence() const {
     return key.isEmpty() ? QKeySequence() : QKeySequence::mnemonic(u'&' + key);
 }
 
+void XPButton::SetButtonShape(int shape) {
+    model_.SetButtonShape(shape);
+    updateGeometry();
+}
+
+void XPButton::SetPicture(const ButtonPicture& picture) {
+    model_.SetPicture(picture);
+    updateGeometry();
+}
+
 void XPButton::SetEnabled(bool on) {
     if (on == Enabled()) return;
     setEnabled(on);
@@ -100,6 +110,7 @@ void XPButton::InitProperties() {
     if (const std::optional<QFont> font = host_.containerFont()) setFont(*font);
     model_.InitProperties();
     followCaption();
+    updateGeometry();
     UserControl_Resize();
 }
 

@@ -42,9 +42,9 @@ class XPButton : public QWidget, private XPButtonWindow {
     int CaptionStyle() const { return members().CaptionStyle; }
     void SetCaptionStyle(int style) { model_.SetCaptionStyle(style); }
     int ButtonShape() const { return members().ButtonShape; }
-    void SetButtonShape(int shape) { model_.SetButtonShape(shape); }
+    void SetButtonShape(int shape);
     ButtonPicture Picture() const { return members().Picture; }
-    void SetPicture(const ButtonPicture& picture) { model_.SetPicture(picture); }
+    void SetPicture(const ButtonPicture& picture);
     int PictureAlign() const { return members().PictureAlign; }
     void SetPictureAlign(int align) { model_.SetPictureAlign(align); }
     /// Of the button itself, also while what it stands in is disabled.
@@ -139,6 +139,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void bringUpToDate();
     void fitRegion();
     void placeContent();
+    QSize wideEnough(const QSize& hint) const;
     XPButtonFrame makeFrame();
     void announce();
     XPButtonMouse mouseOf(const QMouseEvent& event, int button) const;

@@ -189,12 +189,17 @@ QSize XPButton::sizeHint() const {
         content = QSize(content.width() + s, std::max(content.height(), s));
     else
         content = QSize(std::max(content.width(), s), content.height() + s);
-    const QSize hint = (content + kTextMargins).expandedTo(kSmallestHint);
-    return {std::max(grownWidth(m.ButtonShape, hint), hint.width()), hint.height()};
+    return wideEnough((content + kTextMargins).expandedTo(kSmallestHint));
 }
 
 QSize XPButton::minimumSizeHint() const {
-    return kSmallestHint;
+    return wideEnough(kSmallestHint);
+}
+
+/// Of a width at which the button does not grow by itself, over its neighbour.
+QSize XPButton::wideEnough(const QSize& hint) const {
+    const int height = std::max(hint.height(), minimumHeight());
+    return {grownWidth(members().ButtonShape, {hint.width(), height}), hint.height()};
 }
 
 }  // namespace brindlex

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QHBoxLayout>
 #include <QPainter>
 
 #include "widgets/TestButton.h"
@@ -45,6 +47,21 @@ TEST(XPButtonRegion, GrowsBySteps) {
     EXPECT_EQ(button.width(), 27);
     EXPECT_EQ(button.region().LeftEdge, 22);
     EXPECT_EQ(button.region().RightEdge, 27);
+}
+
+TEST(XPButton, AsksItsLayoutForTheRoomThatItsShapeNeeds) {
+    FakeDesktop desktop;
+    QWidget window;
+    QHBoxLayout row(&window);
+    XPButton button(desktop);
+    XPButton neighbour(desktop);
+    row.addWidget(&button);
+    row.addWidget(&neighbour);
+    button.setFixedHeight(70);
+    window.show();
+    button.SetButtonShape(1);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(button.geometry().intersects(neighbour.geometry()));
 }
 
 struct LayoutRow {
