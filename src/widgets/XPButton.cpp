@@ -30,6 +30,10 @@ XPButton::XPButton(Desktop& desktop, QWidget* parent, XPButtonHost* host)
 }
 
 XPButton::~XPButton() {
+    UserControl_Terminate();
+}
+
+void XPButton::UserControl_Terminate() {
     tmrHover_.stop();
 }
 
@@ -128,7 +132,7 @@ void XPButton::ReadProperties(const PropertyBag& bag) {
     SetMousePointer(record.window.MousePointer);
     model_.load(record.members);
     followCaption();
-    delayed_ = false;
+    delay_.set(false);
     UserControl_Resize();
 }
 

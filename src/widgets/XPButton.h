@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "widgets/XPButtonDelay.h"
 #include "widgets/XPButtonEvents.h"
 #include "widgets/XPButtonFrame.h"
 #include "widgets/XPButtonHost.h"
@@ -129,13 +130,13 @@ class XPButton : public QWidget, private XPButtonWindow {
     void keyReleaseEvent(QKeyEvent* event) override;
 
   private:
-    /// What has to be worked out again once drawing is no longer delayed.
-    enum class Stale { Nothing, Layout, Region };
-
     const XPButtonMembers& members() const { return model_.members(); }
     void followCaption();
     void showPointer();
     XPButtonDefaults storeDefaults() const;
+    void UserControl_Show();
+    void UserControl_Paint();
+    void UserControl_Terminate();
     void bringUpToDate();
     void fitRegion();
     void placeContent();
@@ -172,8 +173,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     std::shared_ptr<const XPButtonCaption> caption_;
     XPButtonMask mask_;
     XPButtonFrame frame_;
-    bool delayed_ = false;
-    Stale stale_ = Stale::Nothing;
+    XPButtonDelay delay_;
     bool ownPaint_ = false;  // the next paint event is the answer to Redraw
     XPButtonLook announced_;
 };

@@ -70,6 +70,11 @@ void XPButton::resizeEvent(QResizeEvent*) {
 
 void XPButton::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    setDelayDrawing(false);  // as the first paint event would, but that one must not resize
+    UserControl_Show();
+}
+
+void XPButton::UserControl_Show() {
     if (host_.UserMode() || !host_.DisplayAsDefault() || !ShowFocusRect()) return;
     model_.look().set(XPButtonLook::kDefault, true);
     Redraw();
@@ -77,6 +82,7 @@ void XPButton::showEvent(QShowEvent* event) {
 
 void XPButton::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
+    ownPaint_ = false;
     input_.releaseLost(XPButtonInput::kEveryButton);
 }
 

@@ -257,6 +257,15 @@ TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {
     button->Refresh();
     EXPECT_NE(button->layoutRects().CaptionRect, place);
     EXPECT_NE(button->grab().toImage(), before);
+
+    button->hide();
+    button->SetBackColor(ColorValue(0xFF00));
+    button->DelayDrawing(true);
+    button->SetBackColor(ColorValue(0xFF0000));
+    button->show();
+    const QImage first = button->grab().toImage();
+    button->Refresh();
+    EXPECT_EQ(first, button->grab().toImage()) << "a hidden button is painted as it then is";
 }
 
 TEST_F(XPButtonInputTest, TellsAssistiveTechnology) {
