@@ -5,12 +5,12 @@
 #include <QWidget>
 #include <memory>
 
+#include "widgets/MaskBitmap.h"
 #include "widgets/XPButtonDelay.h"
 #include "widgets/XPButtonEvents.h"
 #include "widgets/XPButtonFrame.h"
 #include "widgets/XPButtonHost.h"
 #include "widgets/XPButtonInput.h"
-#include "widgets/XPButtonMask.h"
 #include "widgets/XPButtonModel.h"
 #include "widgets/XPButtonStore.h"
 #include "widgets/XPButtonWindow.h"
@@ -82,7 +82,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void SetHoverForeColor(ColorValue color) { model_.SetHoverForeColor(color); }
     ColorValue HoverBackColor() const { return members().HoverBackColor; }
     void SetHoverBackColor(ColorValue color) { model_.SetHoverBackColor(color); }
-    /// What the window is painted on.
+    /// What the window is painted on. The toolkit refuses to paint on it outside of a paint event.
     QPaintDevice* hDC() { return this; }
     /// Gives the widget a native window of its own when it has none.
     WId hWnd() const { return winId(); }
@@ -171,7 +171,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     XPButtonRegion region_;
     XPButtonLayout layout_;
     std::shared_ptr<const XPButtonCaption> caption_;
-    XPButtonMask mask_;
+    MaskBitmap maskBitmap_;
     XPButtonFrame frame_;
     XPButtonDelay delay_;
     bool ownPaint_ = false;  // the next paint event is the answer to Redraw

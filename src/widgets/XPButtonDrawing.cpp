@@ -104,8 +104,8 @@ XPButtonFrame XPButton::makeFrame() {
     frame.region = region_;
     frame.layout = layout_;
     frame.caption = caption_;
-    mask_.prepare(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
-    frame.picture = frame.Enabled ? mask_.image() : mask_.disabledImage();
+    maskBitmap_.PrepareMask(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
+    frame.picture = frame.Enabled ? maskBitmap_.image() : maskBitmap_.disabledImage();
     return frame;
 }
 

@@ -33,7 +33,7 @@ constexpr int pixelsOf(int pictureSize) {
 
 XPButtonModel::XPButtonModel(XPButtonWindow& window, XPButtonHost& host, const QPalette& palette)
     : window_(window), host_(host), palette_(palette) {
-    PrepareColors();
+    PrepareResource();
 }
 
 Bgr XPButtonModel::ResolveColor(ColorValue color) const {
@@ -56,7 +56,8 @@ void XPButtonModel::adviseDesigner(const char* text) {
     if (!host_.UserMode()) window_.showBox(QString::fromLatin1(text));
 }
 
-void XPButtonModel::PrepareColors() {
+/// The colours that follow from others; picture and font need no preparing.
+void XPButtonModel::PrepareResource() {
     colors_.FaceColor = AdjustColor(ResolveColor(members_.BackColor), 48);
     colors_.HoverFaceColor = AdjustColor(ResolveColor(members_.HoverBackColor), 48);
     colors_.PressedColor = AdjustColor(colors_.FaceColor, -32);
@@ -182,7 +183,7 @@ void XPButtonModel::followBack() {
 }
 
 void XPButtonModel::changedColor(QLatin1String key) {
-    PrepareColors();
+    PrepareResource();
     window_.Redraw();
     tell(key);
 }
@@ -203,7 +204,7 @@ void XPButtonModel::SetBackColor(ColorValue color) {
 void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
     if (members_.GradientMode != 0) followBack();
-    PrepareColors();
+    PrepareResource();
     if (members_.GradientMode != 0) window_.Redraw();
     tell(storekey::kGradientColor);
 }
@@ -267,7 +268,7 @@ void XPButtonModel::SetHoverBackColor(ColorValue color) {
 void XPButtonModel::InitProperties() {
     members_ = XPButtonMembers{};
     members_.Caption = host_.DisplayName();
-    PrepareColors();
+    PrepareResource();
     for (const QLatin1String key :
          {storekey::kCaption, storekey::kCaptionAlign, storekey::kShowFocusRect,
           storekey::kHoverForeColor, storekey::kHoverBackColor, storekey::kFont})
@@ -276,13 +277,13 @@ void XPButtonModel::InitProperties() {
 
 void XPButtonModel::load(const XPButtonMembers& members) {
     members_ = members;
-    PrepareColors();
+    PrepareResource();
     SetCaption(members.Caption);
 }
 
 void XPButtonModel::setPalette(const QPalette& palette) {
     palette_ = palette;
-    PrepareColors();
+    PrepareResource();
     window_.Redraw();
 }
 

@@ -69,7 +69,7 @@ class XPButtonModel {
   private:
     void tell(QLatin1String key);
     void adviseDesigner(const char* text);
-    void PrepareColors();
+    void PrepareResource();
     template <typename T>
     void follow(T& member, const T& value, QLatin1String key);
     void alignCentred();

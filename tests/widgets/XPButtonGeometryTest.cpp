@@ -112,18 +112,18 @@ TEST(XPButtonLayout, PlacesCaptionAndPicture) {
     }
 }
 
-TEST(XPButtonMask, IsTransparentInTheColourOfItsCorner) {
+TEST(MaskBitmap, IsTransparentInTheColourOfItsCorner) {
     QImage image = plainImage({8, 8}, QColor(10, 20, 30));
     image.setPixelColor(2, 2, QColor(13, 17, 33));
     image.setPixelColor(3, 3, QColor(14, 20, 30));
     image.setPixelColor(4, 4, Qt::white);
-    XPButtonMask mask;
-    mask.prepare(ButtonPicture::bitmap(image), {16, 16}, 1);
+    MaskBitmap mask;
+    mask.PrepareMask(ButtonPicture::bitmap(image), {16, 16}, 1);
     EXPECT_EQ(mask.image().pixel(5, 5), 0U);
     EXPECT_EQ(mask.image().pixelColor(7, 7), QColor(14, 20, 30));
     EXPECT_EQ(mask.disabledImage().pixelColor(7, 7), QColor(128, 128, 128));
     EXPECT_EQ(mask.disabledImage().pixel(8, 8), 0U);
-    mask.prepare(ButtonPicture::icon(image), {16, 16}, 1);
+    mask.PrepareMask(ButtonPicture::icon(image), {16, 16}, 1);
     EXPECT_EQ(mask.image().pixelColor(5, 5), QColor(13, 17, 33));
     EXPECT_EQ(FitPicture(10, 100, {4, 8}), QSize(10, 20));
 }
