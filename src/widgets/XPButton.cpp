@@ -7,6 +7,7 @@
 #include "platform/MousePointer.h"
 #include "platform/PropertyBag.h"
 #include "widgets/XPButtonAccessible.h"
+#include "widgets/XPButtonStoreKeys.h"
 #include "widgets/XPButtonWidgetHost.h"
 
 namespace brindlex {
@@ -29,6 +30,10 @@ XPButton::XPButton(Desktop& desktop, QWidget* parent, XPButtonHost* host)
 }
 
 XPButton::~XPButton() {
+    UserControl_Terminate();
+}
+
+void XPButton::UserControl_Terminate() {
     tmrHover_.stop();
 }
 
@@ -43,6 +48,7 @@ void XPButton::followCaption() {
     if (accessKeyId_ != 0) releaseShortcut(accessKeyId_);
     const QKeySequence keys = accessKeySequence();
     accessKeyId_ = keys.isEmpty() ? 0 : grabShortcut(keys);
+    setShortcutAutoRepeat(accessKeyId_, false);
     QAccessibleEvent named(this, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&named);
 }
@@ -52,36 +58,54 @@ QKeySequence XPButton::accessKeySequence() const {
     return key.isEmpty() ? QKeySequence() : QKeySequence::mnemonic(u'&' + key);
 }
 
+void XPButton::SetButtonShape(int shape) {
+    model_.SetButtonShape(shape);
+    updateGeometry();
+}
+
+void XPButton::SetPicture(const ButtonPicture& picture) {
+    model_.SetPicture(picture);
+    updateGeometry();
+}
+
 void XPButton::SetEnabled(bool on) {
     if (on == Enabled()) return;
     setEnabled(on);
-    host_.propertyChanged(QStringLiteral("Enabled"));
+    host_.propertyChanged(storekey::kEnabled);
 }
 
 void XPButton::SetMousePointer(int pointer) {
-    const bool custom = pointer == kCustomPointer;
-    if (pointer < kDefaultPointer || (pointer > kLastPointer && !custom)) return;
+    const bool isKnown = pointer >= kDefaultPointer && pointer <= kLastPointer;
+    if (!isKnown && pointer != kCustomPointer) return;
     pointer_ = pointer;
+    showPointer();
+    host_.propertyChanged(storekey::kMousePointer);
+}
+
+void XPButton::showPointer() {
+    const bool custom = pointer_ == kCustomPointer;
     if (custom && !mouseIcon_.isNone())
         setCursor(QCursor(QPixmap::fromImage(mouseIcon_.image())));
-    else if (custom || pointer == kDefaultPointer)
+    else if (custom || pointer_ == kDefaultPointer)
         unsetCursor();
     else
-        setCursor(cursorOf(pointer));
-    host_.propertyChanged(QStringLiteral("mPointer"));
+        setCursor(cursorOf(pointer_));
 }
 
 void XPButton::SetMouseIcon(const ButtonPicture& icon) {
     if (!icon.isNone() && !icon.isIcon())
         return showBox(QStringLiteral("Select .ico Or .cur Files Only"));
     mouseIcon_ = icon;
-    SetMousePointer(icon.isNone() ? pointer_ : kCustomPointer);
-    host_.propertyChanged(QStringLiteral("mIcon"));
+    if (icon.isNone())
+        showPointer();
+    else
+        SetMousePointer(kCustomPointer);
+    host_.propertyChanged(storekey::kMouseIcon);
 }
 
 void XPButton::SetFont(const QFont& newFont) {
     setFont(newFont);
-    host_.propertyChanged(QStringLiteral("Font"));
+    host_.propertyChanged(storekey::kFont);
 }
 
 // --- The host's side ----------------------------------------------------------------------------
@@ -90,26 +114,31 @@ void XPButton::InitProperties() {
     if (const std::optional<QFont> font = host_.containerFont()) setFont(*font);
     model_.InitProperties();
     followCaption();
+    updateGeometry();
     UserControl_Resize();
+}
+
+/// Of the place that the button stands in at present.
+XPButtonDefaults XPButton::storeDefaults() const {
+    return {host_.BackColor(), host_.containerFont().value_or(QApplication::font(this))};
 }
 
 void XPButton::ReadProperties(const PropertyBag& bag) {
     setDelayDrawing(true);
-    const XPButtonRecord record = readRecord(bag, {host_.BackColor(), font()});
+    const XPButtonRecord record = readRecord(bag, storeDefaults());
     setFont(record.window.Font);
     setEnabled(record.window.Enabled);
     SetMouseIcon(record.window.MouseIcon);
     SetMousePointer(record.window.MousePointer);
     model_.load(record.members);
     followCaption();
-    delayed_ = false;
+    delay_.set(false);
     UserControl_Resize();
 }
 
 void XPButton::WriteProperties(PropertyBag& bag) const {
     const XPButtonRecord record{members(), {Enabled(), font(), pointer_, mouseIcon_}};
-    writeRecord(bag, record,
-                {host_.BackColor(), host_.containerFont().value_or(QApplication::font(this))});
+    writeRecord(bag, record, storeDefaults());
 }
 
 void XPButton::UserControl_AmbientChanged(const QString& name) {

@@ -5,11 +5,12 @@
 #include <QWidget>
 #include <memory>
 
+#include "widgets/MaskBitmap.h"
+#include "widgets/XPButtonDelay.h"
 #include "widgets/XPButtonEvents.h"
 #include "widgets/XPButtonFrame.h"
 #include "widgets/XPButtonHost.h"
 #include "widgets/XPButtonInput.h"
-#include "widgets/XPButtonMask.h"
 #include "widgets/XPButtonModel.h"
 #include "widgets/XPButtonStore.h"
 #include "widgets/XPButtonWindow.h"
@@ -42,9 +43,9 @@ class XPButton : public QWidget, private XPButtonWindow {
     int CaptionStyle() const { return members().CaptionStyle; }
     void SetCaptionStyle(int style) { model_.SetCaptionStyle(style); }
     int ButtonShape() const { return members().ButtonShape; }
-    void SetButtonShape(int shape) { model_.SetButtonShape(shape); }
+    void SetButtonShape(int shape);
     ButtonPicture Picture() const { return members().Picture; }
-    void SetPicture(const ButtonPicture& picture) { model_.SetPicture(picture); }
+    void SetPicture(const ButtonPicture& picture);
     int PictureAlign() const { return members().PictureAlign; }
     void SetPictureAlign(int align) { model_.SetPictureAlign(align); }
     /// Of the button itself, also while what it stands in is disabled.
@@ -81,7 +82,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void SetHoverForeColor(ColorValue color) { model_.SetHoverForeColor(color); }
     ColorValue HoverBackColor() const { return members().HoverBackColor; }
     void SetHoverBackColor(ColorValue color) { model_.SetHoverBackColor(color); }
-    /// What the window is painted on.
+    /// What the window is painted on. The toolkit refuses to paint on it outside of a paint event.
     QPaintDevice* hDC() { return this; }
     /// Gives the widget a native window of its own when it has none.
     WId hWnd() const { return winId(); }
@@ -129,20 +130,22 @@ class XPButton : public QWidget, private XPButtonWindow {
     void keyReleaseEvent(QKeyEvent* event) override;
 
   private:
-    /// What has to be worked out again once drawing is no longer delayed.
-    enum class Stale { Nothing, Layout, Region };
-
     const XPButtonMembers& members() const { return model_.members(); }
     void followCaption();
+    void showPointer();
+    XPButtonDefaults storeDefaults() const;
+    void UserControl_Show();
+    void UserControl_Paint();
+    void UserControl_Terminate();
     void bringUpToDate();
     void fitRegion();
     void placeContent();
+    QSize wideEnough(const QSize& hint) const;
     XPButtonFrame makeFrame();
     void announce();
-    bool isInside(const QPoint& position) const;
+    XPButtonMouse mouseOf(const QMouseEvent& event, int button) const;
 
-    // --- What model and input ask of the window
-    // -------------------------------------------------------
+    // --- What model and input ask of the window -------------------------------------------------
     void Redraw() override;
     void setDelayDrawing(bool on) override;
     void ComputeLayout() override;
@@ -150,6 +153,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void showBox(const QString& text) override;
     bool isUnderPointer() const override;
     QPoint pointerPosition() const override;
+    int heldButtons() const override;
     void setHoverTimer(bool on) override;
     void postToContainer(int qtKey) override;
 
@@ -167,13 +171,11 @@ class XPButton : public QWidget, private XPButtonWindow {
     XPButtonRegion region_;
     XPButtonLayout layout_;
     std::shared_ptr<const XPButtonCaption> caption_;
-    XPButtonMask mask_;
+    MaskBitmap maskBitmap_;
     XPButtonFrame frame_;
-    bool delayed_ = false;
-    Stale stale_ = Stale::Nothing;
+    XPButtonDelay delay_;
     bool ownPaint_ = false;  // the next paint event is the answer to Redraw
     XPButtonLook announced_;
-    Qt::MouseButtons pressed_;  // inside of the button
 };
 
 }  // namespace brindlex

@@ -29,22 +29,38 @@ constexpr Shades kHover{{{80, false},
                          {90, false},
                          {48, false},
                          {0, false}}};
+/// By BorderState.
 constexpr std::array<const Shades*, 4> kShades{&kNormal, &kDefault, &kPressed, &kHover};
 
-constexpr int kHoverState = 3;
-constexpr int kPressedState = 2;
-constexpr int kDefaultState = 1;
-
-Bgr baseColor(const XPButtonFrame& frame, int state) {
-    if (state == kHoverState) return frame.HoverBorderColor;
-    return state == kDefaultState ? frame.GotFocusBorderColor : frame.FaceColor;
+Bgr baseColor(const XPButtonFrame& frame, BorderState state) {
+    if (state == BorderState::Hover) return frame.HoverBorderColor;
+    return state == BorderState::Default ? frame.GotFocusBorderColor : frame.FaceColor;
 }
 
-int ringColor(const XPButtonFrame& frame, int state, const Shade& shade) {
+Bgr ringColor(const XPButtonFrame& frame, BorderState state, const Shade& shade) {
     const Bgr base = baseColor(frame, state);
-    if (state == kPressedState && shade.shift == 0) return static_cast<int>(base);
-    return static_cast<int>(AdjustColor(base, shade.shift, shade.scaleBlue));
+    if (state == BorderState::Pressed && shade.shift == 0) return base;
+    return AdjustColor(base, shade.shift, shade.scaleBlue);
 }
+
+/// The points that each line leads from and to, in the order of its colours. The way from point 13
+/// to 14 is none: it lies under the last line or below the face.
+struct Line {
+    std::size_t from;
+    std::size_t to;
+};
+constexpr std::array<Line, 12> kLines{{{0, 1},
+                                       {1, 2},
+                                       {2, 3},
+                                       {3, 4},
+                                       {5, 6},
+                                       {6, 7},
+                                       {7, 8},
+                                       {8, 9},
+                                       {10, 11},
+                                       {11, 12},
+                                       {12, 13},
+                                       {14, 15}}};
 
 int sign(int number) {
     return (number > 0) - (number < 0);
@@ -80,27 +96,26 @@ void drawCorners(QPainter& painter, const XPButtonFrame& frame, const QColor& co
 
 }  // namespace
 
-int BorderState(const XPButtonFrame& frame) {
+BorderState borderStateOf(const XPButtonFrame& frame) {
     const XPButtonLook& look = frame.look;
-    if (look.has(XPButtonLook::kOver) && !look.has(XPButtonLook::kDown)) return kHoverState;
-    if (look.isPressed()) return kPressedState;
-    return look.has(XPButtonLook::kDefault) && frame.ShowFocusRect ? kDefaultState : 0;
+    if (look.has(XPButtonLook::kOver) && !look.has(XPButtonLook::kDown)) return BorderState::Hover;
+    if (look.isPressed()) return BorderState::Pressed;
+    const bool isDefault = look.has(XPButtonLook::kDefault) && frame.ShowFocusRect;
+    return isDefault ? BorderState::Default : BorderState::Normal;
 }
 
-std::array<int, 12> borderColors(const XPButtonFrame& frame) {
-    std::array<int, 12> colors{};
+std::array<std::optional<Bgr>, 12> Colors(const XPButtonFrame& frame) {
+    std::array<std::optional<Bgr>, 12> colors;
     const auto outline = colors.begin() + kRingLines;
     if (!frame.Enabled) {
-        std::fill(colors.begin(), outline, kNoLine);
-        std::fill(outline, colors.end(),
-                  static_cast<int>(AdjustColor(frame.FaceColor, kOutlineShiftDisabled)));
+        std::fill(outline, colors.end(), AdjustColor(frame.FaceColor, kOutlineShiftDisabled));
         return colors;
     }
-    const int state = BorderState(frame);
+    const BorderState state = borderStateOf(frame);
     const Shades& shades = *kShades.at(static_cast<std::size_t>(state));
     std::transform(shades.begin(), shades.end(), colors.begin(),
                    [&](const Shade& shade) { return ringColor(frame, state, shade); });
-    std::fill(outline, colors.end(), static_cast<int>(kOutline));
+    std::fill(outline, colors.end(), kOutline);
     return colors;
 }
 
@@ -109,8 +124,8 @@ std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
     const int h = frame.size.height();
     const int left = frame.region.LeftEdge;
     const int right = frame.region.RightEdge;
-    const int a = frame.ButtonShape == 1 || frame.ButtonShape == 3 ? 1 : 0;
-    const int b = frame.ButtonShape == 2 || frame.ButtonShape == 3 ? 1 : 0;
+    const int a = slantsLeft(frame.ButtonShape) ? 1 : 0;
+    const int b = slantsRight(frame.ButtonShape) ? 1 : 0;
     std::array<QPoint, 16> points{QPoint(left + 2 - 4 * a, h - 3), QPoint(2 + 2 * a, 2),
                                   QPoint(right - 3 + 3 * b, 2), QPoint(w - 3 - 3 * b, h - 3),
                                   QPoint(left + 1 - 4 * a, h - 3)};
@@ -129,20 +144,13 @@ std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
 }
 
 void DrawBorder(QPainter& painter, const XPButtonFrame& frame) {
-    /// Where each ring begins; it goes on through the four points that follow.
-    constexpr std::array<std::size_t, 3> kRings{0, 5, 10};
     const std::array<QPoint, 16> points = PointTable(frame);
-    const std::array<int, 12> colors = borderColors(frame);
-    auto color = colors.begin();
-    for (const std::size_t ring : kRings) {
-        for (std::size_t point = ring; point < ring + 4; ++point, ++color) {
-            if (*color == kNoLine) continue;
-            drawLine(painter, points[point], points[point + 1], qColor(static_cast<Bgr>(*color)));
-        }
-    }
-    const QColor outline = qColor(static_cast<Bgr>(colors.back()));
-    drawLine(painter, points[14], points[15], outline);
-    drawCorners(painter, frame, outline);
+    const std::array<std::optional<Bgr>, 12> colors = Colors(frame);
+    for (std::size_t i = 0; i < kLines.size(); ++i)
+        if (const std::optional<Bgr>& color = colors.at(i))
+            drawLine(painter, points.at(kLines.at(i).from), points.at(kLines.at(i).to),
+                     qColor(*color));
+    drawCorners(painter, frame, qColor(colors.back().value_or(kOutline)));
 }
 
 }  // namespace brindlex

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <array>
+#include <optional>
 
 #include "widgets/XPButtonFrame.h"
 
@@ -9,14 +10,13 @@ class QPainter;
 
 namespace brindlex {
 
-/// 3 hover, 2 pressed, 1 default, 0 normal.
-int BorderState(const XPButtonFrame& frame);
+enum class BorderState { Normal, Default, Pressed, Hover };
 
-inline constexpr int kNoLine = -1;
+BorderState borderStateOf(const XPButtonFrame& frame);
 
-/// The colours of the border's lines, each a Bgr or kNoLine: the innermost ring, the middle ring
-/// and the outline, four lines each. The first is at index 0.
-std::array<int, 12> borderColors(const XPButtonFrame& frame);
+/// The colours of the border's lines: the innermost ring, the middle ring and the outline, four
+/// lines each, the first at index 0. A line without a colour is not drawn.
+std::array<std::optional<Bgr>, 12> Colors(const XPButtonFrame& frame);
 
 /// The corners of the border's lines, for shapes 0 to 3.
 std::array<QPoint, 16> PointTable(const XPButtonFrame& frame);

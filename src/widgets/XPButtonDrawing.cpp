@@ -27,22 +27,22 @@ void XPButton::DelayDrawing(bool on) {
 }
 
 void XPButton::setDelayDrawing(bool on) {
-    delayed_ = on;
-    if (!on && stale_ != Stale::Nothing) bringUpToDate();
+    delay_.set(on);
+    if (!on && delay_.hasWork()) bringUpToDate();
 }
 
 /// What waited while drawing was delayed.
 void XPButton::bringUpToDate() {
-    const Stale stale = std::exchange(stale_, Stale::Nothing);
-    if (stale == Stale::Region) return UserControl_Resize();
-    if (stale == Stale::Layout) placeContent();
+    const XPButtonDelay::Work work = delay_.takeWork();
+    if (work == XPButtonDelay::Work::Region) return UserControl_Resize();
+    if (work == XPButtonDelay::Work::Layout) placeContent();
     Redraw();
 }
 
 void XPButton::Redraw() {
-    if (delayed_) return;
+    if (delay_.isOn()) return;
     frame_ = makeFrame();
-    ownPaint_ = true;
+    ownPaint_ = !visibleRegion().isEmpty();
     update();
     announce();
 }
@@ -59,17 +59,18 @@ void XPButton::announce() {
     QAccessible::updateAccessibility(&event);
 }
 
-/// A frame that the button did not ask for shows the present state. What has waited until now is
-/// not for a paint event to do: it may change the size.
+/// What has waited until now is not for a paint event to do: it may change the size.
+void XPButton::UserControl_Paint() {
+    delay_.set(false);
+    if (delay_.hasWork())
+        QMetaObject::invokeMethod(
+            this, [this] { bringUpToDate(); }, Qt::QueuedConnection);
+    else
+        frame_ = makeFrame();
+}
+
 void XPButton::paintEvent(QPaintEvent*) {
-    if (!std::exchange(ownPaint_, false)) {
-        delayed_ = false;
-        if (stale_ == Stale::Nothing)
-            frame_ = makeFrame();
-        else
-            QMetaObject::invokeMethod(
-                this, [this] { bringUpToDate(); }, Qt::QueuedConnection);
-    }
+    if (!std::exchange(ownPaint_, false)) UserControl_Paint();
     QPainter painter(this);
     PaintFrame(painter, frame_);
 }
@@ -103,26 +104,19 @@ XPButtonFrame XPButton::makeFrame() {
     frame.region = region_;
     frame.layout = layout_;
     frame.caption = caption_;
-    mask_.prepare(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
-    frame.picture = frame.Enabled ? mask_.image() : mask_.disabledImage();
+    maskBitmap_.PrepareMask(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
+    frame.picture = frame.Enabled ? maskBitmap_.image() : maskBitmap_.disabledImage();
     return frame;
 }
 
 // --- Size ---------------------------------------------------------------------------------------
 
 void XPButton::UserControl_Resize() {
-    if (delayed_) {
-        stale_ = Stale::Region;
-        return;
-    }
+    if (delay_.putsOff(XPButtonDelay::Work::Region)) return;
     const int shape = members().ButtonShape;
-    if (const int grown = grownWidth(shape, size()); grown != width()) {
-        delayed_ = true;
-        resize(grown, height());
-        delayed_ = false;
-    }
-    stale_ = Stale::Nothing;
-    laidOut_ = size();
+    laidOut_ = QSize(grownWidth(shape, size()), height());
+    if (laidOut_ != size()) resize(laidOut_);
+    laidOut_ = size();  // it may be kept from growing
     region_ = BuildRegion(shape, laidOut_);
     setMask(region_.window);
     placeContent();
@@ -146,10 +140,7 @@ const XPButtonLayout& XPButton::layoutRects() {
 
 void XPButton::ComputeLayout() {
     updateGeometry();
-    if (!delayed_)
-        placeContent();
-    else if (stale_ == Stale::Nothing)
-        stale_ = Stale::Layout;
+    if (!delay_.putsOff(XPButtonDelay::Work::Layout)) placeContent();
 }
 
 void XPButton::placeContent() {
@@ -189,12 +180,17 @@ QSize XPButton::sizeHint() const {
         content = QSize(content.width() + s, std::max(content.height(), s));
     else
         content = QSize(std::max(content.width(), s), content.height() + s);
-    const QSize hint = (content + kTextMargins).expandedTo(kSmallestHint);
-    return {std::max(grownWidth(m.ButtonShape, hint), hint.width()), hint.height()};
+    return wideEnough((content + kTextMargins).expandedTo(kSmallestHint));
 }
 
 QSize XPButton::minimumSizeHint() const {
-    return kSmallestHint;
+    return wideEnough(kSmallestHint);
+}
+
+/// Of a width at which the button does not grow by itself, over its neighbour.
+QSize XPButton::wideEnough(const QSize& hint) const {
+    const int height = std::max(hint.height(), minimumHeight());
+    return {grownWidth(members().ButtonShape, {hint.width(), height}), hint.height()};
 }
 
 }  // namespace brindlex

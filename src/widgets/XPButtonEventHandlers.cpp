@@ -12,14 +12,12 @@
 namespace brindlex {
 namespace {
 
-constexpr int kSpace = 32;
-
 int buttonOf(Qt::MouseButton button) {
     if (button == Qt::MiddleButton) return 4;
     return button == Qt::RightButton ? 2 : 1;
 }
 
-/// The buttons that a move finds held, summed up.
+/// Summed up.
 int buttonsOf(Qt::MouseButtons buttons) {
     int sum = 0;
     for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
@@ -29,11 +27,6 @@ int buttonsOf(Qt::MouseButtons buttons) {
 
 bool isKnown(Qt::MouseButton button) {
     return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
-}
-
-XPButtonMouse mouseOf(const QMouseEvent& event, int button) {
-    return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
-            static_cast<float>(event.position().y())};
 }
 
 /// KeyAscii of each character that a key makes.
@@ -64,6 +57,7 @@ void XPButton::changeEvent(QEvent* event) {
         case QEvent::PaletteChange:
             return model_.setPalette(palette());
         case QEvent::EnabledChange:
+            if (isEnabled()) input_.noticeReleases();
             return Redraw();
         default:
             return;
@@ -76,6 +70,11 @@ void XPButton::resizeEvent(QResizeEvent*) {
 
 void XPButton::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    setDelayDrawing(false);  // as the first paint event would, but that one must not resize
+    UserControl_Show();
+}
+
+void XPButton::UserControl_Show() {
     if (host_.UserMode() || !host_.DisplayAsDefault() || !ShowFocusRect()) return;
     model_.look().set(XPButtonLook::kDefault, true);
     Redraw();
@@ -83,8 +82,8 @@ void XPButton::showEvent(QShowEvent* event) {
 
 void XPButton::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    pressed_ = Qt::NoButton;
-    input_.abandonPress();
+    ownPaint_ = false;
+    input_.releaseLost(XPButtonInput::kEveryButton);
 }
 
 /// Without a host of its own nobody else says that the button is now what Enter presses.
@@ -92,16 +91,17 @@ void XPButton::focusInEvent(QFocusEvent*) {
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
-/// The release of a held space bar goes elsewhere.
 void XPButton::focusOutEvent(QFocusEvent*) {
-    if (!pressed_.testFlag(Qt::LeftButton)) input_.abandonPress();
+    input_.focusLost();
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
 // --- Mouse --------------------------------------------------------------------------------------
 
-bool XPButton::isInside(const QPoint& position) const {
-    return rect().contains(position) && region_.window.contains(position);
+XPButtonMouse XPButton::mouseOf(const QMouseEvent& event, int button) const {
+    const bool onFace = rect().contains(event.pos()) && region_.window.contains(event.pos());
+    return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
+            static_cast<float>(event.position().y()), onFace};
 }
 
 bool XPButton::isUnderPointer() const {
@@ -112,34 +112,31 @@ QPoint XPButton::pointerPosition() const {
     return mapFromGlobal(QCursor::pos());
 }
 
+int XPButton::heldButtons() const {
+    return buttonsOf(QGuiApplication::mouseButtons());
+}
+
 void XPButton::setHoverTimer(bool on) {
     on ? tmrHover_.start() : tmrHover_.stop();
 }
 
 void XPButton::mousePressEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    pressed_.setFlag(event->button(), isInside(event->pos()));
     input_.UserControl_MouseDown(mouseOf(*event, buttonOf(event->button())));
 }
 
 void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    pressed_.setFlag(event->button(), isInside(event->pos()));
-    input_.UserControl_DblClick();
+    input_.UserControl_DblClick(mouseOf(*event, buttonOf(event->button())));
 }
 
 void XPButton::mouseMoveEvent(QMouseEvent* event) {
     input_.UserControl_MouseMove(mouseOf(*event, buttonsOf(event->buttons())));
 }
 
-/// A press and a release on the button make a click.
 void XPButton::mouseReleaseEvent(QMouseEvent* event) {
     if (!isKnown(event->button())) return event->ignore();
-    const bool clicked = pressed_.testFlag(event->button()) && isInside(event->pos());
-    pressed_.setFlag(event->button(), false);
-    const QPointer<XPButton> self(this);
     input_.UserControl_MouseUp(mouseOf(*event, buttonOf(event->button())));
-    if (self && clicked) input_.UserControl_Click();
 }
 
 // --- Keys ---------------------------------------------------------------------------------------
@@ -152,7 +149,7 @@ void XPButton::keyPressEvent(QKeyEvent* event) {
     }
     const QPointer<XPButton> self(this);
     const std::string characters = asciiOf(*event);
-    const bool taken = keyCode == kSpace;
+    const bool taken = keyCode == XPButtonInput::kSpace;
     input_.UserControl_KeyDown(keyCode, shiftOf(event->modifiers()), event->key());
     event->setAccepted(taken || keyCode == 0);
     if (keyCode == 0) return;
@@ -163,7 +160,7 @@ void XPButton::keyPressEvent(QKeyEvent* event) {
 void XPButton::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
     const int keyCode = keyCodeOf(*event);
-    event->setAccepted(keyCode == kSpace);
+    event->setAccepted(keyCode == XPButtonInput::kSpace);
     input_.UserControl_KeyUp(keyCode, shiftOf(event->modifiers()));
 }
 
@@ -171,7 +168,6 @@ void XPButton::keyReleaseEvent(QKeyEvent* event) {
 void XPButton::postToContainer(int qtKey) {
     const auto hand = [this, qtKey] {
         QKeyEvent key(QEvent::KeyPress, qtKey, Qt::NoModifier);
-        key.ignore();
         QWidget* const container = parentWidget();
         const QPointer<XPButton> self(this);
         if (container) QCoreApplication::sendEvent(container, &key);

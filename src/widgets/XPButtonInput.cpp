@@ -12,7 +12,6 @@ using Look = XPButtonLook;
 
 constexpr int kLeftButton = 1;
 constexpr int kNoButton = -1;
-constexpr int kSpace = 32;
 constexpr int kShiftKey = 16;
 constexpr int kFirstArrow = 37;
 constexpr int kLastArrow = 40;
@@ -43,8 +42,36 @@ void XPButtonInput::redrawNow() {
 
 // --- Mouse --------------------------------------------------------------------------------------
 
+void XPButtonInput::hold(const XPButtonMouse& mouse) {
+    held_ |= mouse.Button;
+    onFace_ = mouse.onFace ? onFace_ | mouse.Button : onFace_ & ~mouse.Button;
+}
+
+void XPButtonInput::letGo(int buttons) {
+    held_ &= ~buttons;
+    onFace_ &= ~buttons;
+}
+
+void XPButtonInput::releaseLost(int buttons) {
+    letGo(buttons);
+    if ((buttons & kLeftButton) == 0 || !look_.has(Look::kDown)) return;
+    look_.set(Look::kDown, false);
+    window_.Redraw();
+}
+
+void XPButtonInput::noticeReleases() {
+    noticeReleasesSince(held_);
+}
+
+/// A handler may have waited for the user, who let go meanwhile.
+void XPButtonInput::noticeReleasesSince(int before) {
+    releaseLost(before & ~window_.heldButtons());
+}
+
 void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
-    press(mouse);
+    const int before = window_.heldButtons();
+    hold(mouse);
+    if (press(mouse)) noticeReleasesSince(before);
 }
 
 bool XPButtonInput::press(XPButtonMouse mouse) {
@@ -57,6 +84,7 @@ bool XPButtonInput::press(XPButtonMouse mouse) {
 }
 
 void XPButtonInput::UserControl_MouseMove(XPButtonMouse mouse) {
+    releaseLost(held_ & ~mouse.Button);
     if (!look_.Hovering && window_.isUnderPointer() && !startHover()) return;
     raise(events_.MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
 }
@@ -81,12 +109,15 @@ void XPButtonInput::tmrHover_Timer() {
 }
 
 void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
-    const int button = mouse.Button;
-    if (button == kLeftButton) {
+    const bool clicked = mouse.onFace && (onFace_ & mouse.Button) != 0;
+    letGo(mouse.Button);
+    if (mouse.Button == kLeftButton) {
         look_.set(Look::kDown, false);
         redrawNow();
     }
-    if (raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) LastButton_ = button;
+    if (!raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) return;
+    LastButton_ = mouse.Button;
+    if (clicked) UserControl_Click();
 }
 
 void XPButtonInput::UserControl_Click() {
@@ -98,17 +129,22 @@ bool XPButtonInput::click() {
     return LastButton_ != kLeftButton || raise(events_.Click);
 }
 
-void XPButtonInput::UserControl_DblClick() {
+void XPButtonInput::UserControl_DblClick(const XPButtonMouse& second) {
+    const int before = window_.heldButtons();
+    hold(second);
     const QPoint place = window_.pointerPosition();
-    const int last = LastButton_;
     XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),
                         static_cast<float>(place.y())};
-    int button = last;
+    int button = LastButton_;  // the handler's: the button may be gone when it returns
     if (!raise(events_.DblClick, button)) return;
-    if (last != kLeftButton)
-        raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
-    else if (press(mouse))
+    LastButton_ = button;
+    if (button == kLeftButton) {
+        if (!press(mouse)) return;
         LastButton_ = kNoButton;
+    } else if (!raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) {
+        return;
+    }
+    noticeReleasesSince(before);
 }
 
 // --- Keys ---------------------------------------------------------------------------------------
@@ -152,10 +188,8 @@ void XPButtonInput::UserControl_AccessKeyPress(int KeyAscii) {
     click();
 }
 
-void XPButtonInput::abandonPress() {
-    if (!look_.has(Look::kDown)) return;
-    look_.set(Look::kDown, false);
-    window_.Redraw();
+void XPButtonInput::focusLost() {
+    if ((held_ & kLeftButton) == 0) releaseLost(kLeftButton);
 }
 
 }  // namespace brindlex

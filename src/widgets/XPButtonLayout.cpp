@@ -35,9 +35,11 @@ struct Face {
 Face faceOf(const XPButtonLayoutInput& in) {
     const int w = in.size.width();
     Face face{0, w, in.RightEdge, in.size.height()};
-    if (in.ButtonShape == 1 || in.ButtonShape == 3) face.x0 = in.LeftEdge - in.LeftEdge / 3 + 3;
-    if (in.ButtonShape == 2 || in.ButtonShape == 3) face.xr = in.RightEdge + (w - in.RightEdge) / 3;
-    if (in.ButtonShape >= 1 && in.ButtonShape <= 3) face.span = face.xr - face.x0;
+    const bool left = slantsLeft(in.ButtonShape);
+    const bool right = slantsRight(in.ButtonShape);
+    if (left) face.x0 = in.LeftEdge - in.LeftEdge / 3 + 3;
+    if (right) face.xr = in.RightEdge + (w - in.RightEdge) / 3;
+    if (left || right) face.span = face.xr - face.x0;
     return face;
 }
 

@@ -28,6 +28,18 @@ inline constexpr int kFirstShapeWithoutCaption = 5;
 inline constexpr int kOutlinedOval = 6;
 inline constexpr int kCustomShape = 7;
 
+constexpr bool slantsLeft(int shape) {
+    return shape == 1 || shape == 3;
+}
+
+constexpr bool slantsRight(int shape) {
+    return shape == 2 || shape == 3;
+}
+
+constexpr bool isOval(int shape) {
+    return shape >= kFirstOval && shape <= kOutlinedOval;
+}
+
 /// Sizes of a picture in pixels. Above kLargestPlacedSize it takes its place from the button.
 inline constexpr int kLargestPlacedSize = 32;
 inline constexpr int kStretchedSize = 40;

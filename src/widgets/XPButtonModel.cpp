@@ -2,6 +2,7 @@
 
 #include "widgets/XPButtonCaption.h"
 #include "widgets/XPButtonHost.h"
+#include "widgets/XPButtonStoreKeys.h"
 #include "widgets/XPButtonWindow.h"
 
 namespace brindlex {
@@ -32,22 +33,31 @@ constexpr int pixelsOf(int pictureSize) {
 
 XPButtonModel::XPButtonModel(XPButtonWindow& window, XPButtonHost& host, const QPalette& palette)
     : window_(window), host_(host), palette_(palette) {
-    PrepareColors();
+    PrepareResource();
 }
 
 Bgr XPButtonModel::ResolveColor(ColorValue color) const {
     return color.isSystem() ? ColorValue::of(color.resolve(palette_)).value() : color.value();
 }
 
-void XPButtonModel::tell(const char* key) {
-    host_.propertyChanged(QString::fromLatin1(key));
+void XPButtonModel::tell(QLatin1String key) {
+    host_.propertyChanged(key);
+}
+
+/// A member changes along with the one that is set.
+template <typename T>
+void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
+    if (member == value) return;
+    member = value;
+    tell(key);
 }
 
 void XPButtonModel::adviseDesigner(const char* text) {
     if (!host_.UserMode()) window_.showBox(QString::fromLatin1(text));
 }
 
-void XPButtonModel::PrepareColors() {
+/// The colours that follow from others; picture and font need no preparing.
+void XPButtonModel::PrepareResource() {
     colors_.FaceColor = AdjustColor(ResolveColor(members_.BackColor), 48);
     colors_.HoverFaceColor = AdjustColor(ResolveColor(members_.HoverBackColor), 48);
     colors_.PressedColor = AdjustColor(colors_.FaceColor, -32);
@@ -60,7 +70,7 @@ void XPButtonModel::SetCaption(const QString& caption) {
     members_.Caption = caption;
     window_.ComputeLayout();
     window_.Redraw();
-    tell("Caption");
+    tell(storekey::kCaption);
 }
 
 void XPButtonModel::SetCaptionAlign(int align) {
@@ -70,13 +80,11 @@ void XPButtonModel::SetCaptionAlign(int align) {
     members_.CaptionAlign = align;
     window_.ComputeLayout();
     window_.Redraw();
-    tell("CapAlign");
+    tell(storekey::kCaptionAlign);
 }
 
 void XPButtonModel::alignCentred() {
-    if (members_.CaptionAlign == kCaptionCentred) return;
-    members_.CaptionAlign = kCaptionCentred;
-    tell("CapAlign");
+    follow(members_.CaptionAlign, kCaptionCentred, storekey::kCaptionAlign);
 }
 
 void XPButtonModel::SetCaptionStyle(int style) {
@@ -86,7 +94,7 @@ void XPButtonModel::SetCaptionStyle(int style) {
         window_.ComputeLayout();
         window_.Redraw();
     }
-    tell("CapStyle");
+    tell(storekey::kCaptionStyle);
 }
 
 // --- Shape and picture --------------------------------------------------------------------------
@@ -97,33 +105,31 @@ void XPButtonModel::SetButtonShape(int shape) {
         const ButtonPicture& picture = members_.Picture;
         if (picture.isNone() || picture.isIcon()) return adviseDesigner(kNeedsBitmap);
         if (members_.PicturePixels != kFittedSize) {
-            window_.setDelayDrawing(true);
+            window_.setDelayDrawing(true);  // until the window is rebuilt
             SetPictureSize(kMaxPictureSize);
-            window_.setDelayDrawing(false);
         }
     }
     members_.ButtonShape = shape;
     alignCentred();
     window_.UserControl_Resize();
     window_.setDelayDrawing(false);
-    tell("Shape");
+    tell(storekey::kButtonShape);
 }
 
 void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     members_.Picture = picture;
-    if (members_.PicturePixels == 0) members_.PicturePixels = pixelsOf(0);
+    if (members_.PicturePixels == 0)
+        follow(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
     if (members_.ButtonShape < kCustomShape) {
         window_.ComputeLayout();
         window_.Redraw();
     } else {
-        if (picture.isNone() || picture.isIcon()) {
-            members_.ButtonShape = 0;
-            tell("Shape");
-        }
+        if (picture.isNone() || picture.isIcon())
+            follow(members_.ButtonShape, 0, storekey::kButtonShape);
         if (picture.isIcon()) adviseDesigner(kNoIcons);
         window_.UserControl_Resize();
     }
-    tell("Image");
+    tell(storekey::kPicture);
 }
 
 void XPButtonModel::SetPictureAlign(int align) {
@@ -132,7 +138,7 @@ void XPButtonModel::SetPictureAlign(int align) {
     if (align >= kPictureAbove) alignCentred();
     window_.ComputeLayout();
     window_.Redraw();
-    tell("ImgAlign");
+    tell(storekey::kPictureAlign);
 }
 
 void XPButtonModel::SetPictureSize(int size) {
@@ -141,7 +147,7 @@ void XPButtonModel::SetPictureSize(int size) {
     members_.PicturePixels = pixelsOf(size);
     window_.ComputeLayout();
     window_.Redraw();
-    tell("ImgSize");
+    tell(storekey::kPictureSize);
 }
 
 int XPButtonModel::PictureSize() {
@@ -151,13 +157,10 @@ int XPButtonModel::PictureSize() {
 
 void XPButtonModel::SetShowFocusRect(bool show) {
     members_.ShowFocusRect = show;
-    if (look_.has(XPButtonLook::kDefault) && !host_.UserMode()) {
-        adviseDesigner(kFocusAtDesign);
-    } else {
-        look_.set(XPButtonLook::kDefault, false);
-        window_.Redraw();
-    }
-    tell("Focus");
+    if (host_.UserMode()) look_.set(XPButtonLook::kDefault, false);
+    window_.Redraw();
+    if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
+    tell(storekey::kShowFocusRect);
 }
 
 // --- Colours ------------------------------------------------------------------------------------
@@ -174,8 +177,13 @@ ColorValue XPButtonModel::followedBack() const {
     return members_.GradientMode == 0 ? members_.BackColor : members_.GradientColor;
 }
 
-void XPButtonModel::changedColor(const char* key) {
-    PrepareColors();
+void XPButtonModel::followBack() {
+    if (hoverBackFollows())
+        follow(members_.HoverBackColor, followedBack(), storekey::kHoverBackColor);
+}
+
+void XPButtonModel::changedColor(QLatin1String key) {
+    PrepareResource();
     window_.Redraw();
     tell(key);
 }
@@ -184,36 +192,38 @@ void XPButtonModel::SetForeColor(ColorValue color) {
     if (color == members_.ForeColor) return;
     members_.ForeColor = color;
     if (hoverForeFollows()) SetHoverForeColor(color);
-    changedColor("cFore");
+    changedColor(storekey::kForeColor);
 }
 
 void XPButtonModel::SetBackColor(ColorValue color) {
     members_.BackColor = color;
     if (hoverBackFollows()) SetHoverBackColor(followedBack());
-    changedColor("cBack");
+    changedColor(storekey::kBackColor);
 }
 
 void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
-    if (hoverBackFollows() && members_.GradientMode != 0) members_.HoverBackColor = color;
-    changedColor("cGradient");
+    if (members_.GradientMode != 0) followBack();
+    PrepareResource();
+    if (members_.GradientMode != 0) window_.Redraw();
+    tell(storekey::kGradientColor);
 }
 
 void XPButtonModel::SetGotFocusBorderColor(ColorValue color) {
     members_.GotFocusBorderColor = color;
-    changedColor("GotFocusBorderColor");
+    changedColor(storekey::kGotFocusBorderColor);
 }
 
 void XPButtonModel::SetHoverBorderColor(ColorValue color) {
     members_.HoverBorderColor = color;
-    changedColor("HoverBorderColor");
+    changedColor(storekey::kHoverBorderColor);
 }
 
 void XPButtonModel::SetGradientMode(int mode) {
     if (!isIn(mode, kMaxGradientMode)) return;
     members_.GradientMode = mode;
-    if (hoverBackFollows()) members_.HoverBackColor = followedBack();
-    changedColor("Gradient");
+    followBack();
+    changedColor(storekey::kGradientMode);
 }
 
 void XPButtonModel::SetResetDefaultColors(bool reset) {
@@ -226,30 +236,31 @@ void XPButtonModel::SetResetDefaultColors(bool reset) {
     SetHoverColorLocks(0);
     window_.setDelayDrawing(false);
     window_.Redraw();
-    tell("cGradient");
-    tell("cBack");
+    tell(storekey::kGradientColor);
+    tell(storekey::kBackColor);
 }
 
 void XPButtonModel::SetHoverColorLocks(int locks) {
     if (!isIn(locks, kMaxHoverColorLocks)) return;
     members_.HoverColorLocks = locks;
-    if (hoverBackFollows()) members_.HoverBackColor = followedBack();
-    if (hoverForeFollows()) members_.HoverForeColor = members_.ForeColor;
-    changedColor("LockHover");
+    followBack();
+    if (hoverForeFollows())
+        follow(members_.HoverForeColor, members_.ForeColor, storekey::kHoverForeColor);
+    changedColor(storekey::kHoverColorLocks);
 }
 
 void XPButtonModel::SetHoverForeColor(ColorValue color) {
     if (color != members_.HoverForeColor && color != members_.ForeColor)
-        members_.HoverColorLocks |= 2;
+        follow(members_.HoverColorLocks, members_.HoverColorLocks | 2, storekey::kHoverColorLocks);
     members_.HoverForeColor = color;
-    changedColor("cFHover");
+    changedColor(storekey::kHoverForeColor);
 }
 
 void XPButtonModel::SetHoverBackColor(ColorValue color) {
     if (color != members_.HoverBackColor && color != members_.BackColor)
-        members_.HoverColorLocks |= 1;
+        follow(members_.HoverColorLocks, members_.HoverColorLocks | 1, storekey::kHoverColorLocks);
     members_.HoverBackColor = color;
-    changedColor("cBHover");
+    changedColor(storekey::kHoverBackColor);
 }
 
 // --- Making and loading -------------------------------------------------------------------------
@@ -257,20 +268,22 @@ void XPButtonModel::SetHoverBackColor(ColorValue color) {
 void XPButtonModel::InitProperties() {
     members_ = XPButtonMembers{};
     members_.Caption = host_.DisplayName();
-    PrepareColors();
-    for (const char* key : {"Caption", "CapAlign", "Focus", "cFHover", "cBHover", "Font"})
+    PrepareResource();
+    for (const QLatin1String key :
+         {storekey::kCaption, storekey::kCaptionAlign, storekey::kShowFocusRect,
+          storekey::kHoverForeColor, storekey::kHoverBackColor, storekey::kFont})
         tell(key);
 }
 
 void XPButtonModel::load(const XPButtonMembers& members) {
     members_ = members;
-    PrepareColors();
+    PrepareResource();
     SetCaption(members.Caption);
 }
 
 void XPButtonModel::setPalette(const QPalette& palette) {
     palette_ = palette;
-    PrepareColors();
+    PrepareResource();
     window_.Redraw();
 }
 

@@ -67,14 +67,17 @@ class XPButtonModel {
     void setPalette(const QPalette& palette);
 
   private:
-    void tell(const char* key);
+    void tell(QLatin1String key);
     void adviseDesigner(const char* text);
-    void PrepareColors();
+    void PrepareResource();
+    template <typename T>
+    void follow(T& member, const T& value, QLatin1String key);
     void alignCentred();
     bool hoverBackFollows() const;
     bool hoverForeFollows() const;
     ColorValue followedBack() const;
-    void changedColor(const char* key);
+    void followBack();
+    void changedColor(QLatin1String key);
 
     XPButtonWindow& window_;
     XPButtonHost& host_;

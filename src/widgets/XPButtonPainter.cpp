@@ -62,9 +62,9 @@ class Frame {
     void PaintFace();
 
   private:
-    bool isOval() const { return f_.ButtonShape >= kFirstOval && f_.ButtonShape <= kOutlinedOval; }
     void PaintBackground();
-    void PaintOvalBackground();
+    void PrepareClip();
+    void paintFill();
     void FillGradient(int mode, Bgr from, Bgr to);
     void shadeFace(Bgr color);
     void DrawContent();
@@ -94,22 +94,19 @@ Frame::Frame(QPainter& painter, const XPButtonFrame& frame)
 
 void Frame::PaintFace() {
     painter_.save();
-    if (isOval())
-        PaintOvalBackground();
-    else
-        PaintBackground();
+    PaintBackground();
     DrawContent();
     painter_.restore();
     if (f_.ButtonShape < kFirstOval) DrawBorder(painter_, f_);
-    if (isOval()) DrawRim();
+    if (isOval(f_.ButtonShape)) DrawRim();
 }
 
-/// Leaves the painter's clip inside of the oval's ring.
-void Frame::PaintOvalBackground() {
+/// Paints the ring of an oval, and leaves the painter's clip inside of it.
+void Frame::PrepareClip() {
     const XPButtonRegion& region = f_.region;
     if (f_.ButtonShape == kOutlinedOval) {
-        PaintBackground();
         if (!f_.look.Hovering) return;
+        paintFill();  // shows between the outline and MiddleRegion
         fillRegion(painter_, region.windowFrame, 0);
         painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
         return;
@@ -120,10 +117,14 @@ void Frame::PaintOvalBackground() {
         FillGradient(kDownward, kGrey, kWhite);
         painter_.setClipRegion(region.InnerRegion, Qt::IntersectClip);
     }
-    PaintBackground();
 }
 
 void Frame::PaintBackground() {
+    if (isOval(f_.ButtonShape)) PrepareClip();
+    paintFill();
+}
+
+void Frame::paintFill() {
     const Bgr fill = hovers_ ? f_.HoverFaceColor : back_;
     const QRect face(QPoint(0, 0), f_.size);
     if (f_.GradientMode != 0) {

@@ -11,20 +11,8 @@ namespace {
 
 constexpr int kStraightEdge = 5;
 
-bool leftSlants(int shape) {
-    return shape == 1 || shape == 3;
-}
-
-bool rightSlants(int shape) {
-    return shape == 2 || shape == 3;
-}
-
 bool hasFourPoints(int shape) {
-    return (shape >= 1 && shape <= 3) || shape == kCustomShape;
-}
-
-bool isOval(int shape) {
-    return shape >= kFirstOval && shape <= kOutlinedOval;
+    return slantsLeft(shape) || slantsRight(shape) || shape == kCustomShape;
 }
 
 /// Three pixels in each of the corners that do not slant, of the window's own pixels.
@@ -66,8 +54,8 @@ QRegion rows(int top, int bottom, SpanOf spanOf) {
 /// Both slants run at 45 degrees, from the top left to the bottom right.
 QRegion fourPoints(int shape, const QSize& size, int rightEdge) {
     return rows(0, size.height() + 1, [&](int y) {
-        return std::pair(leftSlants(shape) ? y : 0,
-                         rightSlants(shape) ? rightEdge + y : size.width());
+        return std::pair(slantsLeft(shape) ? y : 0,
+                         slantsRight(shape) ? rightEdge + y : size.width());
     });
 }
 
@@ -110,8 +98,8 @@ XPButtonRegion BuildRegion(int shape, const QSize& size) {
         region.middleFrame = frameOf(region.MiddleRegion);
         return region;
     }
-    if (leftSlants(shape)) region.LeftEdge = h + 1;
-    if (rightSlants(shape)) region.RightEdge = w - (h + 1);
+    if (slantsLeft(shape)) region.LeftEdge = h + 1;
+    if (slantsRight(shape)) region.RightEdge = w - (h + 1);
     region.window = fourPoints(shape, size, region.RightEdge) -
                     corners(shape == 0 || shape == 2, shape == 0 || shape == 1, size);
     if (region.RightEdge == 0) region.RightEdge = w;

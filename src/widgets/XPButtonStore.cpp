@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "platform/PropertyBag.h"
+#include "widgets/XPButtonStoreKeys.h"
 
 namespace brindlex {
 namespace {
@@ -32,21 +33,20 @@ class Reader {
     explicit Reader(const PropertyBag& bag) : bag_(bag) {}
 
     template <typename T>
-    void read(const char* key, T& member) const {
-        member = bag_.readProperty(QString::fromLatin1(key), stored(member)).template value<T>();
+    void read(QLatin1String key, T& member) const {
+        member = bag_.readProperty(key, stored(member)).template value<T>();
     }
     /// A signed 32-bit number is the colour of the same bits.
-    void read(const char* key, ColorValue& member) const {
-        const qlonglong value =
-            bag_.readProperty(QString::fromLatin1(key), stored(member)).toLongLong();
+    void read(QLatin1String key, ColorValue& member) const {
+        const qlonglong value = bag_.readProperty(key, stored(member)).toLongLong();
         if (value >= std::numeric_limits<std::int32_t>::min() &&
             value <= std::numeric_limits<std::uint32_t>::max())
             member = ColorValue(static_cast<std::uint32_t>(value));
     }
-    void read(const char* key, ButtonPicture& member) const {
-        member = ButtonPicture::of(bag_.readProperty(QString::fromLatin1(key), QVariant()));
+    void read(QLatin1String key, ButtonPicture& member) const {
+        member = ButtonPicture::of(bag_.readProperty(key, QVariant()));
     }
-    void read(const char* key, int& member, int highest) const {
+    void read(QLatin1String key, int& member, int highest) const {
         int value = member;
         read(key, value);
         if (value >= 0 && value <= highest) member = value;
@@ -73,61 +73,61 @@ XPButtonRecord readRecord(const PropertyBag& bag, const XPButtonDefaults& defaul
     XPButtonRecord record = unset(defaults);
     auto& [members, window] = record;
     const Reader reader(bag);
-    reader.read("Caption", members.Caption);
-    reader.read("CapAlign", members.CaptionAlign, kMaxCaptionAlign);
-    reader.read("Shape", members.ButtonShape, kMaxButtonShape);
-    reader.read("Gradient", members.GradientMode, kMaxGradientMode);
-    reader.read("cGradient", members.GradientColor);
-    reader.read("cFore", members.ForeColor);
-    reader.read("Font", window.Font);
-    reader.read("Focus", members.ShowFocusRect);
-    reader.read("Image", members.Picture);
-    reader.read("ImgSize", members.PicturePixels, kFittedSize);
+    reader.read(storekey::kCaption, members.Caption);
+    reader.read(storekey::kCaptionAlign, members.CaptionAlign, kMaxCaptionAlign);
+    reader.read(storekey::kButtonShape, members.ButtonShape, kMaxButtonShape);
+    reader.read(storekey::kGradientMode, members.GradientMode, kMaxGradientMode);
+    reader.read(storekey::kGradientColor, members.GradientColor);
+    reader.read(storekey::kForeColor, members.ForeColor);
+    reader.read(storekey::kFont, window.Font);
+    reader.read(storekey::kShowFocusRect, members.ShowFocusRect);
+    reader.read(storekey::kPicture, members.Picture);
+    reader.read(storekey::kPictureSize, members.PicturePixels, kFittedSize);
     if (!isPictureSize(members.PicturePixels))
         members.PicturePixels = unset({}).members.PicturePixels;
-    reader.read("ImgAlign", members.PictureAlign, kMaxPictureAlign);
-    reader.read("cFHover", members.HoverForeColor);
-    reader.read("Enabled", window.Enabled);
-    reader.read("cBack", members.BackColor);
+    reader.read(storekey::kPictureAlign, members.PictureAlign, kMaxPictureAlign);
+    reader.read(storekey::kHoverForeColor, members.HoverForeColor);
+    reader.read(storekey::kEnabled, window.Enabled);
+    reader.read(storekey::kBackColor, members.BackColor);
     members.HoverBackColor = members.BackColor;
-    reader.read("cBHover", members.HoverBackColor);
-    reader.read("LockHover", members.HoverColorLocks, kMaxHoverColorLocks);
-    reader.read("CapStyle", members.CaptionStyle, kMaxCaptionStyle);
-    reader.read("GotFocusBorderColor", members.GotFocusBorderColor);
-    reader.read("HoverBorderColor", members.HoverBorderColor);
-    reader.read("mIcon", window.MouseIcon);
-    reader.read("mPointer", window.MousePointer);
+    reader.read(storekey::kHoverBackColor, members.HoverBackColor);
+    reader.read(storekey::kHoverColorLocks, members.HoverColorLocks, kMaxHoverColorLocks);
+    reader.read(storekey::kCaptionStyle, members.CaptionStyle, kMaxCaptionStyle);
+    reader.read(storekey::kGotFocusBorderColor, members.GotFocusBorderColor);
+    reader.read(storekey::kHoverBorderColor, members.HoverBorderColor);
+    reader.read(storekey::kMouseIcon, window.MouseIcon);
+    reader.read(storekey::kMousePointer, window.MousePointer);
     return record;
 }
 
 void writeRecord(PropertyBag& bag, const XPButtonRecord& record, const XPButtonDefaults& defaults) {
     const auto& [members, window] = record;
     const XPButtonRecord plain = unset(defaults);
-    const auto write = [&](const char* key, const auto& value, const auto& defaultValue) {
-        bag.writeProperty(QString::fromLatin1(key), stored(value), stored(defaultValue));
+    const auto write = [&](QLatin1String key, const auto& value, const auto& defaultValue) {
+        bag.writeProperty(key, stored(value), stored(defaultValue));
     };
     const XPButtonMembers& usual = plain.members;
-    write("Caption", members.Caption, usual.Caption);
-    write("CapAlign", members.CaptionAlign, usual.CaptionAlign);
-    write("Shape", members.ButtonShape, usual.ButtonShape);
-    write("Font", window.Font, plain.window.Font);
-    write("cFore", members.ForeColor, usual.ForeColor);
-    write("cFHover", members.HoverForeColor, usual.HoverForeColor);
-    write("cBhover", members.HoverBackColor, members.BackColor);
-    write("Focus", members.ShowFocusRect, usual.ShowFocusRect);
-    write("LockHover", members.HoverColorLocks, usual.HoverColorLocks);
-    write("cGradient", members.GradientColor, usual.GradientColor);
-    write("Gradient", members.GradientMode, usual.GradientMode);
-    write("CapStyle", members.CaptionStyle, usual.CaptionStyle);
-    write("ImgAlign", members.PictureAlign, usual.PictureAlign);
-    write("Image", members.Picture, usual.Picture);
-    write("ImgSize", members.PicturePixels, usual.PicturePixels);
-    write("Enabled", window.Enabled, plain.window.Enabled);
-    write("cBack", members.BackColor, usual.BackColor);
-    write("mPointer", window.MousePointer, plain.window.MousePointer);
-    write("mIcon", window.MouseIcon, plain.window.MouseIcon);
-    write("GotFocusBorderColor", members.GotFocusBorderColor, usual.GotFocusBorderColor);
-    write("HoverBorderColor", members.HoverBorderColor, usual.HoverBorderColor);
+    write(storekey::kCaption, members.Caption, usual.Caption);
+    write(storekey::kCaptionAlign, members.CaptionAlign, usual.CaptionAlign);
+    write(storekey::kButtonShape, members.ButtonShape, usual.ButtonShape);
+    write(storekey::kFont, window.Font, plain.window.Font);
+    write(storekey::kForeColor, members.ForeColor, usual.ForeColor);
+    write(storekey::kHoverForeColor, members.HoverForeColor, usual.HoverForeColor);
+    write(storekey::kHoverBackColorWritten, members.HoverBackColor, members.BackColor);
+    write(storekey::kShowFocusRect, members.ShowFocusRect, usual.ShowFocusRect);
+    write(storekey::kHoverColorLocks, members.HoverColorLocks, usual.HoverColorLocks);
+    write(storekey::kGradientColor, members.GradientColor, usual.GradientColor);
+    write(storekey::kGradientMode, members.GradientMode, usual.GradientMode);
+    write(storekey::kCaptionStyle, members.CaptionStyle, usual.CaptionStyle);
+    write(storekey::kPictureAlign, members.PictureAlign, usual.PictureAlign);
+    write(storekey::kPicture, members.Picture, usual.Picture);
+    write(storekey::kPictureSize, members.PicturePixels, usual.PicturePixels);
+    write(storekey::kEnabled, window.Enabled, plain.window.Enabled);
+    write(storekey::kBackColor, members.BackColor, usual.BackColor);
+    write(storekey::kMousePointer, window.MousePointer, plain.window.MousePointer);
+    write(storekey::kMouseIcon, window.MouseIcon, plain.window.MouseIcon);
+    write(storekey::kGotFocusBorderColor, members.GotFocusBorderColor, usual.GotFocusBorderColor);
+    write(storekey::kHoverBorderColor, members.HoverBorderColor, usual.HoverBorderColor);
 }
 
 }  // namespace brindlex

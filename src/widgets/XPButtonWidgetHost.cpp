@@ -22,8 +22,13 @@ bool XPButtonWidgetHost::DisplayAsDefault() const {
     return form ? form->currentDefault() == &button_ : button_.hasFocus();
 }
 
+/// The usual background stays a system colour, so that it follows a change of the palette.
 ColorValue XPButtonWidgetHost::BackColor() const {
-    return kButtonFace;
+    const QWidget* const container = button_.parentWidget();
+    if (!container) return kButtonFace;
+    const QColor background = container->palette().color(container->backgroundRole());
+    const bool isUsual = background == kButtonFace.resolve(container->palette());
+    return isUsual ? kButtonFace : ColorValue::of(background);
 }
 
 QString XPButtonWidgetHost::DisplayName() const {

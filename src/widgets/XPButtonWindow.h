@@ -24,6 +24,8 @@ class XPButtonWindow {
     virtual bool isUnderPointer() const = 0;
     /// The pointer in the window's own coordinates.
     virtual QPoint pointerPosition() const = 0;
+    /// The mouse buttons that are held, wherever they were pressed, summed up.
+    virtual int heldButtons() const = 0;
     /// Starts or stops the calls of tmrHover_Timer.
     virtual void setHoverTimer(bool on) = 0;
     /// Hands a key to the container, after the present handler has returned.

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QHBoxLayout>
 #include <QPainter>
 
 #include "widgets/TestButton.h"
@@ -45,6 +47,21 @@ TEST(XPButtonRegion, GrowsBySteps) {
     EXPECT_EQ(button.width(), 27);
     EXPECT_EQ(button.region().LeftEdge, 22);
     EXPECT_EQ(button.region().RightEdge, 27);
+}
+
+TEST(XPButton, AsksItsLayoutForTheRoomThatItsShapeNeeds) {
+    FakeDesktop desktop;
+    QWidget window;
+    QHBoxLayout row(&window);
+    XPButton button(desktop);
+    XPButton neighbour(desktop);
+    row.addWidget(&button);
+    row.addWidget(&neighbour);
+    button.setFixedHeight(70);
+    window.show();
+    button.SetButtonShape(1);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(button.geometry().intersects(neighbour.geometry()));
 }
 
 struct LayoutRow {
@@ -95,18 +112,18 @@ TEST(XPButtonLayout, PlacesCaptionAndPicture) {
     }
 }
 
-TEST(XPButtonMask, IsTransparentInTheColourOfItsCorner) {
+TEST(MaskBitmap, IsTransparentInTheColourOfItsCorner) {
     QImage image = plainImage({8, 8}, QColor(10, 20, 30));
     image.setPixelColor(2, 2, QColor(13, 17, 33));
     image.setPixelColor(3, 3, QColor(14, 20, 30));
     image.setPixelColor(4, 4, Qt::white);
-    XPButtonMask mask;
-    mask.prepare(ButtonPicture::bitmap(image), {16, 16}, 1);
+    MaskBitmap mask;
+    mask.PrepareMask(ButtonPicture::bitmap(image), {16, 16}, 1);
     EXPECT_EQ(mask.image().pixel(5, 5), 0U);
     EXPECT_EQ(mask.image().pixelColor(7, 7), QColor(14, 20, 30));
     EXPECT_EQ(mask.disabledImage().pixelColor(7, 7), QColor(128, 128, 128));
     EXPECT_EQ(mask.disabledImage().pixel(8, 8), 0U);
-    mask.prepare(ButtonPicture::icon(image), {16, 16}, 1);
+    mask.PrepareMask(ButtonPicture::icon(image), {16, 16}, 1);
     EXPECT_EQ(mask.image().pixelColor(5, 5), QColor(13, 17, 33));
     EXPECT_EQ(FitPicture(10, 100, {4, 8}), QSize(10, 20));
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <memory>
@@ -10,6 +11,13 @@
 
 namespace brindlex {
 namespace {
+
+struct Window : QWidget {
+    bool takesKeys = false;
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!takesKeys) QWidget::keyPressEvent(event);
+    }
+};
 
 /// A window with two buttons and a line; the first button's events are written down.
 class XPButtonInputTest : public testing::Test {
@@ -56,7 +64,7 @@ class XPButtonInputTest : public testing::Test {
     bool hovers() const { return button->look().Hovering; }
 
     FakeDesktop desktop;
-    QWidget window;
+    Window window;
     XPButton* button = new XPButton(desktop, &window);
     XPButton* other = new XPButton(desktop, &window);
     QLineEdit* line = new QLineEdit(&window);
@@ -111,9 +119,50 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
     QTest::mouseRelease(button, Qt::LeftButton, {}, {340, 140});
     EXPECT_EQ(taken(), "down1 leave enter up1 ");
 
+    button->events.MouseUp = [](int& Button, auto&...) { Button = 2; };
+    QTest::mouseClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_EQ(taken(), "down1 ") << "the handler made it another button";
+    button->events.DblClick = [](int& Button) { Button = 2; };
+    QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_FALSE(button->look().has(XPButtonLook::kDown));
+
     button->SetEnabled(false);
     QTest::mouseClick(button, Qt::LeftButton, {}, {40, 10});
-    EXPECT_EQ(taken(), "");
+    EXPECT_EQ(taken(), "down1 ");
+}
+
+TEST_F(XPButtonInputTest, IsUpAgainWhenItsReleaseWentElsewhere) {
+    const QPoint place(50, 20);
+    QWidget box(&window, Qt::Dialog);
+    box.setWindowModality(Qt::ApplicationModal);
+    const auto releaseInBox = [&box] {
+        box.show();
+        QTest::mouseRelease(box.windowHandle(), Qt::LeftButton);
+        box.hide();
+    };
+    const auto press = [&] {
+        pointAt(place);
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, place);
+    };
+    const auto isDown = [this] { return button->look().has(XPButtonLook::kDown); };
+    press();
+    button->events.DblClick = [&](int&) { releaseInBox(); };
+    QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_FALSE(isDown());
+    button->events.MouseDown = [&](auto&...) { releaseInBox(); };
+    press();
+    EXPECT_FALSE(isDown());
+    button->events.MouseDown = {};
+    press();
+    EXPECT_TRUE(isDown());
+    releaseInBox();
+    QTest::mouseMove(window.windowHandle(), place + QPoint(1, 0));
+    EXPECT_FALSE(isDown());
+    press();
+    button->SetEnabled(false);
+    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+    button->SetEnabled(true);
+    EXPECT_FALSE(isDown());
 }
 
 TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
@@ -137,11 +186,17 @@ TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     QTest::keyClick(other, Qt::Key_Up);
     QCoreApplication::processEvents();
     EXPECT_TRUE(button->hasFocus());
+    window.takesKeys = true;
+    QTest::keyClick(button, Qt::Key_Down);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(button->hasFocus()) << "the container did something else with the key";
     EXPECT_EQ(taken(), "");
 }
 
 TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     QTest::keyClick(line, Qt::Key_A, Qt::AltModifier);
+    constexpr bool kRepeated = true;
+    QTest::simulateEvent(line, true, Qt::Key_A, Qt::AltModifier, "a", kRepeated);
     EXPECT_EQ(taken(), "click ");
     auto* const form = new XPButtonForm(window);
     QTest::keyClick(line, Qt::Key_Return);
@@ -202,6 +257,15 @@ TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {
     button->Refresh();
     EXPECT_NE(button->layoutRects().CaptionRect, place);
     EXPECT_NE(button->grab().toImage(), before);
+
+    button->hide();
+    button->SetBackColor(ColorValue(0xFF00));
+    button->DelayDrawing(true);
+    button->SetBackColor(ColorValue(0xFF0000));
+    button->show();
+    const QImage first = button->grab().toImage();
+    button->Refresh();
+    EXPECT_EQ(first, button->grab().toImage()) << "a hidden button is painted as it then is";
 }
 
 TEST_F(XPButtonInputTest, TellsAssistiveTechnology) {

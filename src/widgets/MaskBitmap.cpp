@@ -1,4 +1,4 @@
-#include "widgets/XPButtonMask.h"
+#include "widgets/MaskBitmap.h"
 
 #include <cstdlib>
 
@@ -60,11 +60,11 @@ QRgb greyed(QRgb pixel) {
 
 }  // namespace
 
-void XPButtonMask::clear() {
-    *this = XPButtonMask();
+void MaskBitmap::clear() {
+    *this = MaskBitmap();
 }
 
-void XPButtonMask::prepare(const ButtonPicture& picture, const QSize& size, double pixelRatio) {
+void MaskBitmap::PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio) {
     if (picture.isNone() || size.isEmpty()) return clear();
     const Source source{picture.image().cacheKey(), picture.isIcon(), size, pixelRatio};
     if (source == source_) return;
@@ -76,7 +76,7 @@ void XPButtonMask::prepare(const ButtonPicture& picture, const QSize& size, doub
     image_.setDevicePixelRatio(pixelRatio);
 }
 
-const QImage& XPButtonMask::disabledImage() {
+const QImage& MaskBitmap::disabledImage() {
     if (disabled_.isNull() && !image_.isNull()) {
         disabled_ = image_;
         changePixels(disabled_, greyed);

@@ -9,13 +9,13 @@ namespace brindlex {
 
 /// A picture at its drawn size. A bitmap is transparent where it has the colour of its pixel (0, 0)
 /// or one that differs by at most 3 in each channel.
-class XPButtonMask {
+class MaskBitmap {
   public:
     /// Forgets both images.
     void clear();
     /// Makes the image for `size` in logical pixels, unless it is there. Reads every pixel of the
     /// result and, to scale it, of the picture.
-    void prepare(const ButtonPicture& picture, const QSize& size, double pixelRatio);
+    void PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio);
     /// Null without a picture or room.
     const QImage& image() const { return image_; }
     /// For a disabled button: grey wherever the picture is neither transparent nor white. Made on
