@@ -23,7 +23,7 @@ bool isClose(QRgb a, QRgb b) {
            std::abs(qAlpha(a) - qAlpha(b)) <= kTolerance;
 }
 
-/// A picture much larger than its copy loses pixels first, so that the time for a copy follows the
+/// An icon much larger than its copy loses pixels first, so that the time for a copy follows the
 /// size of the copy.
 QImage thinned(const QImage& image, const QSize& size) {
     constexpr int kFiner = 4;
@@ -32,22 +32,20 @@ QImage thinned(const QImage& image, const QSize& size) {
 }
 
 /// Whole multiples stay sharp.
-QImage scaled(const QImage& image, const QSize& size) {
+QImage scaledIcon(const QImage& image, const QSize& size) {
     if (size.width() % image.width() == 0 && size.height() % image.height() == 0)
         return image.scaled(size);
-    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+    return thinned(image, size)
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-/// The key colour goes before the picture is scaled, so that it does not bleed into its edges, and
-/// what scaling makes of it afterwards.
-QImage keyed(QImage image, const QSize& size) {
-    const QRgb key = *reinterpret_cast<const QRgb*>(image.constScanLine(0));
-    const auto clearKey = [key](QRgb pixel) { return isClose(pixel, key) ? 0 : pixel; };
-    changePixels(image, clearKey);
-    image = scaled(image, size);
-    changePixels(image, clearKey);
-    return image;
+/// Scaled without mixtures of the key colour and others, which would stay as a fringe.
+QImage scaledBitmap(const QImage& image, const QSize& size) {
+    QImage copy = image.scaled(size);
+    const QRgb key = *reinterpret_cast<const QRgb*>(copy.constScanLine(0));
+    changePixels(copy, [key](QRgb pixel) { return isClose(pixel, key) ? 0 : pixel; });
+    return copy;
 }
 
 QRgb greyed(QRgb pixel) {
@@ -71,8 +69,7 @@ void MaskBitmap::PrepareMask(const ButtonPicture& picture, const QSize& size, do
     source_ = source;
     disabled_ = QImage();
     const QSize pixels = (QSizeF(size) * pixelRatio).toSize().expandedTo({1, 1});
-    const QImage image = thinned(picture.image(), pixels);
-    image_ = picture.isIcon() ? scaled(image, pixels) : keyed(image, pixels);
+    image_ = (picture.isIcon() ? scaledIcon : scaledBitmap)(picture.image(), pixels);
     image_.setDevicePixelRatio(pixelRatio);
 }
 

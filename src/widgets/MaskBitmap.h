@@ -7,14 +7,14 @@
 
 namespace brindlex {
 
-/// A picture at its drawn size. A bitmap is transparent where it has the colour of its pixel (0, 0)
-/// or one that differs by at most 3 in each channel.
+/// A picture at its drawn size. A bitmap is transparent where it has, at that size, the colour of
+/// its pixel (0, 0) or one that differs by at most 3 in each channel.
 class MaskBitmap {
   public:
     /// Forgets both images.
     void clear();
     /// Makes the image for `size` in logical pixels, unless it is there. Reads every pixel of the
-    /// result and, to scale it, of the picture.
+    /// result and, for an icon, up to 16 of the picture's for each of them.
     void PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio);
     /// Null without a picture or room.
     const QImage& image() const { return image_; }

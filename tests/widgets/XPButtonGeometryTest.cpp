@@ -125,6 +125,9 @@ TEST(MaskBitmap, IsTransparentInTheColourOfItsCorner) {
     EXPECT_EQ(mask.disabledImage().pixel(8, 8), 0U);
     mask.PrepareMask(ButtonPicture::icon(image), {16, 16}, 1);
     EXPECT_EQ(mask.image().pixelColor(5, 5), QColor(13, 17, 33));
+    image.setPixelColor(0, 0, Qt::white);
+    mask.PrepareMask(ButtonPicture::bitmap(image), {2, 2}, 1);
+    EXPECT_EQ(mask.image().pixel(1, 1), 0U) << "the corner of the copy counts";
     EXPECT_EQ(FitPicture(10, 100, {4, 8}), QSize(10, 20));
 }
 
