@@ -37,7 +37,7 @@ XPButtonModel::XPButtonModel(XPButtonWindow& window, XPButtonHost& host, const Q
 }
 
 Bgr XPButtonModel::ResolveColor(ColorValue color) const {
-    return color.isSystem() ? ColorValue::of(color.resolve(palette_)).value() : color.value();
+    return color.plain(palette_).value();
 }
 
 void XPButtonModel::tell(QLatin1String key) {
