@@ -12,23 +12,6 @@
 namespace brindlex {
 namespace {
 
-int buttonOf(Qt::MouseButton button) {
-    if (button == Qt::MiddleButton) return 4;
-    return button == Qt::RightButton ? 2 : 1;
-}
-
-/// Summed up.
-int buttonsOf(Qt::MouseButtons buttons) {
-    int sum = 0;
-    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
-        if (buttons & button) sum += buttonOf(button);
-    return sum;
-}
-
-bool isKnown(Qt::MouseButton button) {
-    return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
-}
-
 /// KeyAscii of each character that a key makes.
 std::string asciiOf(const QKeyEvent& event) {
     if (makesCharacters(event)) return CodePage::system().fromUnicode(event.text());
@@ -113,7 +96,7 @@ QPoint XPButton::pointerPosition() const {
 }
 
 int XPButton::heldButtons() const {
-    return buttonsOf(QGuiApplication::mouseButtons());
+    return mouseButtonsOf(QGuiApplication::mouseButtons());
 }
 
 void XPButton::setHoverTimer(bool on) {
@@ -121,22 +104,22 @@ void XPButton::setHoverTimer(bool on) {
 }
 
 void XPButton::mousePressEvent(QMouseEvent* event) {
-    if (!isKnown(event->button())) return event->ignore();
-    input_.UserControl_MouseDown(mouseOf(*event, buttonOf(event->button())));
+    if (mouseButtonsOf(event->button()) == 0) return event->ignore();
+    input_.UserControl_MouseDown(mouseOf(*event, mouseButtonsOf(event->button())));
 }
 
 void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (!isKnown(event->button())) return event->ignore();
-    input_.UserControl_DblClick(mouseOf(*event, buttonOf(event->button())));
+    if (mouseButtonsOf(event->button()) == 0) return event->ignore();
+    input_.UserControl_DblClick(mouseOf(*event, mouseButtonsOf(event->button())));
 }
 
 void XPButton::mouseMoveEvent(QMouseEvent* event) {
-    input_.UserControl_MouseMove(mouseOf(*event, buttonsOf(event->buttons())));
+    input_.UserControl_MouseMove(mouseOf(*event, mouseButtonsOf(event->buttons())));
 }
 
 void XPButton::mouseReleaseEvent(QMouseEvent* event) {
-    if (!isKnown(event->button())) return event->ignore();
-    input_.UserControl_MouseUp(mouseOf(*event, buttonOf(event->button())));
+    if (mouseButtonsOf(event->button()) == 0) return event->ignore();
+    input_.UserControl_MouseUp(mouseOf(*event, mouseButtonsOf(event->button())));
 }
 
 // --- Keys ---------------------------------------------------------------------------------------
