@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QTest>
 
 #include "widgets/TestButton.h"
 #include "widgets/XPButtonPainter.h"
@@ -60,8 +60,8 @@ TEST(XPButton, AsksItsLayoutForTheRoomThatItsShapeNeeds) {
     button.setFixedHeight(70);
     window.show();
     button.SetButtonShape(1);
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(button.geometry().intersects(neighbour.geometry()));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return !button.geometry().intersects(neighbour.geometry()); }, 1000));
 }
 
 struct LayoutRow {
