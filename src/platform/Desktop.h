@@ -56,7 +56,7 @@ class Desktop {
                                            const QColor& color) = 0;
     virtual std::optional<QFont> askFont(QWidget* owner, const QString& title,
                                          const QFont& font) = 0;
-    /// Whether there is text to paste. Another program's text is not fetched for it.
+    /// Whether there is text to paste; an empty one is none.
     virtual bool hasClipboardText() = 0;
     /// Empty when the clipboard holds no text.
     virtual QString clipboardText() = 0;

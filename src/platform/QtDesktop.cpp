@@ -188,7 +188,8 @@ std::optional<QFont> QtDesktop::askFont(QWidget* owner, const QString& title, co
 
 bool QtDesktop::hasClipboardText() {
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    return data != nullptr && data->hasText();
+    // An empty text has the format, too.
+    return data != nullptr && data->hasText() && !data->text().isEmpty();
 }
 
 QString QtDesktop::clipboardText() {
