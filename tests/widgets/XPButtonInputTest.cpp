@@ -4,7 +4,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "widgets/TestButton.h"
 #include "widgets/XPButtonForm.h"
@@ -17,6 +19,15 @@ struct Window : QWidget {
     void keyPressEvent(QKeyEvent* event) override {
         if (!takesKeys) QWidget::keyPressEvent(event);
     }
+};
+
+struct PaintCounter : QObject {
+    explicit PaintCounter(QObject& painted) { painted.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++count;
+        return false;
+    }
+    int count = 0;
 };
 
 /// A window with two buttons and a line; the first button's events are written down.
@@ -266,6 +277,38 @@ TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {
     const QImage first = button->grab().toImage();
     button->Refresh();
     EXPECT_EQ(first, button->grab().toImage()) << "a hidden button is painted as it then is";
+}
+
+TEST_F(XPButtonInputTest, EachSetThatIsSeenPaintsAFrame) {
+    const ButtonPicture picture = ButtonPicture::bitmap(plainImage({8, 8}, Qt::red));
+    constexpr ColorValue kRed(0x0000FF);
+    const std::pair<const char*, std::function<void()>> sets[] = {
+        {"Caption", [&] { button->SetCaption("Other"); }},
+        {"CaptionAlign", [&] { button->SetCaptionAlign(0); }},
+        {"CaptionStyle", [&] { button->SetCaptionStyle(1); }},
+        {"ButtonShape", [&] { button->SetButtonShape(2); }},
+        {"Picture", [&] { button->SetPicture(picture); }},
+        {"PictureAlign", [&] { button->SetPictureAlign(2); }},
+        {"PictureSize", [&] { button->SetPictureSize(2); }},
+        {"Enabled", [&] { button->SetEnabled(false); }},
+        {"ShowFocusRect", [&] { button->SetShowFocusRect(false); }},
+        {"Font", [&] { button->SetFont(QFont("Courier New", 14)); }},
+        {"ForeColor", [&] { button->SetForeColor(kRed); }},
+        {"BackColor", [&] { button->SetBackColor(kRed); }},
+        {"GotFocusBorderColor", [&] { button->SetGotFocusBorderColor(kRed); }},
+        {"HoverBorderColor", [&] { button->SetHoverBorderColor(kRed); }},
+        {"GradientMode", [&] { button->SetGradientMode(1); }},
+        {"GradientColor", [&] { button->SetGradientColor(kButtonFace); }},
+    };
+    const auto paintsAfter = [this](const std::function<void()>& set) {
+        QCoreApplication::processEvents();
+        set();
+        PaintCounter paints(*button);
+        QCoreApplication::processEvents();
+        return paints.count;
+    };
+    EXPECT_EQ(paintsAfter([&] { button->SetGradientColor(kRed); }), 0) << "without a gradient";
+    for (const auto& [name, set] : sets) EXPECT_EQ(paintsAfter(set), 1) << name;
 }
 
 TEST_F(XPButtonInputTest, TellsAssistiveTechnology) {
