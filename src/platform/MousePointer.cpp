@@ -5,6 +5,8 @@
 namespace brindlex {
 namespace {
 
+constexpr QSize kLargestCursor(32, 32);
+
 constexpr Qt::CursorShape kCursors[] = {
     Qt::ArrowCursor,      // arrow
     Qt::CrossCursor,      // cross
@@ -28,6 +30,13 @@ static_assert(std::size(kCursors) == kLastPointer);
 
 Qt::CursorShape cursorOf(Long pointer) {
     return kCursors[pointer - 1];
+}
+
+QCursor cursorOf(const QPixmap& picture) {
+    const QSize size = picture.size();
+    if (size.boundedTo(kLargestCursor) == size) return QCursor(picture);
+    const QSize smaller = size.scaled(kLargestCursor, Qt::KeepAspectRatio).expandedTo({1, 1});
+    return QCursor(picture.scaled(smaller, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 }  // namespace brindlex

@@ -97,7 +97,7 @@ void RichTextView::SetMousePointer(Long pointer) {
     mousePointer_ = pointer;
     const bool known = pointer > kDefaultPointer && pointer <= kLastPointer;
     if (pointer == kCustomPointer && !mouseIcon_.isNull())
-        viewport()->setCursor(QCursor(mouseIcon_));
+        viewport()->setCursor(cursorOf(mouseIcon_));
     else
         viewport()->setCursor(known ? cursorOf(pointer) : Qt::IBeamCursor);
 }

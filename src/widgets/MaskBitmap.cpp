@@ -43,6 +43,7 @@ QImage scaledIcon(const QImage& image, const QSize& size) {
 /// Scaled without mixtures of the key colour and others, which would stay as a fringe.
 QImage scaledBitmap(const QImage& image, const QSize& size) {
     QImage copy = image.scaled(size);
+    if (copy.isNull()) return copy;  // too large for the memory
     const QRgb key = *reinterpret_cast<const QRgb*>(copy.constScanLine(0));
     changePixels(copy, [key](QRgb pixel) { return isClose(pixel, key) ? 0 : pixel; });
     return copy;

@@ -16,7 +16,7 @@ class MaskBitmap {
     /// Makes the image for `size` in logical pixels, unless it is there. Reads every pixel of the
     /// result and, for an icon, up to 16 of the picture's for each of them.
     void PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio);
-    /// Null without a picture or room.
+    /// Null without a picture or room, or when it does not fit into the memory.
     const QImage& image() const { return image_; }
     /// For a disabled button: grey wherever the picture is neither transparent nor white. Made on
     /// first use.

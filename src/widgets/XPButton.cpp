@@ -75,8 +75,7 @@ void XPButton::SetEnabled(bool on) {
 }
 
 void XPButton::SetMousePointer(int pointer) {
-    const bool isKnown = pointer >= kDefaultPointer && pointer <= kLastPointer;
-    if (!isKnown && pointer != kCustomPointer) return;
+    if (!isMousePointer(pointer)) return;
     pointer_ = pointer;
     showPointer();
     host_.propertyChanged(storekey::kMousePointer);
@@ -85,7 +84,7 @@ void XPButton::SetMousePointer(int pointer) {
 void XPButton::showPointer() {
     const bool custom = pointer_ == kCustomPointer;
     if (custom && !mouseIcon_.isNone())
-        setCursor(QCursor(QPixmap::fromImage(mouseIcon_.image())));
+        setCursor(cursorOf(QPixmap::fromImage(mouseIcon_.image())));
     else if (custom || pointer_ == kDefaultPointer)
         unsetCursor();
     else

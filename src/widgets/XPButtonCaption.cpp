@@ -93,6 +93,7 @@ void XPButtonCaption::wrap(int width, Qt::Alignment alignment) {
 }
 
 void XPButtonCaption::draw(QPainter& painter, const QRect& rect) const {
+    if (rect.isEmpty()) return;
     const bool fits = size_.width() <= rect.width() && size_.height() <= rect.height();
     if (fits) return layout_.draw(&painter, rect.topLeft());
     painter.save();

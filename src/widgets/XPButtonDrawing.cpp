@@ -113,6 +113,7 @@ XPButtonFrame XPButton::makeFrame() {
 
 void XPButton::UserControl_Resize() {
     if (delay_.putsOff(XPButtonDelay::Work::Region)) return;
+    delay_.takeWork();  // all of it follows
     const int shape = members().ButtonShape;
     laidOut_ = QSize(grownWidth(shape, size()), height());
     if (laidOut_ != size()) resize(laidOut_);

@@ -96,7 +96,8 @@ XPButtonRecord readRecord(const PropertyBag& bag, const XPButtonDefaults& defaul
     reader.read(storekey::kGotFocusBorderColor, members.GotFocusBorderColor);
     reader.read(storekey::kHoverBorderColor, members.HoverBorderColor);
     reader.read(storekey::kMouseIcon, window.MouseIcon);
-    reader.read(storekey::kMousePointer, window.MousePointer);
+    reader.read(storekey::kMousePointer, window.MousePointer, kCustomPointer);
+    if (!isMousePointer(window.MousePointer)) window.MousePointer = kDefaultPointer;
     return record;
 }
 

@@ -64,6 +64,20 @@ TEST(XPButton, AsksItsLayoutForTheRoomThatItsShapeNeeds) {
         QTest::qWaitFor([&] { return !button.geometry().intersects(neighbour.geometry()); }, 1000));
 }
 
+TEST(XPButtonCaption, ShowsNoScrapsWhereItHasNoRoom) {
+    FakeDesktop desktop;
+    XPButton button(desktop);
+    for (const int shape : {3, 4}) {
+        button.SetButtonShape(shape);
+        button.resize(shape == 3 ? 50 : 7, 30);
+        button.SetCaption("Caption");
+        EXPECT_LE(button.layoutRects().CaptionRect.width(), 0);
+        const QImage shown = button.grab().toImage();
+        button.SetCaption("");
+        EXPECT_EQ(shown, button.grab().toImage()) << "shape " << shape;
+    }
+}
+
 struct LayoutRow {
     const char* name;
     QSize size;
@@ -129,6 +143,8 @@ TEST(MaskBitmap, IsTransparentInTheColourOfItsCorner) {
     mask.PrepareMask(ButtonPicture::bitmap(image), {2, 2}, 1);
     EXPECT_EQ(mask.image().pixel(1, 1), 0U) << "the corner of the copy counts";
     EXPECT_EQ(FitPicture(10, 100, {4, 8}), QSize(10, 20));
+    mask.PrepareMask(ButtonPicture::bitmap(image), {1 << 20, 1 << 20}, 1);
+    EXPECT_TRUE(mask.disabledImage().isNull()) << "no memory has room for it";
 }
 
 /// Members and sizes at random, from nothing up: all that is shown stays where it belongs.

@@ -144,6 +144,10 @@ TEST_F(XPButtonModelTest, TellsTheHostWhatChangesAlong) {
     EXPECT_EQ(told(), "cBHover cFHover LockHover ");
     button.SetMouseIcon(kIcon);
     EXPECT_EQ(told(), "mPointer mIcon ");
+    EXPECT_EQ(button.cursor().pixmap().size(), QSize(8, 8));
+    button.SetMouseIcon(ButtonPicture::icon(plainImage({4000, 20}, Qt::red)));
+    EXPECT_EQ(button.cursor().pixmap().size(), QSize(32, 1));
+    told();
     button.SetMouseIcon({});
     EXPECT_EQ(told(), "mIcon ");
 }
@@ -230,6 +234,7 @@ TEST_F(XPButtonModelTest, ReadsAStoreOfNonsenseAsAnEmptyOne) {
         bag.writeProperty(key, qlonglong{1} << 40, {});
     for (const char* key : {"Font", "Focus", "Image", "Enabled", "mIcon", "cGradient", "Caption"})
         bag.writeProperty(key, QVariantList{1, 2}, {});
+    button.SetMousePointer(5);
     button.ReadProperties(bag);
     EXPECT_EQ(stored(button), Values());
 }
