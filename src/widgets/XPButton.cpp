@@ -33,7 +33,9 @@ XPButton::~XPButton() {
     UserControl_Terminate();
 }
 
+/// The focus goes while the button is whole: others ask it what it is when they hear of that.
 void XPButton::UserControl_Terminate() {
+    clearFocus();
     tmrHover_.stop();
 }
 

@@ -120,6 +120,8 @@ class XPButton : public QWidget, private XPButtonWindow {
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -155,7 +157,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     QPoint pointerPosition() const override;
     int heldButtons() const override;
     void setHoverTimer(bool on) override;
-    void postToContainer(int qtKey) override;
+    void postToContainer(QKeyCombination key) override;
 
     Desktop& desktop_;
     std::unique_ptr<XPButtonHost> ownHost_;

@@ -19,6 +19,11 @@ std::string asciiOf(const QKeyEvent& event) {
     return code == 0 ? std::string() : std::string(1, static_cast<char>(code));
 }
 
+XPButtonKey keyOf(const QKeyEvent& event) {
+    return {keyCodeOf(event), shiftOf(event.modifiers()), event.keyCombination(),
+            event.isAutoRepeat()};
+}
+
 }  // namespace
 
 bool XPButton::event(QEvent* event) {
@@ -67,6 +72,16 @@ void XPButton::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     ownPaint_ = false;
     input_.releaseLost(XPButtonInput::kEveryButton);
+    input_.forgetPress();
+}
+
+void XPButton::enterEvent(QEnterEvent*) {
+    input_.forgetPress();
+    if (isEnabled()) input_.noticePointer();
+}
+
+void XPButton::leaveEvent(QEvent*) {
+    input_.forgetPress();
 }
 
 /// Without a host of its own nobody else says that the button is now what Enter presses.
@@ -108,9 +123,11 @@ void XPButton::mousePressEvent(QMouseEvent* event) {
     input_.UserControl_MouseDown(mouseOf(*event, mouseButtonsOf(event->button())));
 }
 
+/// The toolkit counts the presses in a window, and the first one may have been elsewhere.
 void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (mouseButtonsOf(event->button()) == 0) return event->ignore();
-    input_.UserControl_DblClick(mouseOf(*event, mouseButtonsOf(event->button())));
+    const int button = mouseButtonsOf(event->button());
+    if (button == 0 || !input_.hasFirstPress(button)) return mousePressEvent(event);
+    input_.UserControl_DblClick(mouseOf(*event, button));
 }
 
 void XPButton::mouseMoveEvent(QMouseEvent* event) {
@@ -125,37 +142,38 @@ void XPButton::mouseReleaseEvent(QMouseEvent* event) {
 // --- Keys ---------------------------------------------------------------------------------------
 
 void XPButton::keyPressEvent(QKeyEvent* event) {
-    int keyCode = keyCodeOf(*event);
-    if (keyCode == kAsciiEnter && host_.DisplayAsDefault()) {
+    if (keyCodeOf(*event) == kAsciiEnter && host_.DisplayAsDefault()) {
         if (!event->isAutoRepeat()) UserControl_AccessKeyPress(kAsciiEnter);
         return;
     }
     const QPointer<XPButton> self(this);
     const std::string characters = asciiOf(*event);
-    const bool taken = keyCode == XPButtonInput::kSpace;
-    input_.UserControl_KeyDown(keyCode, shiftOf(event->modifiers()), event->key());
-    event->setAccepted(taken || keyCode == 0);
-    if (keyCode == 0) return;
+    XPButtonKey key = keyOf(*event);
+    const bool taken = key.KeyCode == XPButtonInput::kSpace;
+    input_.UserControl_KeyDown(key);
+    event->setAccepted(taken || key.KeyCode == 0);
+    if (key.KeyCode == 0) return;
     for (const char character : characters)
         if (self) input_.UserControl_KeyPress(static_cast<unsigned char>(character));
 }
 
 void XPButton::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
-    const int keyCode = keyCodeOf(*event);
-    event->setAccepted(keyCode == XPButtonInput::kSpace);
-    input_.UserControl_KeyUp(keyCode, shiftOf(event->modifiers()));
+    XPButtonKey key = keyOf(*event);
+    const bool taken = key.KeyCode == XPButtonInput::kSpace;
+    input_.UserControl_KeyUp(key);
+    event->setAccepted(taken || key.KeyCode == 0);
 }
 
 /// A container that does nothing with the key leaves the step to the next or previous widget.
-void XPButton::postToContainer(int qtKey) {
-    const auto hand = [this, qtKey] {
-        QKeyEvent key(QEvent::KeyPress, qtKey, Qt::NoModifier);
+void XPButton::postToContainer(QKeyCombination key) {
+    const auto hand = [this, key] {
+        QKeyEvent event(QEvent::KeyPress, key.key(), key.keyboardModifiers());
         QWidget* const container = parentWidget();
         const QPointer<XPButton> self(this);
-        if (container) QCoreApplication::sendEvent(container, &key);
-        const bool forward = qtKey == Qt::Key_Right || qtKey == Qt::Key_Down;
-        if (self && hasFocus() && !key.isAccepted()) focusNextPrevChild(forward);
+        if (container) QCoreApplication::sendEvent(container, &event);
+        const bool forward = key.key() == Qt::Key_Right || key.key() == Qt::Key_Down;
+        if (self && hasFocus() && !event.isAccepted()) focusNextPrevChild(forward);
     };
     QMetaObject::invokeMethod(this, hand, Qt::QueuedConnection);
 }

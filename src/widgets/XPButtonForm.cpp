@@ -30,7 +30,7 @@ QShortcut* XPButtonForm::makeKey(int key, int ascii, const QPointer<XPButton>& b
     shortcut->setEnabled(false);
     connect(shortcut, &QShortcut::activated, this, [&button, shortcut, ascii] {
         if (!button) return shortcut->setEnabled(false);
-        if (button->isEnabled()) button->UserControl_AccessKeyPress(ascii);
+        if (button->isEnabled() && button->isVisible()) button->UserControl_AccessKeyPress(ascii);
     });
     return shortcut;
 }

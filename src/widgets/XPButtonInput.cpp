@@ -71,10 +71,13 @@ void XPButtonInput::noticeReleasesSince(int before) {
 void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
     const int before = window_.heldButtons();
     hold(mouse);
+    firstPress_ = mouse.Button;
     if (press(mouse)) noticeReleasesSince(before);
 }
 
+/// False when the button is gone. The button may have come to a pointer that rests.
 bool XPButtonInput::press(XPButtonMouse mouse) {
+    if (!noticePointer()) return false;
     LastButton_ = mouse.Button;
     if (mouse.Button == kLeftButton) {
         look_.set(Look::kDown, true);
@@ -85,8 +88,12 @@ bool XPButtonInput::press(XPButtonMouse mouse) {
 
 void XPButtonInput::UserControl_MouseMove(XPButtonMouse mouse) {
     releaseLost(held_ & ~mouse.Button);
-    if (!look_.Hovering && window_.isUnderPointer() && !startHover()) return;
-    raise(events_.MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    if (noticePointer()) raise(events_.MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+bool XPButtonInput::noticePointer() {
+    const bool entering = look_.has(Look::kOver);  // the handler of MouseEnter runs
+    return look_.Hovering || entering || !window_.isUnderPointer() || startHover();
 }
 
 /// False when the button is gone.
@@ -132,6 +139,7 @@ bool XPButtonInput::click() {
 void XPButtonInput::UserControl_DblClick(const XPButtonMouse& second) {
     const int before = window_.heldButtons();
     hold(second);
+    LastButton_ = second.Button;  // an access key may have come between
     const QPoint place = window_.pointerPosition();
     XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),
                         static_cast<float>(place.y())};
@@ -149,13 +157,13 @@ void XPButtonInput::UserControl_DblClick(const XPButtonMouse& second) {
 
 // --- Keys ---------------------------------------------------------------------------------------
 
-void XPButtonInput::UserControl_KeyDown(int& KeyCode, int Shift, int qtKey) {
-    if (isArrow(KeyCode)) {
-        KeyCode = 0;
-        window_.postToContainer(qtKey);
+void XPButtonInput::UserControl_KeyDown(XPButtonKey& key) {
+    if (isArrow(key.KeyCode)) {
+        key.KeyCode = 0;
+        window_.postToContainer(key.forContainer);
     }
-    if (KeyCode == kSpace && !look_.has(Look::kDown)) pressSpace();
-    if (KeyCode != 0) raise(events_.KeyDown, KeyCode, Shift);
+    if (key.KeyCode == kSpace && !key.repeats && !look_.has(Look::kDown)) pressSpace();
+    if (key.KeyCode != 0) raise(events_.KeyDown, key.KeyCode, key.Shift);
 }
 
 /// Shows one pressed frame wherever the pointer is; the next one follows the pointer.
@@ -166,15 +174,15 @@ void XPButtonInput::pressSpace() {
     if (!look_.Hovering) look_.set(Look::kOver, false);
 }
 
-void XPButtonInput::UserControl_KeyUp(int KeyCode, int Shift) {
-    if (KeyCode == kSpace && look_.has(Look::kDown)) {
+void XPButtonInput::UserControl_KeyUp(XPButtonKey& key) {
+    if (key.KeyCode == kSpace && look_.has(Look::kDown)) {
         LastButton_ = kLeftButton;
         look_.set(Look::kDown, false);
         window_.Redraw();
         if (!click()) return;
     }
-    if (isArrow(KeyCode) || KeyCode == kShiftKey) return;
-    if (KeyCode > 0) raise(events_.KeyUp, KeyCode, Shift);
+    if (isArrow(key.KeyCode) || key.KeyCode == kShiftKey) key.KeyCode = 0;
+    if (key.KeyCode > 0) raise(events_.KeyUp, key.KeyCode, key.Shift);
 }
 
 void XPButtonInput::UserControl_KeyPress(int KeyAscii) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <memory>
 
 #include "widgets/XPButtonEvents.h"
@@ -16,6 +17,14 @@ struct XPButtonMouse {
     float X = 0;
     float Y = 0;
     bool onFace = false;  ///< inside of the button's region
+};
+
+/// A key that goes down or up. KeyCode is 0 when it is consumed.
+struct XPButtonKey {
+    int KeyCode = 0;
+    int Shift = 0;
+    QKeyCombination forContainer;  ///< the same, as the container gets it
+    bool repeats = false;          ///< it is held
 };
 
 /// Mouse, keys and hover of a button: keeps its flags, knows what holds it down, and raises its
@@ -36,10 +45,14 @@ class XPButtonInput {
     void UserControl_Click();
     /// `second` is the press that makes it a double click.
     void UserControl_DblClick(const XPButtonMouse& second);
-    /// KeyCode is 0 afterwards when the key is consumed. `qtKey` is what goes to the container.
-    void UserControl_KeyDown(int& KeyCode, int Shift, int qtKey);
+    /// A press of that mouse button was the last one, and the pointer has stayed since.
+    bool hasFirstPress(int mouseButton) const { return firstPress_ == mouseButton; }
+    void forgetPress() { firstPress_ = 0; }
+    /// `key` outlives the button, should a handler destroy that.
+    void UserControl_KeyDown(XPButtonKey& key);
     void UserControl_KeyPress(int KeyAscii);
-    void UserControl_KeyUp(int KeyCode, int Shift);
+    /// `key` as with UserControl_KeyDown.
+    void UserControl_KeyUp(XPButtonKey& key);
     void UserControl_AccessKeyPress(int KeyAscii);
     void tmrHover_Timer();
     /// The releases of these mouse buttons, summed up, will not come: without a click the button is
@@ -47,6 +60,8 @@ class XPButtonInput {
     void releaseLost(int buttons);
     /// So it is with all that are held no longer.
     void noticeReleases();
+    /// Begins to hover when the pointer is over the button. False when the button is gone.
+    bool noticePointer();
     /// The release of a held key goes elsewhere.
     void focusLost();
 
@@ -66,8 +81,9 @@ class XPButtonInput {
     XPButtonWindow& window_;
     const XPButtonEvents& events_;
     int LastButton_ = 0;
-    int held_ = 0;    // mouse buttons whose release is due, summed up
-    int onFace_ = 0;  // those of them that were pressed on the face
+    int firstPress_ = 0;  // the mouse button that a double click may follow
+    int held_ = 0;        // mouse buttons whose release is due, summed up
+    int onFace_ = 0;      // those of them that were pressed on the face
     std::shared_ptr<char> life_ = std::make_shared<char>();  // expires with the button
 };
 

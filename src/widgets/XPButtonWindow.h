@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <QPoint>
 #include <QString>
 
@@ -29,7 +30,7 @@ class XPButtonWindow {
     /// Starts or stops the calls of tmrHover_Timer.
     virtual void setHoverTimer(bool on) = 0;
     /// Hands a key to the container, after the present handler has returned.
-    virtual void postToContainer(int qtKey) = 0;
+    virtual void postToContainer(QKeyCombination key) = 0;
 
   protected:
     ~XPButtonWindow() = default;

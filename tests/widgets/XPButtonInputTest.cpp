@@ -16,6 +16,8 @@ namespace {
 
 struct Window : QWidget {
     bool takesKeys = false;
+    int keyUps = 0;
+    void keyReleaseEvent(QKeyEvent*) override { ++keyUps; }
     void keyPressEvent(QKeyEvent* event) override {
         if (!takesKeys) QWidget::keyPressEvent(event);
     }
@@ -142,6 +144,40 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
     EXPECT_EQ(taken(), "down1 ");
 }
 
+TEST_F(XPButtonInputTest, KnowsItsOwnFirstPressAndThePointerThatRests) {
+    const QPoint place(40, 10);
+    for (const auto mouse : {Qt::LeftButton, Qt::RightButton}) {
+        QTest::mouseClick(button, mouse, {}, place);
+        pointAt({250, 20});
+        pointAt({50, 20});
+        EXPECT_TRUE(hovers());
+        taken();
+        QTest::mouseDClick(button, mouse, {}, place);  // the first one was on the neighbour
+        EXPECT_EQ(button->look().isPressed(), mouse == Qt::LeftButton);
+        QTest::mouseRelease(button, mouse, {}, place);
+        EXPECT_EQ(taken(), mouse == Qt::LeftButton ? "down1 up1 click " : "down2 up2 ");
+    }
+    QTest::mouseClick(button, Qt::RightButton, {}, place);
+    button->press();
+    QTest::mouseDClick(button, Qt::RightButton, {}, place);
+    QTest::mouseRelease(button, Qt::RightButton, {}, place);
+    EXPECT_EQ(taken(), "down2 up2 click dbl2 down1 up2 ");
+    EXPECT_FALSE(button->look().has(XPButtonLook::kDown));
+
+    pointAt({350, 150});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000));
+    taken();
+    button->events.MouseEnter = [this] {
+        log += "enter ";
+        QTest::mouseMove(button, {41, 10});
+    };
+    QCursor::setPos(window.mapToGlobal(QPoint(50, 20)));  // the toolkit tells nothing of it
+    QTest::mousePress(button, Qt::LeftButton, {}, place);
+    EXPECT_TRUE(button->look().isPressed());
+    QTest::mouseRelease(button, Qt::LeftButton, {}, place);
+    EXPECT_EQ(taken(), "enter down1 up1 click ");
+}
+
 TEST_F(XPButtonInputTest, IsUpAgainWhenItsReleaseWentElsewhere) {
     const QPoint place(50, 20);
     QWidget box(&window, Qt::Dialog);
@@ -202,6 +238,13 @@ TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(button->hasFocus()) << "the container did something else with the key";
     EXPECT_EQ(taken(), "");
+    constexpr bool kRepeated = true;
+    QTest::simulateEvent(button, true, Qt::Key_Space, Qt::NoModifier, " ", kRepeated);
+    EXPECT_FALSE(button->look().has(XPButtonLook::kDown)) << "it was pressed elsewhere";
+    window.keyUps = 0;
+    button->events.KeyUp = [](int& KeyCode, int&) { KeyCode = 0; };
+    for (const auto key : {Qt::Key_Shift, Qt::Key_Left, Qt::Key_B}) QTest::keyClick(button, key);
+    EXPECT_EQ(window.keyUps, 0);
 }
 
 TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
@@ -227,6 +270,8 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     EXPECT_TRUE(button->look().has(XPButtonLook::kDefault));
     button->SetEnabled(false);
     QTest::keyClick(line, Qt::Key_Return);
+    other->hide();
+    QTest::keyClick(line, Qt::Key_Escape);
     EXPECT_EQ(taken(), "");
 }
 
@@ -242,13 +287,22 @@ TEST_F(XPButtonInputTest, MayBeDestroyedByAnyOfItsEvents) {
         EXPECT_EQ(button, nullptr);
     };
     const auto click = [this] { QTest::mouseClick(button, Qt::LeftButton); };
+    new XPButtonForm(window);
 
     dies(&XPButtonEvents::MouseDown, [this] { QTest::mousePress(button, Qt::LeftButton); });
     dies(&XPButtonEvents::MouseUp, click);
     dies(&XPButtonEvents::Click, click);
-    dies(&XPButtonEvents::DblClick, [this] { QTest::mouseDClick(button, Qt::LeftButton); });
+    dies(&XPButtonEvents::DblClick, [&] {
+        click();
+        QTest::mouseDClick(button, Qt::LeftButton);
+    });
     dies(&XPButtonEvents::KeyDown, [this] { QTest::keyPress(button, Qt::Key_B); });
     dies(&XPButtonEvents::Click, [this] { QTest::keyClick(button, Qt::Key_Space); });
+    dies(&XPButtonEvents::KeyUp, [this] { QTest::keyClick(button, Qt::Key_B); });
+    dies(&XPButtonEvents::Click, [this] {
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Return);
+    });
     dies(&XPButtonEvents::MouseEnter, [this] { pointAt({50, 20}); });
     dies(&XPButtonEvents::MouseLeave, [this] {
         pointAt({50, 20});
