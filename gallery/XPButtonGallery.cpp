@@ -26,7 +26,6 @@ struct State {
 };
 
 const State kStates[] = {
-    {"live", {}},
     {"hover", {XPButtonLook::kOver, true}},
     {"pressed", {XPButtonLook::kOver | XPButtonLook::kDown, true}},
     {"default", {XPButtonLook::kDefault}},
@@ -94,8 +93,13 @@ class Page : public QWidget {
     /// The same button in all states.
     void states(const SetUp& setUp, const QSize& size = kButtonSize) {
         live(setUp, size);
-        for (const State& state : kStates)
-            if (&state != kStates) still(setUp, state, size);
+        for (const State& state : kStates) still(setUp, state, size);
+    }
+    /// Over the rows of states.
+    void heads() {
+        row("");
+        put(new QLabel("live"));
+        for (const State& state : kStates) put(new QLabel(state.name));
     }
 
   private:
@@ -117,6 +121,7 @@ class Page : public QWidget {
 };
 
 void fillShapes(Page& page) {
+    page.heads();
     for (int shape = 0; shape <= kMaxButtonShape; ++shape) {
         page.row(kShapes[shape]);
         page.states([shape](XPButton& button) {
@@ -128,6 +133,7 @@ void fillShapes(Page& page) {
 }
 
 void fillCaptions(Page& page) {
+    page.heads();
     for (int style = 0; style <= kMaxCaptionStyle; ++style) {
         page.row(QStringList{"plain", "engraved", "raised"}.at(style));
         page.states([style](XPButton& button) { button.SetCaptionStyle(style); });
@@ -162,6 +168,7 @@ void fillPictures(Page& page) {
                 },
                 QSize(110, 64));
     }
+    page.heads();
     page.row("states");
     page.states([](XPButton& button) {
         button.SetPicture(ButtonPicture::bitmap(picture()));
@@ -178,6 +185,7 @@ void fillPictures(Page& page) {
 }
 
 void fillGradients(Page& page) {
+    page.heads();
     for (int mode = 1; mode <= kMaxGradientMode; ++mode) {
         page.row(QStringLiteral("gradient %1").arg(mode));
         page.states([mode](XPButton& button) {
@@ -223,7 +231,8 @@ int show(QStringList arguments) {
         row.fill(*page);
         if (arguments.size() > 1) {
             const int number = window.count() + 1;
-            page->grab().save(QStringLiteral("%1-%2.png").arg(arguments.at(1)).arg(number));
+            const QString file = QStringLiteral("%1-%2.png").arg(arguments.at(1)).arg(number);
+            if (!page->grab().save(file)) return 1;
         }
         window.addTab(page, row.name);
     }

@@ -59,12 +59,11 @@ QRgb greyed(QRgb pixel) {
 
 }  // namespace
 
-void MaskBitmap::clear() {
-    *this = MaskBitmap();
-}
-
 void MaskBitmap::PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio) {
-    if (picture.isNone() || size.isEmpty()) return clear();
+    if (picture.isNone() || size.isEmpty()) {
+        *this = MaskBitmap();
+        return;
+    }
     const Source source{picture.image().cacheKey(), picture.isIcon(), size, pixelRatio};
     if (source == source_) return;
     source_ = source;

@@ -11,8 +11,6 @@ namespace brindlex {
 /// its pixel (0, 0) or one that differs by at most 3 in each channel.
 class MaskBitmap {
   public:
-    /// Forgets both images.
-    void clear();
     /// Makes the image for `size` in logical pixels, unless it is there. Reads every pixel of the
     /// result and, for an icon, up to 16 of the picture's for each of them.
     void PrepareMask(const ButtonPicture& picture, const QSize& size, double pixelRatio);

@@ -17,12 +17,11 @@ XPButton::XPButton(Desktop& desktop, QWidget* parent, XPButtonHost* host)
       desktop_(desktop),
       ownHost_(host ? nullptr : std::make_unique<XPButtonWidgetHost>(*this)),
       host_(host ? *host : *ownHost_),
-      model_(*this, host_, palette()),
-      input_(model_.look(), *this, events) {
+      model_(look_, *this, host_, palette()),
+      input_(look_, *this, events) {
     installXPButtonAccessible();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     tmrHover_.setInterval(XPButtonInput::kHoverInterval);
     tmrHover_.setTimerType(Qt::PreciseTimer);
@@ -144,9 +143,7 @@ void XPButton::WriteProperties(PropertyBag& bag) const {
 
 void XPButton::UserControl_AmbientChanged(const QString& name) {
     if (name.compare(u"DisplayAsDefault", Qt::CaseInsensitive) == 0) {
-        const bool shows = members().ShowFocusRect || !host_.UserMode();
-        model_.look().set(XPButtonLook::kDefault, shows && host_.DisplayAsDefault());
-        Redraw();
+        model_.followDefault();
     } else if (name.compare(u"BackColor", Qt::CaseInsensitive) == 0) {
         if (members().ButtonShape >= kFirstOval) Redraw();
     }
@@ -156,8 +153,8 @@ void XPButton::UserControl_AccessKeyPress(int KeyAscii) {
     input_.UserControl_AccessKeyPress(KeyAscii);
 }
 
-void XPButton::press() {
-    if (isEnabled()) input_.UserControl_AccessKeyPress(kAsciiEnter);
+void XPButton::press(int KeyAscii) {
+    if (isEnabled() && isVisible()) input_.UserControl_AccessKeyPress(KeyAscii);
 }
 
 void XPButton::showBox(const QString& text) {

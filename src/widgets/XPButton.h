@@ -99,11 +99,14 @@ class XPButton : public QWidget, private XPButtonWindow {
     void UserControl_AmbientChanged(const QString& name);
     /// The access key, or Enter (13) and Escape (27) for the form's default and cancel button.
     void UserControl_AccessKeyPress(int KeyAscii);
-    /// What assistive technology does to press it: a click, unless it is disabled.
-    void press();
+    /// What another than the user's hand does to press it: nothing while it is disabled or hidden,
+    /// else UserControl_AccessKeyPress.
+    void press(int KeyAscii);
 
     // --- What it shows --------------------------------------------------------------------------
-    const XPButtonLook& look() const { return model_.look(); }
+    // The region, the rectangles and the frame follow a change of the size here at the latest, and
+    // the button may grow with it. While drawing is delayed they are those from before.
+    const XPButtonLook& look() const { return look_; }
     const XPButtonRegion& region();
     const XPButtonLayout& layoutRects();
     /// Empty without an access key.
@@ -134,6 +137,7 @@ class XPButton : public QWidget, private XPButtonWindow {
   private:
     const XPButtonMembers& members() const { return model_.members(); }
     void followCaption();
+    void followFocus();
     void showPointer();
     XPButtonDefaults storeDefaults() const;
     void UserControl_Show();
@@ -142,6 +146,9 @@ class XPButton : public QWidget, private XPButtonWindow {
     void bringUpToDate();
     void fitRegion();
     void placeContent();
+    std::unique_ptr<XPButtonCaption> makeCaption(const QSize& face) const;
+    XPButtonLayoutInput layoutInput(const QSize& face, XPButtonCaption* caption) const;
+    QSize leastHint() const;
     QSize wideEnough(const QSize& hint) const;
     XPButtonFrame makeFrame();
     void announce();
@@ -162,6 +169,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     Desktop& desktop_;
     std::unique_ptr<XPButtonHost> ownHost_;
     XPButtonHost& host_;
+    XPButtonLook look_;
     XPButtonModel model_;
     XPButtonInput input_;
     QTimer tmrHover_{this};
@@ -176,7 +184,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     MaskBitmap maskBitmap_;
     XPButtonFrame frame_;
     XPButtonDelay delay_;
-    bool ownPaint_ = false;  // the next paint event is the answer to Redraw
+    bool ownPaint_ = false;  // the next paint event is taken for the answer to Redraw
     XPButtonLook announced_;
 };
 

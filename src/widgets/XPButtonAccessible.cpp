@@ -1,5 +1,6 @@
 #include "widgets/XPButtonAccessible.h"
 
+#include "platform/KeyCodes.h"
 #include "widgets/XPButton.h"
 
 namespace brindlex {
@@ -23,6 +24,8 @@ QString XPButtonAccessible::text(QAccessible::Text kind) const {
     const QString own = QAccessibleWidget::text(kind);
     if (kind == QAccessible::Accelerator && own.isEmpty())
         return button_.accessKeySequence().toString(QKeySequence::NativeText);
+    // the tool tip is the name of a button without a caption, and need not be said twice
+    if (kind == QAccessible::Description && own == text(QAccessible::Name)) return {};
     if (kind != QAccessible::Name || !button_.accessibleName().isEmpty()) return own;
     const QString spoken = spokenCaption(button_.Caption());
     return spoken.isEmpty() ? button_.toolTip() : spoken;
@@ -46,7 +49,7 @@ void XPButtonAccessible::doAction(const QString& name) {
     if (name != pressAction()) return QAccessibleWidget::doAction(name);
     // what a click opens may wait for the user: the caller must not
     QMetaObject::invokeMethod(
-        &button_, [button = &button_] { button->press(); }, Qt::QueuedConnection);
+        &button_, [button = &button_] { button->press(kAsciiEnter); }, Qt::QueuedConnection);
 }
 
 }  // namespace brindlex

@@ -1,11 +1,16 @@
 #include "widgets/XPButtonBorder.h"
 
 #include <QPainter>
+#include <QPoint>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <optional>
 
 namespace brindlex {
 namespace {
+
+enum class BorderState { Normal, Default, Pressed, Hover };
 
 constexpr Bgr kOutline = 0x733C00;
 constexpr int kOutlineShiftDisabled = -84;
@@ -41,6 +46,56 @@ Bgr ringColor(const XPButtonFrame& frame, BorderState state, const Shade& shade)
     const Bgr base = baseColor(frame, state);
     if (state == BorderState::Pressed && shade.shift == 0) return base;
     return AdjustColor(base, shade.shift, shade.scaleBlue);
+}
+
+BorderState borderStateOf(const XPButtonFrame& frame) {
+    const XPButtonLook& look = frame.look;
+    if (look.has(XPButtonLook::kOver) && !look.has(XPButtonLook::kDown)) return BorderState::Hover;
+    if (look.isPressed()) return BorderState::Pressed;
+    const bool isDefault = look.has(XPButtonLook::kDefault) && frame.ShowFocusRect;
+    return isDefault ? BorderState::Default : BorderState::Normal;
+}
+
+/// The colours of the lines: the innermost ring, the middle ring and the outline, four lines each,
+/// the first at index 0. A line without a colour is not drawn.
+std::array<std::optional<Bgr>, 12> Colors(const XPButtonFrame& frame) {
+    std::array<std::optional<Bgr>, 12> colors;
+    const auto outline = colors.begin() + kRingLines;
+    if (!frame.Enabled) {
+        std::fill(outline, colors.end(), AdjustColor(frame.FaceColor, kOutlineShiftDisabled));
+        return colors;
+    }
+    const BorderState state = borderStateOf(frame);
+    const Shades& shades = *kShades.at(static_cast<std::size_t>(state));
+    std::transform(shades.begin(), shades.end(), colors.begin(),
+                   [&](const Shade& shade) { return ringColor(frame, state, shade); });
+    std::fill(outline, colors.end(), kOutline);
+    return colors;
+}
+
+/// The corners of the lines.
+std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
+    const int w = frame.size.width();
+    const int h = frame.size.height();
+    const int left = frame.region.LeftEdge;
+    const int right = frame.region.RightEdge;
+    const int a = slantsLeft(frame.ButtonShape) ? 1 : 0;
+    const int b = slantsRight(frame.ButtonShape) ? 1 : 0;
+    std::array<QPoint, 16> points{QPoint(left + 2 - 4 * a, h - 3), QPoint(2 + 2 * a, 2),
+                                  QPoint(right - 3 + 3 * b, 2), QPoint(w - 3 - 3 * b, h - 3),
+                                  QPoint(left + 1 - 4 * a, h - 3)};
+    points[5] = points[0] + QPoint(a - 1, 1);
+    points[6] = points[1] - QPoint(a + 1, 1);
+    points[7] = points[2] + QPoint(1 - b, -1);
+    points[8] = points[3] + QPoint(b + 1, 1);
+    points[9] = points[4] + QPoint(-1, 1);
+    points[10] = {left - a, h - 1 + a};
+    points[11] = {0, 0};
+    points[12] = {right - 1 + b, 0};
+    points[13] = {w - 1, h - 1 + b};
+    points[14] = {left - 1 - 2 * a, h - 1};
+    points[15] = {w - 1, h - 1};
+    return points;
 }
 
 /// The points that each line leads from and to, in the order of its colours. The way from point 13
@@ -95,53 +150,6 @@ void drawCorners(QPainter& painter, const XPButtonFrame& frame, const QColor& co
 }
 
 }  // namespace
-
-BorderState borderStateOf(const XPButtonFrame& frame) {
-    const XPButtonLook& look = frame.look;
-    if (look.has(XPButtonLook::kOver) && !look.has(XPButtonLook::kDown)) return BorderState::Hover;
-    if (look.isPressed()) return BorderState::Pressed;
-    const bool isDefault = look.has(XPButtonLook::kDefault) && frame.ShowFocusRect;
-    return isDefault ? BorderState::Default : BorderState::Normal;
-}
-
-std::array<std::optional<Bgr>, 12> Colors(const XPButtonFrame& frame) {
-    std::array<std::optional<Bgr>, 12> colors;
-    const auto outline = colors.begin() + kRingLines;
-    if (!frame.Enabled) {
-        std::fill(outline, colors.end(), AdjustColor(frame.FaceColor, kOutlineShiftDisabled));
-        return colors;
-    }
-    const BorderState state = borderStateOf(frame);
-    const Shades& shades = *kShades.at(static_cast<std::size_t>(state));
-    std::transform(shades.begin(), shades.end(), colors.begin(),
-                   [&](const Shade& shade) { return ringColor(frame, state, shade); });
-    std::fill(outline, colors.end(), kOutline);
-    return colors;
-}
-
-std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
-    const int w = frame.size.width();
-    const int h = frame.size.height();
-    const int left = frame.region.LeftEdge;
-    const int right = frame.region.RightEdge;
-    const int a = slantsLeft(frame.ButtonShape) ? 1 : 0;
-    const int b = slantsRight(frame.ButtonShape) ? 1 : 0;
-    std::array<QPoint, 16> points{QPoint(left + 2 - 4 * a, h - 3), QPoint(2 + 2 * a, 2),
-                                  QPoint(right - 3 + 3 * b, 2), QPoint(w - 3 - 3 * b, h - 3),
-                                  QPoint(left + 1 - 4 * a, h - 3)};
-    points[5] = points[0] + QPoint(a - 1, 1);
-    points[6] = points[1] - QPoint(a + 1, 1);
-    points[7] = points[2] + QPoint(1 - b, -1);
-    points[8] = points[3] + QPoint(b + 1, 1);
-    points[9] = points[4] + QPoint(-1, 1);
-    points[10] = {left - a, h - 1 + a};
-    points[11] = {0, 0};
-    points[12] = {right - 1 + b, 0};
-    points[13] = {w - 1, h - 1 + b};
-    points[14] = {left - 1 - 2 * a, h - 1};
-    points[15] = {w - 1, h - 1};
-    return points;
-}
 
 void DrawBorder(QPainter& painter, const XPButtonFrame& frame) {
     const std::array<QPoint, 16> points = PointTable(frame);

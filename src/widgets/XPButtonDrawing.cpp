@@ -1,22 +1,12 @@
 #include <QAccessible>
 #include <QPainter>
 #include <QScreen>
-#include <algorithm>
 #include <utility>
 
 #include "widgets/XPButton.h"
 #include "widgets/XPButtonPainter.h"
 
 namespace brindlex {
-namespace {
-
-constexpr Qt::Alignment kAlignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-
-constexpr QSize kTextMargins(16, 12);
-constexpr QSize kSmallestHint(24, 20);
-
-}  // namespace
-
 void XPButton::Refresh() {
     DelayDrawing(false);
 }
@@ -40,15 +30,15 @@ void XPButton::bringUpToDate() {
 }
 
 void XPButton::Redraw() {
+    announce();
     if (delay_.isOn()) return;
     frame_ = makeFrame();
     ownPaint_ = !visibleRegion().isEmpty();
     update();
-    announce();
 }
 
 void XPButton::announce() {
-    const XPButtonLook& look = model_.look();
+    const XPButtonLook& look = look_;
     const XPButtonLook before = std::exchange(announced_, look);
     if (before == look || !QAccessible::isActive()) return;
     QAccessible::State changed;
@@ -89,7 +79,7 @@ XPButtonFrame XPButton::makeFrame() {
     frame.ButtonShape = m.ButtonShape;
     frame.GradientMode = m.GradientMode;
     frame.CaptionStyle = m.CaptionStyle;
-    frame.look = model_.look();
+    frame.look = look_;
     frame.Enabled = isEnabled();
     frame.ShowFocusRect = m.ShowFocusRect;
     frame.FaceColor = colors.FaceColor;
@@ -107,91 +97,6 @@ XPButtonFrame XPButton::makeFrame() {
     maskBitmap_.PrepareMask(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
     frame.picture = frame.Enabled ? maskBitmap_.image() : maskBitmap_.disabledImage();
     return frame;
-}
-
-// --- Size ---------------------------------------------------------------------------------------
-
-void XPButton::UserControl_Resize() {
-    if (delay_.putsOff(XPButtonDelay::Work::Region)) return;
-    delay_.takeWork();  // all of it follows
-    const int shape = members().ButtonShape;
-    laidOut_ = QSize(grownWidth(shape, size()), height());
-    if (laidOut_ != size()) resize(laidOut_);
-    laidOut_ = size();  // it may be kept from growing
-    region_ = BuildRegion(shape, laidOut_);
-    setMask(region_.window);
-    placeContent();
-    Redraw();
-}
-
-/// A hidden widget hears of its size late.
-void XPButton::fitRegion() {
-    if (laidOut_ != size()) UserControl_Resize();
-}
-
-const XPButtonRegion& XPButton::region() {
-    fitRegion();
-    return region_;
-}
-
-const XPButtonLayout& XPButton::layoutRects() {
-    fitRegion();
-    return layout_;
-}
-
-void XPButton::ComputeLayout() {
-    updateGeometry();
-    if (!delay_.putsOff(XPButtonDelay::Work::Layout)) placeContent();
-}
-
-void XPButton::placeContent() {
-    const XPButtonMembers& m = members();
-    XPButtonLayoutInput in;
-    in.size = laidOut_;
-    in.ButtonShape = m.ButtonShape;
-    in.LeftEdge = region_.LeftEdge;
-    in.RightEdge = region_.RightEdge;
-    in.CaptionAlign = m.CaptionAlign;
-    in.CaptionStyle = m.CaptionStyle;
-    in.picture = m.Picture.image().size();
-    in.PictureAlign = m.PictureAlign;
-    in.PicturePixels = m.PicturePixels;
-    const Qt::Alignment alignment = kAlignments[m.CaptionAlign];
-    std::shared_ptr<XPButtonCaption> caption;
-    if (!m.Caption.isEmpty()) {
-        caption = std::make_shared<XPButtonCaption>(m.Caption, drawingFont(font()),
-                                                    mostCharactersOn(laidOut_));
-        in.measure = [&](int width) {
-            caption->wrap(width, alignment);
-            return caption->size();
-        };
-    }
-    layout_ = brindlex::ComputeLayout(in);
-    if (caption) caption->wrap(std::max(0, layout_.CaptionRect.width()), alignment);
-    caption_ = std::move(caption);
-}
-
-QSize XPButton::sizeHint() const {
-    const XPButtonMembers& m = members();
-    XPButtonCaption caption(m.Caption, drawingFont(font()), mostCharactersOn({}));
-    caption.wrap(QWIDGETSIZE_MAX, Qt::AlignLeft);
-    QSize content = m.Caption.isEmpty() ? QSize(0, 0) : caption.size();
-    const int s = m.Picture.isNone() ? 0 : m.PicturePixels;
-    if (m.PictureAlign < kPictureAbove)
-        content = QSize(content.width() + s, std::max(content.height(), s));
-    else
-        content = QSize(std::max(content.width(), s), content.height() + s);
-    return wideEnough((content + kTextMargins).expandedTo(kSmallestHint));
-}
-
-QSize XPButton::minimumSizeHint() const {
-    return wideEnough(kSmallestHint);
-}
-
-/// Of a width at which the button does not grow by itself, over its neighbour.
-QSize XPButton::wideEnough(const QSize& hint) const {
-    const int height = std::max(hint.height(), minimumHeight());
-    return {grownWidth(members().ButtonShape, {hint.width(), height}), hint.height()};
 }
 
 }  // namespace brindlex

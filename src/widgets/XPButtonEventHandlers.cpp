@@ -44,6 +44,8 @@ void XPButton::changeEvent(QEvent* event) {
             return Redraw();
         case QEvent::PaletteChange:
             return model_.setPalette(palette());
+        case QEvent::ParentChange:
+            return followFocus();
         case QEvent::EnabledChange:
             if (isEnabled()) input_.noticeReleases();
             return Redraw();
@@ -63,9 +65,7 @@ void XPButton::showEvent(QShowEvent* event) {
 }
 
 void XPButton::UserControl_Show() {
-    if (host_.UserMode() || !host_.DisplayAsDefault() || !ShowFocusRect()) return;
-    model_.look().set(XPButtonLook::kDefault, true);
-    Redraw();
+    if (!host_.UserMode() && host_.DisplayAsDefault() && ShowFocusRect()) model_.followDefault();
 }
 
 void XPButton::hideEvent(QHideEvent* event) {
@@ -75,23 +75,31 @@ void XPButton::hideEvent(QHideEvent* event) {
     input_.forgetPress();
 }
 
+/// No handler runs in here: the toolkit goes on with the button, which that might destroy.
 void XPButton::enterEvent(QEnterEvent*) {
     input_.forgetPress();
-    if (isEnabled()) input_.noticePointer();
+    const auto notice = [this] {
+        if (isEnabled()) input_.noticePointer();
+    };
+    QMetaObject::invokeMethod(this, notice, Qt::QueuedConnection);
 }
 
 void XPButton::leaveEvent(QEvent*) {
     input_.forgetPress();
 }
 
-/// Without a host of its own nobody else says that the button is now what Enter presses.
-void XPButton::focusInEvent(QFocusEvent*) {
+/// Where no host says that the button is now, or no longer, what Enter presses.
+void XPButton::followFocus() {
     if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+}
+
+void XPButton::focusInEvent(QFocusEvent*) {
+    followFocus();
 }
 
 void XPButton::focusOutEvent(QFocusEvent*) {
     input_.focusLost();
-    if (ownHost_) UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+    followFocus();
 }
 
 // --- Mouse --------------------------------------------------------------------------------------

@@ -8,50 +8,84 @@
 #include "widgets/XPButton.h"
 
 namespace brindlex {
+namespace {
 
-XPButtonForm::XPButtonForm(QWidget& window) : QObject(&window), window_(window) {
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
-        defaultKeys_.push_back(makeKey(key, kAsciiEnter, current_));
-    cancelKey_ = makeKey(Qt::Key_Escape, kAsciiEscape, cancel_);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget*, QWidget* focus) { follow(focus); });
-}
-
-XPButtonForm* XPButtonForm::of(const XPButton& button) {
-    for (QObject* const child : button.window()->children())
+XPButtonForm* formOf(const QWidget& window) {
+    for (QObject* const child : window.children())
         if (auto* const form = dynamic_cast<XPButtonForm*>(child)) return form;
     return nullptr;
 }
 
+}  // namespace
+
+XPButtonForm::XPButtonForm(QWidget& window) : window_(window) {
+    Q_ASSERT(!formOf(window));
+    setParent(&window);
+    makeKey(Qt::Key_Return, kAsciiEnter, &XPButtonForm::current_);
+    makeKey(Qt::Key_Enter, kAsciiEnter, &XPButtonForm::current_);
+    makeKey(Qt::Key_Escape, kAsciiEscape, &XPButtonForm::cancel_);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* focus) { follow(focus); });
+}
+
+XPButtonForm::~XPButtonForm() {
+    for (const Key& key : keys_) delete key.shortcut;
+}
+
+XPButtonForm* XPButtonForm::of(const XPButton& button) {
+    return formOf(*button.window());
+}
+
 /// Held down, the key presses once. It is on while there is a button for it.
-QShortcut* XPButtonForm::makeKey(int key, int ascii, const QPointer<XPButton>& button) {
+void XPButtonForm::makeKey(int key, int ascii, Button XPButtonForm::*button) {
     auto* const shortcut = new QShortcut(QKeySequence(key), &window_);
     shortcut->setAutoRepeat(false);
     shortcut->setEnabled(false);
-    connect(shortcut, &QShortcut::activated, this, [&button, shortcut, ascii] {
-        if (!button) return shortcut->setEnabled(false);
-        if (button->isEnabled() && button->isVisible()) button->UserControl_AccessKeyPress(ascii);
+    connect(shortcut, &QShortcut::activated, this, [this, ascii, button] {
+        XPButton* const pressed = this->*button;
+        if (pressed && pressed->window() == &window_) pressed->press(ascii);
     });
-    return shortcut;
+    keys_.push_back({shortcut, button});
+}
+
+void XPButtonForm::enableKeys() {
+    for (const Key& key : keys_)
+        if (key.shortcut) key.shortcut->setEnabled(!(this->*key.button).isNull());
+}
+
+/// A widget says that it goes before its pointers know.
+void XPButtonForm::followEndOf(XPButton* button) {
+    if (!button) return;
+    connect(button, &QObject::destroyed, this, [this, button] {
+        for (Button* const kept : {&default_, &cancel_, &current_})
+            if (*kept == button) kept->clear();
+        followFocus();
+    });
 }
 
 void XPButtonForm::setDefaultButton(XPButton* button) {
     default_ = button;
-    follow(QApplication::focusWidget());
+    followEndOf(button);
+    followFocus();
 }
 
 void XPButtonForm::setCancelButton(XPButton* button) {
     cancel_ = button;
-    cancelKey_->setEnabled(button != nullptr);
+    followEndOf(button);
+    enableKeys();
+}
+
+void XPButtonForm::followFocus() {
+    follow(QApplication::focusWidget());
 }
 
 void XPButtonForm::follow(QWidget* focus) {
     if (!focus || focus->window() != &window_) focus = nullptr;
     auto* const focused = dynamic_cast<XPButton*>(focus);
-    const QPointer<XPButton> before = std::exchange(current_, focused ? focused : default_.data());
-    for (QShortcut* const key : defaultKeys_) key->setEnabled(!current_.isNull());
+    const Button before = std::exchange(current_, focused ? focused : default_.data());
+    enableKeys();
     if (before == current_) return;
-    for (const QPointer<XPButton>& button : {before, current_})
+    for (const Button& button : {before, current_})
         if (button) button->UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 

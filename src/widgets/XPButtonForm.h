@@ -12,28 +12,41 @@ namespace brindlex {
 class XPButton;
 
 /// The keys of a window with buttons: Enter presses its default button, Escape its cancel button.
-/// While a button has the focus, that one is the default button. Belongs to the window.
+/// While a button has the focus, that one is the default button. A button that is disabled, hidden
+/// or in another window is not pressed. Belongs to the window, which has one at most.
 class XPButtonForm : public QObject {
   public:
     explicit XPButtonForm(QWidget& window);
+    /// Gives the keys back.
+    ~XPButtonForm() override;
     /// The form of a button's window, or null.
     static XPButtonForm* of(const XPButton& button);
 
+    /// Null for none.
     void setDefaultButton(XPButton* button);
     void setCancelButton(XPButton* button);
     /// What Enter presses at present, or null.
     XPButton* currentDefault() const { return current_; }
 
   private:
+    using Button = QPointer<XPButton>;
+
+    void followFocus();
     void follow(QWidget* focus);
-    QShortcut* makeKey(int key, int ascii, const QPointer<XPButton>& button);
+    void followEndOf(XPButton* button);
+    void makeKey(int key, int ascii, Button XPButtonForm::*button);
+    void enableKeys();
+
+    struct Key {
+        QPointer<QShortcut> shortcut;  // the window may delete it before the form
+        Button XPButtonForm::*button;
+    };
 
     QWidget& window_;
-    std::vector<QShortcut*> defaultKeys_;
-    QShortcut* cancelKey_ = nullptr;
-    QPointer<XPButton> default_;
-    QPointer<XPButton> cancel_;
-    QPointer<XPButton> current_;
+    std::vector<Key> keys_;
+    Button default_;
+    Button cancel_;
+    Button current_;
 };
 
 }  // namespace brindlex

@@ -10,11 +10,10 @@ namespace {
 
 constexpr int kMargin = 4;
 constexpr int kBottomMargin = 5;
+constexpr int kLeftMore = 3;  // from a left slant
 constexpr int kStretchInset = 3;
-constexpr int kFitMargin = 12;  // of both sides together
-
-/// Left of the caption, ..., as PictureAlign has them.
-enum Side { kAtLeft, kLeftOfCaption, kAtRight, kRightOfCaption, kAbove, kBelow };
+constexpr int kWidest = (1 << 24) - 1;  // in which a caption has one line
+constexpr int kFitMargin = 12;          // of both sides together
 
 /// The straight part of the face.
 struct Face {
@@ -32,13 +31,18 @@ struct Face {
     }
 };
 
+/// How far the face keeps caption and picture from the end of a slant.
+int keptFrom(int slant) {
+    return slant - slant / 3;
+}
+
 Face faceOf(const XPButtonLayoutInput& in) {
     const int w = in.size.width();
     Face face{0, w, in.RightEdge, in.size.height()};
     const bool left = slantsLeft(in.ButtonShape);
     const bool right = slantsRight(in.ButtonShape);
-    if (left) face.x0 = in.LeftEdge - in.LeftEdge / 3 + 3;
-    if (right) face.xr = in.RightEdge + (w - in.RightEdge) / 3;
+    if (left) face.x0 = keptFrom(in.LeftEdge) + kLeftMore;
+    if (right) face.xr = w - keptFrom(w - in.RightEdge);
     if (left || right) face.span = face.xr - face.x0;
     return face;
 }
@@ -68,9 +72,10 @@ Room roomOf(const XPButtonLayoutInput& in) {
     }
 }
 
-QSize captionSize(const XPButtonLayoutInput& in, const Face& face, const Room& room) {
+/// Of a caption in lines of that many pixels at most.
+QSize captionSize(const XPButtonLayoutInput& in, int width) {
     if (!in.measure) return {0, 0};
-    const QSize measured = in.measure(std::max(0, face.span - 8 - room.left - room.right));
+    const QSize measured = in.measure(std::max(0, width));
     return in.CaptionStyle > 0 ? measured + QSize(2, 2) : measured;
 }
 
@@ -140,7 +145,30 @@ QRect pictureRect(const XPButtonLayoutInput& in, const Face& face, const Room& r
         fitted};
 }
 
+/// What the slants of a button of that height take from its straight part.
+int slantsOf(int shape, int height) {
+    const int one = keptFrom(height + 1);
+    return (slantsLeft(shape) ? one + kLeftMore : 0) + (slantsRight(shape) ? one : 0);
+}
+
 }  // namespace
+
+QSize preferredSize(const XPButtonLayoutInput& in) {
+    constexpr QSize kAround(16, 12);
+    constexpr int kAroundAbove = 14;
+    constexpr int kAroundBelow = 18;
+    const bool shows = in.ButtonShape < kFirstShapeWithoutCaption;
+    const QSize text = shows ? captionSize(in, kWidest) : QSize(0, 0);
+    const int s = in.picture.isEmpty() ? 0 : in.PicturePixels;
+    QSize content = QSize(text.width() + s, std::max(text.height(), s)) + kAround;
+    if (in.PictureAlign >= kAbove && s > 0) {
+        const int around = in.PictureAlign == kAbove ? kAroundAbove : kAroundBelow;
+        content = {std::max(text.width(), s) + kAround.width(), text.height() + s + around};
+    }
+    const int height = std::max(content.height(), in.size.height());
+    const int width = content.width() + slantsOf(in.ButtonShape, height);
+    return {std::max(width, in.size.width()), height};
+}
 
 QSize FitPicture(int maxWidth, int maxHeight, const QSize& picture) {
     if (maxWidth <= 0 || maxHeight <= 0 || picture.isEmpty()) return {0, 0};
@@ -153,7 +181,7 @@ QSize FitPicture(int maxWidth, int maxHeight, const QSize& picture) {
 XPButtonLayout ComputeLayout(const XPButtonLayoutInput& in) {
     const Face face = faceOf(in);
     const Room room = roomOf(in);
-    const QSize text = captionSize(in, face, room);
+    const QSize text = captionSize(in, face.span - 2 * kMargin - room.left - room.right);
     const QRect caption(
         QPoint(captionLeft(in, face, room, text.width()), captionTop(in, room, text.height())),
         text);

@@ -32,6 +32,10 @@ struct XPButtonLayout {
 
 XPButtonLayout ComputeLayout(const XPButtonLayoutInput& input);
 
+/// A size, not below that of the input, at which a caption of one line and a picture of a placed
+/// size are whole. The edges of the input are not looked at.
+QSize preferredSize(const XPButtonLayoutInput& input);
+
 /// The largest size of the picture's proportions that fits; empty where there is no room. May be
 /// larger than the picture.
 QSize FitPicture(int maxWidth, int maxHeight, const QSize& picture);

@@ -19,7 +19,9 @@ inline constexpr int kMaxGradientMode = 4;
 inline constexpr int kMaxHoverColorLocks = 3;
 
 inline constexpr int kCaptionCentred = 2;
-inline constexpr int kPictureAbove = 4;
+/// Values of PictureAlign: at an edge, or beside, above or below the caption. From kAbove on
+/// caption and picture stand in the middle.
+enum PictureSide { kAtLeft, kLeftOfCaption, kAtRight, kRightOfCaption, kAbove, kBelow };
 
 /// Shapes: 0 rectangle, 1 left side slanted, 2 right side slanted, 3 both, 4 oval, 5 oval with a
 /// picture only, 6 the same with an outline, 7 the picture is the button.

@@ -31,8 +31,9 @@ constexpr int pixelsOf(int pictureSize) {
 
 }  // namespace
 
-XPButtonModel::XPButtonModel(XPButtonWindow& window, XPButtonHost& host, const QPalette& palette)
-    : window_(window), host_(host), palette_(palette) {
+XPButtonModel::XPButtonModel(XPButtonLook& look, XPButtonWindow& window, XPButtonHost& host,
+                             const QPalette& palette)
+    : look_(look), window_(window), host_(host), palette_(palette) {
     PrepareResource();
 }
 
@@ -52,6 +53,12 @@ void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
     tell(key);
 }
 
+void XPButtonModel::changedLayout(QLatin1String key) {
+    window_.ComputeLayout();
+    window_.Redraw();
+    tell(key);
+}
+
 void XPButtonModel::adviseDesigner(const char* text) {
     if (!host_.UserMode()) window_.showBox(QString::fromLatin1(text));
 }
@@ -68,19 +75,15 @@ void XPButtonModel::PrepareResource() {
 void XPButtonModel::SetCaption(const QString& caption) {
     accessKey_ = accessKeyOf(caption).value_or(accessKey_);
     members_.Caption = caption;
-    window_.ComputeLayout();
-    window_.Redraw();
-    tell(storekey::kCaption);
+    changedLayout(storekey::kCaption);
 }
 
 void XPButtonModel::SetCaptionAlign(int align) {
     if (!isIn(align, kMaxCaptionAlign)) return;
-    const bool beside = members_.PictureAlign < kPictureAbove || members_.Picture.isNone();
+    const bool beside = members_.PictureAlign < kAbove || members_.Picture.isNone();
     if (align != kCaptionCentred && !beside) return adviseDesigner(kOnlyCentred);
     members_.CaptionAlign = align;
-    window_.ComputeLayout();
-    window_.Redraw();
-    tell(storekey::kCaptionAlign);
+    changedLayout(storekey::kCaptionAlign);
 }
 
 void XPButtonModel::alignCentred() {
@@ -90,11 +93,8 @@ void XPButtonModel::alignCentred() {
 void XPButtonModel::SetCaptionStyle(int style) {
     if (!isIn(style, kMaxCaptionStyle)) return;
     members_.CaptionStyle = style;
-    if (!members_.Caption.isEmpty()) {
-        window_.ComputeLayout();
-        window_.Redraw();
-    }
-    tell(storekey::kCaptionStyle);
+    if (members_.Caption.isEmpty()) return tell(storekey::kCaptionStyle);
+    changedLayout(storekey::kCaptionStyle);
 }
 
 // --- Shape and picture --------------------------------------------------------------------------
@@ -135,19 +135,15 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
 void XPButtonModel::SetPictureAlign(int align) {
     if (!isIn(align, kMaxPictureAlign)) return;
     members_.PictureAlign = align;
-    if (align >= kPictureAbove) alignCentred();
-    window_.ComputeLayout();
-    window_.Redraw();
-    tell(storekey::kPictureAlign);
+    if (align >= kAbove) alignCentred();
+    changedLayout(storekey::kPictureAlign);
 }
 
 void XPButtonModel::SetPictureSize(int size) {
     if (!isIn(size, kMaxPictureSize)) return;
     if (members_.ButtonShape == kCustomShape) return adviseDesigner(kFixedSize);
     members_.PicturePixels = pixelsOf(size);
-    window_.ComputeLayout();
-    window_.Redraw();
-    tell(storekey::kPictureSize);
+    changedLayout(storekey::kPictureSize);
 }
 
 int XPButtonModel::PictureSize() {
@@ -161,6 +157,12 @@ void XPButtonModel::SetShowFocusRect(bool show) {
     window_.Redraw();
     if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
     tell(storekey::kShowFocusRect);
+}
+
+void XPButtonModel::followDefault() {
+    const bool shows = members_.ShowFocusRect || !host_.UserMode();
+    look_.set(XPButtonLook::kDefault, shows && host_.DisplayAsDefault());
+    window_.Redraw();
 }
 
 // --- Colours ------------------------------------------------------------------------------------

@@ -24,12 +24,11 @@ struct XPButtonWorkingColors {
 /// changed.
 class XPButtonModel {
   public:
-    /// Both outlive the model. Nothing is asked of them here.
-    XPButtonModel(XPButtonWindow& window, XPButtonHost& host, const QPalette& palette);
+    /// All outlive the model. Nothing is asked of them here. Of `look` the model sets kDefault.
+    XPButtonModel(XPButtonLook& look, XPButtonWindow& window, XPButtonHost& host,
+                  const QPalette& palette);
 
     const XPButtonMembers& members() const { return members_; }
-    const XPButtonLook& look() const { return look_; }
-    XPButtonLook& look() { return look_; }
     const XPButtonWorkingColors& workingColors() const { return colors_; }
     Bgr ResolveColor(ColorValue color) const;
     /// The character of the access key; empty when there is none.
@@ -63,6 +62,8 @@ class XPButtonModel {
     void InitProperties();
     /// Takes stored members as they are; the caption, with its access key, through its set.
     void load(const XPButtonMembers& members);
+    /// The host's DisplayAsDefault changed.
+    void followDefault();
     /// The present values of the system colours changed.
     void setPalette(const QPalette& palette);
 
@@ -77,13 +78,14 @@ class XPButtonModel {
     bool hoverForeFollows() const;
     ColorValue followedBack() const;
     void followBack();
+    void changedLayout(QLatin1String key);
     void changedColor(QLatin1String key);
 
+    XPButtonLook& look_;
     XPButtonWindow& window_;
     XPButtonHost& host_;
     QPalette palette_;
     XPButtonMembers members_;
-    XPButtonLook look_;
     XPButtonWorkingColors colors_;
     QString accessKey_;
 };

@@ -56,9 +56,9 @@ class Bands {
 };
 
 /// One frame on its way to the painter.
-class Frame {
+class FramePainter {
   public:
-    Frame(QPainter& painter, const XPButtonFrame& frame);
+    FramePainter(QPainter& painter, const XPButtonFrame& frame);
     void PaintFace();
 
   private:
@@ -74,7 +74,7 @@ class Frame {
     void DrawRim();
 
     QPainter& painter_;
-    const XPButtonFrame& f_;
+    const XPButtonFrame& frame_;
     bool pressed_;
     bool hovers_;  // and is not pressed
     Bgr back_;
@@ -85,27 +85,27 @@ Bgr backOf(const XPButtonFrame& frame) {
     return frame.Enabled ? frame.FaceColor : AdjustColor(frame.FaceColor, kDisabledFaceShift);
 }
 
-Frame::Frame(QPainter& painter, const XPButtonFrame& frame)
+FramePainter::FramePainter(QPainter& painter, const XPButtonFrame& frame)
     : painter_(painter),
-      f_(frame),
+      frame_(frame),
       pressed_(frame.look.isPressed()),
       hovers_(frame.look.Hovering && !pressed_),
       back_(backOf(frame)) {}
 
-void Frame::PaintFace() {
+void FramePainter::PaintFace() {
     painter_.save();
     PaintBackground();
     DrawContent();
     painter_.restore();
-    if (f_.ButtonShape < kFirstOval) DrawBorder(painter_, f_);
-    if (isOval(f_.ButtonShape)) DrawRim();
+    if (frame_.ButtonShape < kFirstOval) DrawBorder(painter_, frame_);
+    if (isOval(frame_.ButtonShape)) DrawRim();
 }
 
 /// Paints the ring of an oval, and leaves the painter's clip inside of it.
-void Frame::PrepareClip() {
-    const XPButtonRegion& region = f_.region;
-    if (f_.ButtonShape == kOutlinedOval) {
-        if (!f_.look.Hovering) return;
+void FramePainter::PrepareClip() {
+    const XPButtonRegion& region = frame_.region;
+    if (frame_.ButtonShape == kOutlinedOval) {
+        if (!frame_.look.Hovering) return;
         paintFill();  // shows between the outline and MiddleRegion
         fillRegion(painter_, region.windowFrame, 0);
         painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
@@ -119,95 +119,98 @@ void Frame::PrepareClip() {
     }
 }
 
-void Frame::PaintBackground() {
-    if (isOval(f_.ButtonShape)) PrepareClip();
+void FramePainter::PaintBackground() {
+    if (isOval(frame_.ButtonShape)) PrepareClip();
     paintFill();
 }
 
-void Frame::paintFill() {
-    const Bgr fill = hovers_ ? f_.HoverFaceColor : back_;
-    const QRect face(QPoint(0, 0), f_.size);
-    if (f_.GradientMode != 0) {
-        if (hovers_ && !f_.hoverKeepsGradient)
-            painter_.fillRect(face, qColor(f_.HoverFaceColor));
+void FramePainter::paintFill() {
+    const Bgr fill = hovers_ ? frame_.HoverFaceColor : back_;
+    const QRect face(QPoint(0, 0), frame_.size);
+    if (frame_.GradientMode != 0) {
+        if (hovers_ && !frame_.hoverKeepsGradient)
+            painter_.fillRect(face, qColor(frame_.HoverFaceColor));
         else
-            FillGradient(f_.GradientMode, back_, AdjustColor(f_.GradientColor, kGradientShift));
-    } else if (f_.Enabled) {
+            FillGradient(frame_.GradientMode, back_,
+                         AdjustColor(frame_.GradientColor, kGradientShift));
+    } else if (frame_.Enabled) {
         shadeFace(fill);
     } else {
         painter_.fillRect(face, qColor(fill));
     }
 }
 
-void Frame::shadeFace(Bgr color) {
-    const int h = f_.size.height();
+void FramePainter::shadeFace(Bgr color) {
+    const int h = frame_.size.height();
     std::vector<Bgr> rows;
     rows.reserve(static_cast<std::size_t>(h));
     for (int y = 0; y < h; ++y)
         rows.push_back(AdjustColor(color, -roundedQuotient(kFaceSteps * y, h)));
-    Bands(painter_, f_.size, false).fill(rows, 1);
+    Bands(painter_, frame_.size, false).fill(rows, 1);
 }
 
-void Frame::FillGradient(int mode, Bgr from, Bgr to) {
+void FramePainter::FillGradient(int mode, Bgr from, Bgr to) {
     const bool alongWidth = mode == kRightward || mode == kLeftward;
-    const int length = alongWidth ? f_.size.width() : f_.size.height();
-    const int screen = alongWidth ? f_.screen.width() : f_.screen.height();
+    const int length = alongWidth ? frame_.size.width() : frame_.size.height();
+    const int screen = alongWidth ? frame_.screen.width() : frame_.screen.height();
     const int depth = screen / length < kPartOfScreen ? 2 : 1;
     std::vector<Bgr> colors = GradientColors(from, to, std::max(1, length / depth));
     if (mode == kLeftward || mode == kUpward) std::reverse(colors.begin(), colors.end());
-    Bands(painter_, f_.size, alongWidth).fill(colors, depth);
+    Bands(painter_, frame_.size, alongWidth).fill(colors, depth);
 }
 
-void Frame::DrawContent() {
+void FramePainter::DrawContent() {
     const int down = pressed_ ? 1 : 0;
-    const QPoint shift(f_.ButtonShape < kFirstOval ? down : 0, down);
+    const QPoint shift(frame_.ButtonShape < kFirstOval ? down : 0, down);
     DrawPicture(shift);
-    if (f_.caption && f_.ButtonShape < kFirstShapeWithoutCaption) DrawCaption(shift);
+    if (frame_.caption && frame_.ButtonShape < kFirstShapeWithoutCaption) DrawCaption(shift);
 }
 
-void Frame::DrawPicture(const QPoint& shift) {
-    if (f_.picture.isNull()) return;
+void FramePainter::DrawPicture(const QPoint& shift) {
+    if (frame_.picture.isNull()) return;
     const int inset = pressed_ ? 1 : 0;
-    const QRect place = f_.ButtonShape == kCustomShape
-                            ? QRect(QPoint(0, 0), f_.size).adjusted(inset, inset, -inset, -inset)
-                            : f_.layout.PictureRect.translated(shift);
-    if (!place.isEmpty()) painter_.drawImage(place, f_.picture);
+    const QRect place =
+        frame_.ButtonShape == kCustomShape
+            ? QRect(QPoint(0, 0), frame_.size).adjusted(inset, inset, -inset, -inset)
+            : frame_.layout.PictureRect.translated(shift);
+    if (!place.isEmpty()) painter_.drawImage(place, frame_.picture);
 }
 
-void Frame::DrawCaption(const QPoint& shift) {
-    if (!f_.Enabled && f_.GradientMode == 0)
+void FramePainter::DrawCaption(const QPoint& shift) {
+    if (!frame_.Enabled && frame_.GradientMode == 0)
         return drawText(shift, AdjustColor(back_, kDisabledTextShift));
-    if (!f_.Enabled) {
+    if (!frame_.Enabled) {
         drawText(shift + QPoint(1, 1), kWhite);
         return drawText(shift, kGrey);
     }
-    const Bgr color = hovers_ ? f_.HoverForeColor : f_.ForeColor;
-    if (f_.CaptionStyle == 0) return drawText(shift, color);
-    const int relief = f_.CaptionStyle == kRaised ? kReliefShift : -kReliefShift;
+    const Bgr color = hovers_ ? frame_.HoverForeColor : frame_.ForeColor;
+    if (frame_.CaptionStyle == 0) return drawText(shift, color);
+    const int relief = frame_.CaptionStyle == kRaised ? kReliefShift : -kReliefShift;
     drawText(shift + QPoint(-1, 0), AdjustColor(back_, relief));
     drawText(shift + QPoint(1, 2), AdjustColor(back_, -relief, false));
     drawText(shift + QPoint(0, 1), color);
 }
 
-void Frame::drawText(const QPoint& shift, Bgr color) {
+void FramePainter::drawText(const QPoint& shift, Bgr color) {
     painter_.setPen(qColor(color));
-    f_.caption->draw(painter_, f_.layout.CaptionRect.translated(shift));
+    frame_.caption->draw(painter_, frame_.layout.CaptionRect.translated(shift));
 }
 
-void Frame::DrawRim() {
-    const XPButtonLook& look = f_.look;
-    const bool outlined = f_.ButtonShape == kOutlinedOval;
-    const QRegion& rim = outlined && pressed_ ? f_.region.windowFrame : f_.region.middleFrame;
+void FramePainter::DrawRim() {
+    const XPButtonLook& look = frame_.look;
+    const bool outlined = frame_.ButtonShape == kOutlinedOval;
+    const QRegion& rim =
+        outlined && pressed_ ? frame_.region.windowFrame : frame_.region.middleFrame;
     if (look.Hovering)
-        fillRegion(painter_, rim, f_.HoverBorderColor);
+        fillRegion(painter_, rim, frame_.HoverBorderColor);
     else if (look.has(XPButtonLook::kDefault) && !outlined)
-        fillRegion(painter_, rim, f_.GotFocusBorderColor);
+        fillRegion(painter_, rim, frame_.GotFocusBorderColor);
 }
 
 }  // namespace
 
 void PaintFrame(QPainter& painter, const XPButtonFrame& frame) {
-    if (!frame.size.isEmpty()) Frame(painter, frame).PaintFace();
+    if (!frame.size.isEmpty()) FramePainter(painter, frame).PaintFace();
 }
 
 }  // namespace brindlex

@@ -59,14 +59,8 @@ QRegion fourPoints(int shape, const QSize& size, int rightEdge) {
     });
 }
 
-}  // namespace
-
-int grownWidth(int shape, const QSize& size) {
-    const int missing = kStraightEdge - (size.width() - (size.height() + 1));
-    if (!hasFourPoints(shape) || missing <= 0) return size.width();
-    return size.width() + (missing + kStraightEdge - 1) / kStraightEdge * kStraightEdge;
-}
-
+/// The pixels of the ellipse in the rectangle (left, top, right, bottom) by their middles; empty
+/// when the rectangle is.
 QRegion ellipse(int left, int top, int right, int bottom) {
     if (left >= right || top >= bottom) return {};
     const double radiusX = (right - left) / 2.0;
@@ -80,9 +74,18 @@ QRegion ellipse(int left, int top, int right, int bottom) {
     });
 }
 
+/// The pixels of a region that border on one outside, to the left, right, top or bottom.
 QRegion frameOf(const QRegion& region) {
     return region - (region.translated(1, 0) & region.translated(-1, 0) & region.translated(0, 1) &
                      region.translated(0, -1));
+}
+
+}  // namespace
+
+int grownWidth(int shape, const QSize& size) {
+    const int missing = kStraightEdge - (size.width() - (size.height() + 1));
+    if (!hasFourPoints(shape) || missing <= 0) return size.width();
+    return size.width() + (missing + kStraightEdge - 1) / kStraightEdge * kStraightEdge;
 }
 
 XPButtonRegion BuildRegion(int shape, const QSize& size) {

@@ -23,11 +23,4 @@ int grownWidth(int shape, const QSize& size);
 /// For any size from 0 x 0; `size` has been grown, or cannot be.
 XPButtonRegion BuildRegion(int shape, const QSize& size);
 
-/// The pixels of a region that border on one outside, to the left, right, top or bottom.
-QRegion frameOf(const QRegion& region);
-
-/// The pixels of the ellipse in the rectangle (left, top, right, bottom) by their middles; empty
-/// when the rectangle is.
-QRegion ellipse(int left, int top, int right, int bottom);
-
 }  // namespace brindlex

@@ -11,7 +11,7 @@ class XPButtonWindow {
   public:
     /// Shows a frame of the present state, unless drawing is delayed.
     virtual void Redraw() = 0;
-    /// The flag alone, nothing is drawn.
+    /// Sets the flag. Off, it does what has waited; it draws no frame of its own accord.
     virtual void setDelayDrawing(bool on) = 0;
     /// Places caption and picture anew. While drawing is delayed this waits.
     virtual void ComputeLayout() = 0;

@@ -129,6 +129,33 @@ TEST(XPButtonLayout, PlacesCaptionAndPicture) {
     }
 }
 
+TEST(XPButtonLayout, CutsNothingAtThePreferredSize) {
+    Dice dice(3);
+    for (int round = 0; round < 2000; ++round) {
+        const QSize text(dice.upTo(1) * 41, 13);
+        const int style = dice.upTo(2);
+        XPButtonLayoutInput in{{}, dice.upTo(7), 0, 0, dice.upTo(2), style, {}, {}, dice.upTo(5)};
+        in.PicturePixels = 16 + 8 * dice.upTo(2);
+        if (dice.upTo(1) != 0) in.picture = QSize(64, 64);
+        if (in.PictureAlign > 3 && !in.picture.isEmpty()) in.CaptionAlign = 2;
+        const bool shows = text.width() > 0 && in.ButtonShape < 5;
+        if (shows) in.measure = [&](int width) { return width < 41 ? QSize(width, 26) : text; };
+        const QSize size = preferredSize(in);
+        in.size = QSize(grownWidth(in.ButtonShape, size), size.height());
+        const XPButtonRegion region = BuildRegion(in.ButtonShape, in.size);
+        in.LeftEdge = region.LeftEdge;
+        in.RightEdge = region.RightEdge;
+        const XPButtonLayout layout = ComputeLayout(in);
+        SCOPED_TRACE(testing::Message() << "shape " << in.ButtonShape << ", picture at "
+                                        << in.PictureAlign << ", caption at " << in.CaptionAlign);
+        const QSize relief = style > 0 ? QSize(2, 2) : QSize(0, 0);
+        const QSize placed(in.PicturePixels, in.PicturePixels);
+        ASSERT_EQ(layout.CaptionRect.size(), shows ? text + relief : QSize(0, 0));
+        ASSERT_EQ(layout.PictureRect.size(), in.picture.isEmpty() ? QSize(0, 0) : placed);
+        ASSERT_FALSE(layout.CaptionRect.intersects(layout.PictureRect));
+    }
+}
+
 TEST(MaskBitmap, IsTransparentInTheColourOfItsCorner) {
     QImage image = plainImage({8, 8}, QColor(10, 20, 30));
     image.setPixelColor(2, 2, QColor(13, 17, 33));

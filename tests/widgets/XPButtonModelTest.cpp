@@ -32,10 +32,13 @@ class XPButtonModelTest : public testing::Test {
     XPButton button{desktop, nullptr, &host};
 };
 
-TEST(AdjustColor, TurnsRoundAtBlackAndWhite) {
+TEST(AdjustColor, ShiftsTurnsRoundAtBlackAndWhiteAndInverts) {
+    EXPECT_EQ(AdjustColor(0xFFFFFF, -32), 0xD6E0DFU);
+    EXPECT_EQ(AdjustColor(0, 0, true, true), 0x004040U);         // black has no blue to scale
     EXPECT_EQ(AdjustColor(0xFFFFFF, 0, true, true), 0xABC0BFU);  // 64 is white again, so back
     EXPECT_EQ(AdjustColor(0x808080, 300, true, true), kWhite);   // no turn helps
     EXPECT_EQ(AdjustColor(0x8000000F, -100000, true, true), 0x00FFFFU);
+    EXPECT_EQ(AdjustColor(0x102030, 5, false, false, true), 0xEADACAU);
 }
 
 TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesOfMembersAndAdvisesTheDesigner) {
@@ -71,6 +74,11 @@ TEST_F(XPButtonModelTest, TakesAndRefusesByTheRulesOfMembersAndAdvisesTheDesigne
         fresh.UserControl_AmbientChanged("displayasdefault");
         fresh.SetShowFocusRect(false);
         EXPECT_EQ(fresh.look().has(XPButtonLook::kDefault), design);
+        fresh.UserControl_AmbientChanged("DisplayAsDefault");
+        EXPECT_EQ(fresh.look().has(XPButtonLook::kDefault), design);
+        XPButton shown(desktop, nullptr, &host);
+        shown.show();
+        EXPECT_EQ(shown.look().has(XPButtonLook::kDefault), design) << "nobody else says so there";
 
         fresh.SetMouseIcon(kBitmap);
         EXPECT_EQ(fresh.MousePointer(), 0);
@@ -152,6 +160,30 @@ TEST_F(XPButtonModelTest, TellsTheHostWhatChangesAlong) {
     EXPECT_EQ(told(), "mIcon ");
 }
 
+TEST_F(XPButtonModelTest, TheFrameShowsTheMembers) {
+    button.SetBackColor(ColorValue(0x404040));
+    EXPECT_EQ(button.frame().FaceColor, 0x507070U);
+    EXPECT_EQ(button.frame().PressedColor, 0x435050U);
+    EXPECT_EQ(button.frame().HoverFaceColor, 0x507070U);
+    button.SetHoverBackColor(kBlue);
+    EXPECT_EQ(button.frame().HoverFaceColor, 0xFF3030U);
+    EXPECT_FALSE(button.frame().hoverKeepsGradient);
+    button.SetGradientColor(kBlue);
+    EXPECT_TRUE(button.frame().hoverKeepsGradient);
+    EXPECT_EQ(button.frame().GradientColor, kBlue.value());
+    button.SetForeColor(kRed);
+    button.SetHoverForeColor(kBlue);
+    EXPECT_EQ(button.frame().ForeColor, kRed.value());
+    EXPECT_EQ(button.frame().HoverForeColor, kBlue.value());
+    button.SetCaptionStyle(1);
+    EXPECT_EQ(button.frame().CaptionStyle, 1);
+    button.SetBackColor(kButtonFace);
+    QPalette palette;
+    palette.setColor(QPalette::Button, QColor(0x40, 0x40, 0x40));
+    button.setPalette(palette);
+    EXPECT_EQ(button.frame().FaceColor, 0x507070U);
+}
+
 TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
     const std::tuple<const char*, QString, QString> rows[] = {
         {"Save && &Close", "Alt+C", "Save & Close"},
@@ -187,6 +219,7 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWas) {
     button.InitProperties();
     EXPECT_EQ(host.told, "Caption CapAlign Focus cFHover cBHover Font ");
     EXPECT_EQ(button.Caption(), "btnOne");
+    EXPECT_EQ(button.Font().pointSize(), 11);
     PropertyBag nothing;
     button.ReadProperties(nothing);
     EXPECT_EQ(stored(button), Values());

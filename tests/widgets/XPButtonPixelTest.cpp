@@ -2,11 +2,13 @@
 
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 #include <vector>
 
-#include "TestButton.h"
+#include "widgets/TestButton.h"
 #include "widgets/XPButtonPainter.h"
 
 namespace brindlex {
@@ -129,9 +131,11 @@ class NaiveFrame {
         }
     }
 
-    /// Straight lines alone, without their last point.
+    /// Level, upright and diagonal lines alone, without their last point.
     void line(QPoint from, QPoint to, std::optional<Bgr> color) {
-        if (!color || (from.x() != to.x() && from.y() != to.y())) return;
+        const QPoint way = to - from;
+        const bool crooked = way.x() != 0 && way.y() != 0 && std::abs(way.x()) != std::abs(way.y());
+        if (!color || crooked) return;
         const QPoint step((to.x() > from.x()) - (to.x() < from.x()),
                           (to.y() > from.y()) - (to.y() < from.y()));
         for (; from != to; from += step) put(from.x(), from.y(), *color);
@@ -180,15 +184,18 @@ class Pixels : public testing::Test {
     Dice dice_{4};
 };
 
-TEST_F(Pixels, EveryPixelOfARectangleIsAsTold) {
+TEST_F(Pixels, EveryPixelOfRectangularAndSlantedShapesIsAsTold) {
     const QSize sizes[] = {{120, 30}, {31, 17}, {1, 1}, {2, 3}, {5, 5}, {7, 1}, {104, 104}};
-    for (int round = 0; round < 700; ++round) {
-        const XPButtonFrame frame = randomFrame(0, sizes[round % 7]);
+    for (int round = 0; round < 1400; ++round) {
+        const int shape = round % 2 == 0 ? 0 : 1 + round / 2 % 3;
+        const QSize size = shape == 0 ? sizes[round / 2 % 7] : sizes[round % 3 / 2];
+        const XPButtonFrame frame = randomFrame(shape, size);
         const int ratio = 1 + round / 7 % 2;
         const NaiveFrame naive(frame);
         const QImage image = painted(frame, ratio);
-        SCOPED_TRACE(testing::Message() << "round " << round << " mode " << frame.GradientMode
-                                        << " flags " << frame.look.ButtonFlags);
+        SCOPED_TRACE(testing::Message()
+                     << "round " << round << " shape " << shape << " mode " << frame.GradientMode
+                     << " flags " << frame.look.ButtonFlags);
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 const QPoint place(x / ratio, y / ratio);
@@ -199,40 +206,138 @@ TEST_F(Pixels, EveryPixelOfARectangleIsAsTold) {
     }
 }
 
-TEST_F(Pixels, SlantedShapesHaveTheirFaceAndTheLevelLinesOfTheirRings) {
-    for (int round = 0; round < 60; ++round) {
-        const XPButtonFrame frame = randomFrame(1 + round % 3, {120, 31});
-        const NaiveFrame naive(frame);
+TEST_F(Pixels, OvalsHaveTheirFaceTheirRingAndARimInTheStatesThatShowOne) {
+    for (int round = 0; round < 300; ++round) {
+        const int shape = 4 + round % 3;
+        const XPButtonFrame frame = randomFrame(shape, {121, 31});
         const QImage image = painted(frame);
-        for (const int y : {0, 1, 2, 15, 28, 29, 30}) {
-            for (int x = 50; x < 70; ++x)
-                ASSERT_EQ(pixel(image, x, y), naive.at(x, y)) << x << ' ' << y;
+        const NaiveFrame naive(frame);
+        const bool hovers = frame.look.Hovering;
+        const bool pressed = frame.look.isPressed();
+        const bool focused = frame.look.has(XPButtonLook::kDefault);
+        const auto face = [&](int x, int y) { return naive.at(x, y); };
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        EXPECT_EQ(pixel(image, 60, 15), face(60, 15));
+        EXPECT_EQ(pixel(image, 60, 2), face(60, 2));
+        if (shape == 6) {
+            const Bgr rim = frame.HoverBorderColor;
+            EXPECT_EQ(pixel(image, 60, 0), !hovers ? face(60, 0) : pressed ? rim : 0);
+            EXPECT_EQ(pixel(image, 60, 1), hovers && !pressed ? rim : face(60, 1));
+            continue;
+        }
+        EXPECT_EQ(pixel(image, 60, 0), kWhite);
+        EXPECT_NEAR(pixel(image, 60, 30) & 0xFF, 0x80, 1);
+        for (const QPoint place : {QPoint(1, 15), QPoint(60, 1)}) {
+            const Bgr found = pixel(image, place.x(), place.y());
+            if (hovers || focused)
+                EXPECT_EQ(found, hovers ? frame.HoverBorderColor : frame.GotFocusBorderColor);
+            else if (pressed)
+                EXPECT_NEAR(found & 0xFF, 0x80 + place.y() * 127 / 30, 1);
+            else
+                EXPECT_EQ(found, face(place.x(), place.y()));
         }
     }
 }
 
-TEST_F(Pixels, OvalsHaveTheirFaceAndARimInTheStatesThatShowOne) {
-    for (int round = 0; round < 60; ++round) {
-        const XPButtonFrame frame = randomFrame(4 + round % 2, {121, 31});
-        if (frame.look.isPressed()) continue;
-        const QImage image = painted(frame);
-        SCOPED_TRACE(testing::Message() << "round " << round);
-        EXPECT_EQ(pixel(image, 60, 15), NaiveFrame(frame).at(60, 15));
-        const bool focused = (frame.look.ButtonFlags & 1) != 0;
-        if (frame.look.Hovering)
-            EXPECT_EQ(pixel(image, 1, 15), frame.HoverBorderColor);
-        else if (focused)
-            EXPECT_EQ(pixel(image, 1, 15), frame.GotFocusBorderColor);
-        else
-            EXPECT_EQ(pixel(image, 1, 15), NaiveFrame(frame).at(1, 15));
+// --- What stands on the face ---------------------------------------------------------------------
+
+constexpr Bgr kInk = 0x0000F0;
+constexpr Bgr kHoverInk = 0x00F000;
+constexpr Bgr kPictureBlue = 0xF00000;
+constexpr Bgr kBack = 0x707070;
+
+/// A button with a blue picture on a white ground and a caption of plain pixels.
+class Content : public Pixels {
+  protected:
+    Content() {
+        QImage picture = plainImage({16, 16}, Qt::white);
+        QPainter(&picture).fillRect(1, 1, 14, 14, qColor(kPictureBlue));
+        button.resize(160, 40);
+        button.SetPicture(ButtonPicture::bitmap(picture));
+        button.SetPictureAlign(2);
+        button.SetCaption("&Many words");
+        button.SetCaptionAlign(0);
+        setPoints(10);
+        button.SetBackColor(ColorValue(kBack));
+        button.SetForeColor(ColorValue(kInk));
+        button.SetHoverForeColor(ColorValue(kHoverInk));
     }
+    void setPoints(int points) {
+        QFont font("DejaVu Sans", points);
+        font.setStyleStrategy(QFont::NoAntialias);
+        button.SetFont(font);
+    }
+    /// Where a colour shows: the rectangle round its pixels.
+    QRect boxOf(Bgr color, const XPButtonLook& look = {}) {
+        XPButtonFrame frame = button.frame();
+        frame.look = look;
+        const QImage image = painted(frame);
+        QRect box;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (pixel(image, x, y) == color) box |= QRect(x, y, 1, 1);
+        return box;
+    }
+
+    static constexpr XPButtonLook kPressed{XPButtonLook::kDown | XPButtonLook::kOver, true};
+    static constexpr XPButtonLook kHover{XPButtonLook::kOver, true};
+    FakeDesktop desktop;
+    XPButton button{desktop};
+};
+
+TEST_F(Content, StandsInItsRectanglesAndMovesWhenPressed) {
+    const QRect ink = boxOf(kInk);
+    EXPECT_TRUE(button.layoutRects().CaptionRect.contains(ink));
+    EXPECT_GT(ink.width(), 40);
+    EXPECT_LT(ink.right(), 100) << "at the left";
+    const QRect blue = boxOf(kPictureBlue);
+    EXPECT_EQ(blue, button.layoutRects().PictureRect.adjusted(1, 1, -1, -1));
+    EXPECT_EQ(boxOf(kInk, kPressed), ink.translated(1, 1));
+    EXPECT_EQ(boxOf(kPictureBlue, kPressed), blue.translated(1, 1));
+    EXPECT_EQ(boxOf(kHoverInk, kHover), ink);
+    EXPECT_TRUE(boxOf(kInk, kHover).isEmpty());
+    EXPECT_TRUE(boxOf(kHoverInk, kPressed).isEmpty());
+    button.SetButtonShape(4);
+    EXPECT_EQ(boxOf(kInk, kPressed), boxOf(kInk).translated(0, 1));
+    button.SetButtonShape(5);
+    EXPECT_TRUE(boxOf(kInk).isEmpty());
 }
 
-TEST(AdjustColorTest, ShiftsTurnsRoundAndInverts) {
-    EXPECT_EQ(AdjustColor(0xFFFFFF, -32), 0xD6E0DFU);
-    EXPECT_EQ(AdjustColor(0, 0, true, true), shifted(0, 64));
-    EXPECT_EQ(AdjustColor(0x010101, -9, false, true), shifted(0x010101, 9, false));
-    EXPECT_EQ(AdjustColor(0x102030, 5, false, false, true), 0xFFFFFF - shifted(0x102030, 5, false));
+TEST_F(Content, CaptionsAreUnderlinedBrokenAndOfTheSizeOfTheirFont) {
+    const QRect marked = boxOf(kInk);
+    button.SetCaption("Mane words");  // no letter reaches below the line
+    const QRect plain = boxOf(kInk);
+    button.SetCaption("&Mane words");
+    EXPECT_GT(boxOf(kInk).bottom(), plain.bottom());
+    button.SetCaptionAlign(1);
+    EXPECT_GT(boxOf(kInk).left(), marked.right() - 60);
+    button.resize(90, 60);
+    EXPECT_GT(boxOf(kInk).height(), 2 * plain.height());
+    button.resize(300, 60);
+    setPoints(20);
+    EXPECT_NEAR(boxOf(kInk).height(), 2 * plain.height(), 6);
+}
+
+TEST_F(Content, DisabledAndRelievedCaptionsHaveTheirColours) {
+    const Bgr face = shifted(kBack, 48);
+    const QRect ink = boxOf(kInk);
+    const QRect blue = boxOf(kPictureBlue);
+    button.SetEnabled(false);
+    EXPECT_EQ(boxOf(shifted(shifted(face, -24), -104)), ink);
+    EXPECT_EQ(boxOf(0x808080), blue);
+    button.SetGradientMode(1);
+    button.SetGradientColor(ColorValue(kBack));
+    EXPECT_EQ(boxOf(0x808080), ink | blue);
+    EXPECT_EQ(boxOf(kWhite).bottomRight(), ink.bottomRight() + QPoint(1, 1));
+    button.SetEnabled(true);
+    for (const int style : {1, 2}) {
+        button.SetCaptionStyle(style);
+        const int relief = style == 2 ? 40 : -40;
+        const QRect text = boxOf(kInk);
+        EXPECT_EQ(boxOf(shifted(face, relief)).topLeft(), text.topLeft() - QPoint(1, 1));
+        EXPECT_EQ(boxOf(shifted(face, -relief, false)).bottomRight(),
+                  text.bottomRight() + QPoint(1, 1));
+    }
 }
 
 }  // namespace
