@@ -13,7 +13,7 @@ QSize largestSize(const QIcon& icon) {
     const QList<QSize> sizes = icon.availableSizes();
     const auto largest =
         std::max_element(sizes.begin(), sizes.end(), [](const QSize& a, const QSize& b) {
-            return a.width() * a.height() < b.width() * b.height();
+            return qint64{a.width()} * a.height() < qint64{b.width()} * b.height();
         });
     return largest == sizes.end() ? kUsualIconSize : *largest;
 }

@@ -34,8 +34,8 @@ XPButton::~XPButton() {
 
 /// The focus goes while the button is whole: others ask it what it is when they hear of that.
 void XPButton::UserControl_Terminate() {
-    clearFocus();
     tmrHover_.stop();
+    clearFocus();
 }
 
 // --- Members of the window ----------------------------------------------------------------------

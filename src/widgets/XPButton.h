@@ -152,6 +152,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     QSize wideEnough(const QSize& hint) const;
     XPButtonFrame makeFrame();
     void announce();
+    void announceEnabled();
     XPButtonMouse mouseOf(const QMouseEvent& event, int button) const;
 
     // --- What model and input ask of the window -------------------------------------------------

@@ -49,6 +49,13 @@ void XPButton::announce() {
     QAccessible::updateAccessibility(&event);
 }
 
+void XPButton::announceEnabled() {
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
 /// What has waited until now is not for a paint event to do: it may change the size.
 void XPButton::UserControl_Paint() {
     delay_.set(false);

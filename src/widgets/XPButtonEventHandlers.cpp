@@ -36,26 +36,30 @@ bool XPButton::event(QEvent* event) {
     return true;
 }
 
+/// What the toolkit does by itself with these changes is to paint, delayed drawing or not.
 void XPButton::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
     switch (event->type()) {
         case QEvent::FontChange:
             ComputeLayout();
             return Redraw();
         case QEvent::PaletteChange:
             return model_.setPalette(palette());
-        case QEvent::ParentChange:
-            return followFocus();
         case QEvent::EnabledChange:
             if (isEnabled()) input_.noticeReleases();
+            announceEnabled();
             return Redraw();
+        case QEvent::ParentChange:
+            QWidget::changeEvent(event);
+            return followFocus();
         default:
-            return;
+            return QWidget::changeEvent(event);
     }
 }
 
 void XPButton::resizeEvent(QResizeEvent*) {
-    if (laidOut_ != size()) UserControl_Resize();
+    if (laidOut_ == size()) return;
+    ownPaint_ = false;  // the paint event that follows has more to show
+    UserControl_Resize();
 }
 
 void XPButton::showEvent(QShowEvent* event) {

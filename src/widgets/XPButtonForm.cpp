@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QShortcut>
-#include <utility>
 
 #include "platform/KeyCodes.h"
 #include "widgets/XPButton.h"
@@ -14,6 +13,10 @@ XPButtonForm* formOf(const QWidget& window) {
     for (QObject* const child : window.children())
         if (auto* const form = dynamic_cast<XPButtonForm*>(child)) return form;
     return nullptr;
+}
+
+XPButton* buttonOf(QWidget* widget) {
+    return dynamic_cast<XPButton*>(widget);
 }
 
 }  // namespace
@@ -36,13 +39,17 @@ XPButtonForm* XPButtonForm::of(const XPButton& button) {
     return formOf(*button.window());
 }
 
+XPButton* XPButtonForm::currentDefault() const {
+    return buttonOf(current_);
+}
+
 /// Held down, the key presses once. It is on while there is a button for it.
 void XPButtonForm::makeKey(int key, int ascii, Button XPButtonForm::*button) {
     auto* const shortcut = new QShortcut(QKeySequence(key), &window_);
     shortcut->setAutoRepeat(false);
     shortcut->setEnabled(false);
     connect(shortcut, &QShortcut::activated, this, [this, ascii, button] {
-        XPButton* const pressed = this->*button;
+        XPButton* const pressed = buttonOf(this->*button);
         if (pressed && pressed->window() == &window_) pressed->press(ascii);
     });
     keys_.push_back({shortcut, button});
@@ -50,17 +57,13 @@ void XPButtonForm::makeKey(int key, int ascii, Button XPButtonForm::*button) {
 
 void XPButtonForm::enableKeys() {
     for (const Key& key : keys_)
-        if (key.shortcut) key.shortcut->setEnabled(!(this->*key.button).isNull());
+        if (key.shortcut) key.shortcut->setEnabled(buttonOf(this->*key.button) != nullptr);
 }
 
-/// A widget says that it goes before its pointers know.
-void XPButtonForm::followEndOf(XPButton* button) {
-    if (!button) return;
-    connect(button, &QObject::destroyed, this, [this, button] {
-        for (Button* const kept : {&default_, &cancel_, &current_})
-            if (*kept == button) kept->clear();
-        followFocus();
-    });
+void XPButtonForm::followEndOf(const XPButton* button) {
+    if (button)
+        connect(button, &QObject::destroyed, this, &XPButtonForm::followFocus,
+                Qt::UniqueConnection);
 }
 
 void XPButtonForm::setDefaultButton(XPButton* button) {
@@ -81,12 +84,13 @@ void XPButtonForm::followFocus() {
 
 void XPButtonForm::follow(QWidget* focus) {
     if (!focus || focus->window() != &window_) focus = nullptr;
-    auto* const focused = dynamic_cast<XPButton*>(focus);
-    const Button before = std::exchange(current_, focused ? focused : default_.data());
+    const Button before = current_;
+    current_ = buttonOf(focus) ? focus : default_.data();
     enableKeys();
     if (before == current_) return;
-    for (const Button& button : {before, current_})
-        if (button) button->UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+    for (const Button& changed : {before, current_})
+        if (XPButton* const button = buttonOf(changed))
+            button->UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
 }
 
 }  // namespace brindlex

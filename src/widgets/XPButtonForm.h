@@ -26,14 +26,15 @@ class XPButtonForm : public QObject {
     void setDefaultButton(XPButton* button);
     void setCancelButton(XPButton* button);
     /// What Enter presses at present, or null.
-    XPButton* currentDefault() const { return current_; }
+    XPButton* currentDefault() const;
 
   private:
-    using Button = QPointer<XPButton>;
+    /// A button. In its destruction, which makes a plain widget of it first, it is one no more.
+    using Button = QPointer<QWidget>;
 
     void followFocus();
     void follow(QWidget* focus);
-    void followEndOf(XPButton* button);
+    void followEndOf(const XPButton* button);
     void makeKey(int key, int ascii, Button XPButtonForm::*button);
     void enableKeys();
 

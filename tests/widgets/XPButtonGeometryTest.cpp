@@ -65,6 +65,12 @@ TEST(XPButton, AsksItsLayoutForTheRoomThatItsShapeNeeds) {
     button.SetButtonShape(1);
     EXPECT_TRUE(
         QTest::qWaitFor([&] { return !button.geometry().intersects(neighbour.geometry()); }, 1000));
+    XPButton alone(desktop);
+    alone.SetCaption("A caption with some words");
+    alone.SetButtonShape(3);
+    alone.resize(alone.sizeHint());
+    EXPECT_EQ(alone.layoutRects().CaptionRect.height(),
+              QFontMetrics(drawingFont(alone.font())).height());
 }
 
 TEST(XPButtonCaption, ShowsNoScrapsWhereItHasNoRoom) {

@@ -241,6 +241,9 @@ TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     constexpr bool kRepeated = true;
     QTest::simulateEvent(button, true, Qt::Key_Space, Qt::NoModifier, " ", kRepeated);
     EXPECT_FALSE(button->look().has(XPButtonLook::kDown)) << "it was pressed elsewhere";
+    taken();
+    QTest::simulateEvent(button, true, Qt::Key_Return, Qt::NoModifier, "\r", kRepeated);
+    EXPECT_EQ(taken(), "");
     window.keyUps = 0;
     button->events.KeyUp = [](int& KeyCode, int&) { KeyCode = 0; };
     for (const auto key : {Qt::Key_Shift, Qt::Key_Left, Qt::Key_B}) QTest::keyClick(button, key);
@@ -264,7 +267,6 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     other->setFocus();
     EXPECT_FALSE(button->look().has(XPButtonLook::kDefault));
     EXPECT_TRUE(other->look().has(XPButtonLook::kDefault));
-    QTest::simulateEvent(other, true, Qt::Key_Return, Qt::NoModifier, "\r", kRepeated);
     QTest::keyClick(other, Qt::Key_Return);
     EXPECT_EQ(taken(), "other ");
     line->setFocus();
@@ -275,8 +277,11 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     QTest::keyClick(line, Qt::Key_Escape);
     EXPECT_EQ(taken(), "");
     QWidget elsewhere;
+    elsewhere.setAttribute(Qt::WA_ShowWithoutActivating);
     button->SetEnabled(true);
     button->setParent(&elsewhere);
+    button->show();
+    elsewhere.show();
     EXPECT_FALSE(button->look().has(XPButtonLook::kDefault));
     QTest::keyClick(line, Qt::Key_Return);
     EXPECT_EQ(taken(), "");
@@ -389,6 +394,20 @@ TEST_F(XPButtonInputTest, EachSetThatIsSeenPaintsAFrame) {
     };
     EXPECT_EQ(paintsAfter([&] { button->SetGradientColor(kRed); }), 0) << "without a gradient";
     for (const auto& [name, set] : sets) EXPECT_EQ(paintsAfter(set), 1) << name;
+
+    button->DelayDrawing(true);
+    button->SetEnabled(true);
+    for (const auto& [name, set] : sets) {
+        if (name == std::string("ButtonShape")) continue;  // ends it
+        EXPECT_EQ(paintsAfter(set), 0) << name;
+    }
+    button->Refresh();
+    button->SetCaption("Waits for its paint event");
+    button->DelayDrawing(true);
+    button->resize(200, 60);
+    PaintCounter paints(*button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }, 1000)) << "old, then new size";
+    EXPECT_EQ(button->frame().size, QSize(200, 60));
 }
 
 TEST_F(XPButtonInputTest, TellsAssistiveTechnology) {

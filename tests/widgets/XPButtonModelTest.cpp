@@ -177,6 +177,8 @@ TEST_F(XPButtonModelTest, TheFrameShowsTheMembers) {
     EXPECT_EQ(button.frame().HoverForeColor, kBlue.value());
     button.SetCaptionStyle(1);
     EXPECT_EQ(button.frame().CaptionStyle, 1);
+    button.SetShowFocusRect(false);
+    EXPECT_FALSE(button.frame().ShowFocusRect);
     button.SetBackColor(kButtonFace);
     QPalette palette;
     palette.setColor(QPalette::Button, QColor(0x40, 0x40, 0x40));

@@ -267,13 +267,13 @@ class Content : public Pixels {
         font.setStyleStrategy(QFont::NoAntialias);
         button.SetFont(font);
     }
-    /// Where a colour shows: the rectangle round its pixels.
-    QRect boxOf(Bgr color, const XPButtonLook& look = {}) {
+    /// Where a colour shows: the rectangle round its pixels in the topmost rows.
+    QRect boxOf(Bgr color, const XPButtonLook& look = {}, int rows = 99) {
         XPButtonFrame frame = button.frame();
         frame.look = look;
         const QImage image = painted(frame);
         QRect box;
-        for (int y = 0; y < image.height(); ++y)
+        for (int y = 0; y < std::min(image.height(), rows); ++y)
             for (int x = 0; x < image.width(); ++x)
                 if (pixel(image, x, y) == color) box |= QRect(x, y, 1, 1);
         return box;
@@ -311,6 +311,11 @@ TEST_F(Content, CaptionsAreUnderlinedBrokenAndOfTheSizeOfTheirFont) {
     EXPECT_GT(boxOf(kInk).bottom(), plain.bottom());
     button.SetCaptionAlign(1);
     EXPECT_GT(boxOf(kInk).left(), marked.right() - 60);
+    button.SetCaption("i||mmmm");
+    EXPECT_NEAR(boxOf(kInk, {}, 20).right(), boxOf(kInk).right(), 3);
+    button.SetCaptionAlign(0);
+    EXPECT_LT(boxOf(kInk, {}, 20).right(), boxOf(kInk).right() - 10);
+    button.SetCaption("&Mane words");
     button.resize(90, 60);
     EXPECT_GT(boxOf(kInk).height(), 2 * plain.height());
     button.resize(300, 60);
