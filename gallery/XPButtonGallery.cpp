@@ -1,3 +1,6 @@
+// Shows the button control in all its forms. With a file name it writes a picture of each page
+// ("NAME-1.png", ...) instead of a window. "--dark" shows them in a dark palette.
+
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
@@ -10,9 +13,6 @@
 #include "widgets/XPButton.h"
 #include "widgets/XPButtonForm.h"
 #include "widgets/XPButtonPainter.h"
-
-/// Shows the button control in all its forms. With a file name it writes a picture of each page
-/// ("NAME-1.png", ...) instead of a window. "--dark" comes first.
 
 namespace brindlex {
 namespace {

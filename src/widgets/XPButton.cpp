@@ -56,7 +56,8 @@ void XPButton::followCaption() {
 
 QKeySequence XPButton::accessKeySequence() const {
     const QString& key = model_.accessKey();
-    return key.isEmpty() ? QKeySequence() : QKeySequence::mnemonic(u'&' + key);
+    const bool none = key.isEmpty() || key == u' ';  // Alt and space open the window's menu
+    return none ? QKeySequence() : QKeySequence::mnemonic(u'&' + key);
 }
 
 void XPButton::SetButtonShape(int shape) {

@@ -5,9 +5,9 @@
 #include <QWidget>
 #include <memory>
 
-#include "widgets/MaskBitmap.h"
 #include "widgets/XPButtonDelay.h"
 #include "widgets/XPButtonEvents.h"
+#include "widgets/XPButtonFace.h"
 #include "widgets/XPButtonFrame.h"
 #include "widgets/XPButtonHost.h"
 #include "widgets/XPButtonInput.h"
@@ -21,8 +21,9 @@ class Desktop;
 class PropertyBag;
 
 /// A push button that paints itself: rectangular, slanted, oval or a picture, with its own colours,
-/// caption styles and a look for the pointer. Sizes are logical pixels. What each member takes and
-/// refuses stands with XPButtonModel. The widget's mask is the window region.
+/// caption styles and a look for the pointer. Sizes are logical pixels. What a member takes and
+/// what follows from it stands with its set here or in XPButtonModel. The widget's mask is the
+/// window region.
 ///
 /// A program lets it stand in a widget and sets its members; Enter and Escape in a window come with
 /// XPButtonForm. A host of its own gives it design mode and hears which members changed.
@@ -55,10 +56,11 @@ class XPButton : public QWidget, private XPButtonWindow {
     void SetShowFocusRect(bool show) { model_.SetShowFocusRect(show); }
     int PictureSize() { return model_.PictureSize(); }
     void SetPictureSize(int size) { model_.SetPictureSize(size); }
+    /// 0 to 15, or 99 for the MouseIcon; anything else is ignored.
     int MousePointer() const { return pointer_; }
     void SetMousePointer(int pointer);
     ButtonPicture MouseIcon() const { return mouseIcon_; }
-    /// None or an icon.
+    /// None or an icon, which makes the MousePointer 99. A bitmap is refused with a box.
     void SetMouseIcon(const ButtonPicture& icon);
     QFont Font() const { return font(); }
     void SetFont(const QFont& font);
@@ -94,13 +96,16 @@ class XPButton : public QWidget, private XPButtonWindow {
     // --- The host's side ------------------------------------------------------------------------
     /// Makes a new button of the host's: call it instead of ReadProperties.
     void InitProperties();
+    /// What is not stored gets the default of the place that the button stands in. Ends delayed
+    /// drawing.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
+    /// An ambient member of the host changed. Names are taken without regard to case.
     void UserControl_AmbientChanged(const QString& name);
     /// The access key, or Enter (13) and Escape (27) for the form's default and cancel button.
     void UserControl_AccessKeyPress(int KeyAscii);
-    /// What another than the user's hand does to press it: nothing while it is disabled or hidden,
-    /// else UserControl_AccessKeyPress.
+    /// Presses it from outside, as its form and assistive technology do: nothing while it is
+    /// disabled or hidden, else UserControl_AccessKeyPress.
     void press(int KeyAscii);
 
     // --- What it shows --------------------------------------------------------------------------
@@ -144,12 +149,7 @@ class XPButton : public QWidget, private XPButtonWindow {
     void UserControl_Paint();
     void UserControl_Terminate();
     void bringUpToDate();
-    void fitRegion();
-    void placeContent();
-    std::unique_ptr<XPButtonCaption> makeCaption(const QSize& face) const;
-    XPButtonLayoutInput layoutInput(const QSize& face, XPButtonCaption* caption) const;
-    QSize leastHint() const;
-    QSize wideEnough(const QSize& hint) const;
+    void fitFace();
     XPButtonFrame makeFrame();
     void announce();
     void announceEnabled();
@@ -157,6 +157,7 @@ class XPButton : public QWidget, private XPButtonWindow {
 
     // --- What model and input ask of the window -------------------------------------------------
     void Redraw() override;
+    void redrawAtOnce() override;
     void setDelayDrawing(bool on) override;
     void ComputeLayout() override;
     void UserControl_Resize() override;
@@ -178,14 +179,11 @@ class XPButton : public QWidget, private XPButtonWindow {
     ButtonPicture mouseIcon_;
     int accessKeyId_ = 0;
 
-    QSize laidOut_{0, 0};  // the size that region and layout are for
-    XPButtonRegion region_;
-    XPButtonLayout layout_;
-    std::shared_ptr<const XPButtonCaption> caption_;
-    MaskBitmap maskBitmap_;
+    XPButtonFace face_;
     XPButtonFrame frame_;
     XPButtonDelay delay_;
-    bool ownPaint_ = false;  // the next paint event is taken for the answer to Redraw
+    bool pointerLeft_ = false;  // the toolkit told so last
+    bool ownPaint_ = false;     // the next paint event is taken for the answer to Redraw
     XPButtonLook announced_;
 };
 

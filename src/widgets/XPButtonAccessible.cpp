@@ -18,22 +18,31 @@ void installXPButtonAccessible() {
 }
 
 XPButtonAccessible::XPButtonAccessible(XPButton& button)
-    : QAccessibleWidget(&button, QAccessible::PushButton), button_(button) {}
+    : QAccessibleWidget(&button, QAccessible::PushButton) {}
+
+/// Null in the button's destruction, which makes a plain widget of it first, and afterwards.
+XPButton* XPButtonAccessible::button() const {
+    return dynamic_cast<XPButton*>(object());
+}
 
 QString XPButtonAccessible::text(QAccessible::Text kind) const {
     const QString own = QAccessibleWidget::text(kind);
+    const XPButton* const face = button();
+    if (!face) return own;
     if (kind == QAccessible::Accelerator && own.isEmpty())
-        return button_.accessKeySequence().toString(QKeySequence::NativeText);
+        return face->accessKeySequence().toString(QKeySequence::NativeText);
     // the tool tip is the name of a button without a caption, and need not be said twice
     if (kind == QAccessible::Description && own == text(QAccessible::Name)) return {};
-    if (kind != QAccessible::Name || !button_.accessibleName().isEmpty()) return own;
-    const QString spoken = spokenCaption(button_.Caption());
-    return spoken.isEmpty() ? button_.toolTip() : spoken;
+    if (kind != QAccessible::Name || !face->accessibleName().isEmpty()) return own;
+    const QString spoken = spokenCaption(face->Caption());
+    return spoken.isEmpty() ? face->toolTip() : spoken;
 }
 
 QAccessible::State XPButtonAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
-    const XPButtonLook& look = button_.look();
+    const XPButton* const face = button();
+    if (!face) return state;
+    const XPButtonLook& look = face->look();
     state.pressed = look.has(XPButtonLook::kDown);
     state.hotTracked = look.Hovering;
     state.defaultButton = look.has(XPButtonLook::kDefault);
@@ -41,15 +50,18 @@ QAccessible::State XPButtonAccessible::state() const {
 }
 
 QStringList XPButtonAccessible::actionNames() const {
-    const QStringList press = button_.isEnabled() ? QStringList{pressAction()} : QStringList();
-    return press + QAccessibleWidget::actionNames();
+    const bool presses = button() && button()->isEnabled();
+    return (presses ? QStringList{pressAction()} : QStringList()) +
+           QAccessibleWidget::actionNames();
 }
 
 void XPButtonAccessible::doAction(const QString& name) {
     if (name != pressAction()) return QAccessibleWidget::doAction(name);
+    XPButton* const face = button();
+    if (!face) return;
     // what a click opens may wait for the user: the caller must not
     QMetaObject::invokeMethod(
-        &button_, [button = &button_] { button->press(kAsciiEnter); }, Qt::QueuedConnection);
+        face, [face] { face->press(kAsciiEnter); }, Qt::QueuedConnection);
 }
 
 }  // namespace brindlex

@@ -10,7 +10,7 @@ class XPButton;
 void installXPButtonAccessible();
 
 /// A button as assistive technology sees it: a push button named by its caption, without its marks,
-/// that can be pressed.
+/// that can be pressed. May outlive the button.
 class XPButtonAccessible : public QAccessibleWidget {
   public:
     explicit XPButtonAccessible(XPButton& button);
@@ -22,7 +22,7 @@ class XPButtonAccessible : public QAccessibleWidget {
     void doAction(const QString& name) override;
 
   private:
-    XPButton& button_;
+    XPButton* button() const;
 };
 
 }  // namespace brindlex

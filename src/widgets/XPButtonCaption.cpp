@@ -67,7 +67,7 @@ XPButtonCaption::XPButtonCaption(const QString& caption, const QFont& drawingFon
     layout_.setText(shown.text.left(mostCharacters));
     layout_.setFont(drawingFont);
     layout_.setCacheEnabled(true);
-    if (shown.underlined < 0) return;
+    if (shown.underlined < 0 || shown.underlined >= layout_.text().size()) return;
     QTextLayout::FormatRange accessKey;
     accessKey.start = shown.underlined;
     accessKey.length = 1;

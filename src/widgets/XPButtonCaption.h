@@ -31,8 +31,6 @@ class XPButtonCaption {
   public:
     /// Shows at most that many characters.
     XPButtonCaption(const QString& caption, const QFont& drawingFont, qsizetype mostCharacters);
-    XPButtonCaption(const XPButtonCaption&) = delete;
-    XPButtonCaption& operator=(const XPButtonCaption&) = delete;
 
     /// Breaks the text at words into lines of that many pixels; a longer word sticks out. Linear in
     /// the text.

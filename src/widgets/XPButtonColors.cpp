@@ -69,12 +69,4 @@ std::vector<Bgr> GradientColors(Bgr from, Bgr to, int count) {
     return colors;
 }
 
-int roundedQuotient(int dividend, int divisor) {
-    const std::int64_t twice = std::int64_t{dividend} * 2;
-    const std::int64_t down = dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
-    const std::int64_t excess = twice - (2 * down + 1) * divisor;  // over the half
-    const bool up = excess > 0 || (excess == 0 && down % 2 != 0);
-    return static_cast<int>(down + (up ? 1 : 0));
-}
-
 }  // namespace brindlex

@@ -23,9 +23,6 @@ Bgr AdjustColor(Bgr color, int shift, bool scaleBlue = true, bool avoidExtremes 
 /// may be 0 or less: no colours.
 std::vector<Bgr> GradientColors(Bgr from, Bgr to, int count);
 
-/// The quotient to the nearest whole number, halves to the even neighbour. The divisor is above 0.
-int roundedQuotient(int dividend, int divisor);
-
 inline QColor qColor(Bgr color) {
     return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }

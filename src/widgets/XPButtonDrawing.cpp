@@ -7,6 +7,56 @@
 #include "widgets/XPButtonPainter.h"
 
 namespace brindlex {
+namespace {
+
+constexpr QSize kSmallestHint(24, 20);
+
+}  // namespace
+
+// --- Size ---------------------------------------------------------------------------------------
+
+void XPButton::UserControl_Resize() {
+    if (delay_.putsOff(XPButtonDelay::Work::Region)) return;
+    delay_.takeWork();  // all of it follows
+    const QSize grown(grownWidth(members().ButtonShape, size()), height());
+    if (grown != size()) resize(grown);
+    face_.fit(size(), members(), font());  // it may be kept from growing
+    setMask(face_.region().window);
+    Redraw();
+}
+
+/// A hidden widget hears of its size late.
+void XPButton::fitFace() {
+    if (face_.size() != size()) UserControl_Resize();
+}
+
+const XPButtonRegion& XPButton::region() {
+    fitFace();
+    return face_.region();
+}
+
+const XPButtonLayout& XPButton::layoutRects() {
+    fitFace();
+    return face_.layout();
+}
+
+void XPButton::ComputeLayout() {
+    updateGeometry();
+    if (!delay_.putsOff(XPButtonDelay::Work::Layout)) face_.place(members(), font());
+}
+
+/// A layout may give no less than the minimum height, and no less than a slanted button grows to.
+QSize XPButton::minimumSizeHint() const {
+    const QSize least = kSmallestHint.expandedTo({0, minimumHeight()});
+    return {grownWidth(members().ButtonShape, least), least.height()};
+}
+
+QSize XPButton::sizeHint() const {
+    return XPButtonFace::preferredSize(members(), font(), minimumSizeHint());
+}
+
+// --- Delayed drawing ----------------------------------------------------------------------------
+
 void XPButton::Refresh() {
     DelayDrawing(false);
 }
@@ -25,16 +75,24 @@ void XPButton::setDelayDrawing(bool on) {
 void XPButton::bringUpToDate() {
     const XPButtonDelay::Work work = delay_.takeWork();
     if (work == XPButtonDelay::Work::Region) return UserControl_Resize();
-    if (work == XPButtonDelay::Work::Layout) placeContent();
+    if (work == XPButtonDelay::Work::Layout) face_.place(members(), font());
     Redraw();
 }
 
+// --- Frames -------------------------------------------------------------------------------------
+
+/// A button that is not seen gets its frame from its next paint event.
 void XPButton::Redraw() {
     announce();
     if (delay_.isOn()) return;
-    frame_ = makeFrame();
     ownPaint_ = !visibleRegion().isEmpty();
+    if (ownPaint_) frame_ = makeFrame();
     update();
+}
+
+void XPButton::redrawAtOnce() {
+    Redraw();
+    if (ownPaint_) repaint();
 }
 
 void XPButton::announce() {
@@ -59,11 +117,14 @@ void XPButton::announceEnabled() {
 /// What has waited until now is not for a paint event to do: it may change the size.
 void XPButton::UserControl_Paint() {
     delay_.set(false);
-    if (delay_.hasWork())
-        QMetaObject::invokeMethod(
-            this, [this] { bringUpToDate(); }, Qt::QueuedConnection);
-    else
+    if (!delay_.hasWork()) {
         frame_ = makeFrame();
+        return;
+    }
+    const auto endDelay = [this] {
+        if (!delay_.isOn()) setDelayDrawing(false);
+    };
+    QMetaObject::invokeMethod(this, endDelay, Qt::QueuedConnection);
 }
 
 void XPButton::paintEvent(QPaintEvent*) {
@@ -73,7 +134,7 @@ void XPButton::paintEvent(QPaintEvent*) {
 }
 
 XPButtonFrame XPButton::frame() {
-    fitRegion();
+    fitFace();
     return makeFrame();
 }
 
@@ -81,7 +142,7 @@ XPButtonFrame XPButton::makeFrame() {
     const XPButtonMembers& m = members();
     const XPButtonWorkingColors& colors = model_.workingColors();
     XPButtonFrame frame;
-    frame.size = laidOut_;
+    frame.size = face_.size();
     frame.screen = screen()->size();
     frame.ButtonShape = m.ButtonShape;
     frame.GradientMode = m.GradientMode;
@@ -98,11 +159,10 @@ XPButtonFrame XPButton::makeFrame() {
     frame.GotFocusBorderColor = m.GotFocusBorderColor.value();
     frame.HoverBorderColor = m.HoverBorderColor.value();
     frame.hoverKeepsGradient = m.GradientColor == m.HoverBackColor;
-    frame.region = region_;
-    frame.layout = layout_;
-    frame.caption = caption_;
-    maskBitmap_.PrepareMask(m.Picture, layout_.PictureRect.size(), devicePixelRatioF());
-    frame.picture = frame.Enabled ? maskBitmap_.image() : maskBitmap_.disabledImage();
+    frame.region = face_.region();
+    frame.layout = face_.layout();
+    frame.caption = face_.caption();
+    frame.picture = face_.picture(m.Picture, devicePixelRatioF(), frame.Enabled);
     return frame;
 }
 

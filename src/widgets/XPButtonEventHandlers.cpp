@@ -57,7 +57,7 @@ void XPButton::changeEvent(QEvent* event) {
 }
 
 void XPButton::resizeEvent(QResizeEvent*) {
-    if (laidOut_ == size()) return;
+    if (face_.size() == size()) return;
     ownPaint_ = false;  // the paint event that follows has more to show
     UserControl_Resize();
 }
@@ -81,6 +81,7 @@ void XPButton::hideEvent(QHideEvent* event) {
 
 /// No handler runs in here: the toolkit goes on with the button, which that might destroy.
 void XPButton::enterEvent(QEnterEvent*) {
+    pointerLeft_ = false;
     input_.forgetPress();
     const auto notice = [this] {
         if (isEnabled()) input_.noticePointer();
@@ -89,6 +90,7 @@ void XPButton::enterEvent(QEnterEvent*) {
 }
 
 void XPButton::leaveEvent(QEvent*) {
+    pointerLeft_ = true;
     input_.forgetPress();
 }
 
@@ -109,13 +111,14 @@ void XPButton::focusOutEvent(QFocusEvent*) {
 // --- Mouse --------------------------------------------------------------------------------------
 
 XPButtonMouse XPButton::mouseOf(const QMouseEvent& event, int button) const {
-    const bool onFace = rect().contains(event.pos()) && region_.window.contains(event.pos());
+    const bool onFace = rect().contains(event.pos()) && face_.region().window.contains(event.pos());
     return {button, shiftOf(event.modifiers()), static_cast<float>(event.position().x()),
             static_cast<float>(event.position().y()), onFace};
 }
 
+/// Some systems say where the pointer is only while it is over a window of the program.
 bool XPButton::isUnderPointer() const {
-    return QApplication::widgetAt(QCursor::pos()) == this;
+    return !pointerLeft_ && QApplication::widgetAt(QCursor::pos()) == this;
 }
 
 QPoint XPButton::pointerPosition() const {
@@ -132,6 +135,7 @@ void XPButton::setHoverTimer(bool on) {
 
 void XPButton::mousePressEvent(QMouseEvent* event) {
     if (mouseButtonsOf(event->button()) == 0) return event->ignore();
+    pointerLeft_ = false;
     input_.UserControl_MouseDown(mouseOf(*event, mouseButtonsOf(event->button())));
 }
 
@@ -143,6 +147,7 @@ void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void XPButton::mouseMoveEvent(QMouseEvent* event) {
+    pointerLeft_ = false;
     input_.UserControl_MouseMove(mouseOf(*event, mouseButtonsOf(event->buttons())));
 }
 

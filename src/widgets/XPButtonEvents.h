@@ -4,9 +4,14 @@
 
 namespace brindlex {
 
-/// What a button tells its user. Arguments are by reference: a handler may change them. Button: 1
-/// left, 2 right, 4 middle. Shift: 1 Shift, 2 Ctrl, 4 Alt, summed up. X and Y: pixels of the
-/// button. A handler may do anything to the button, delete it too.
+/// What a button tells its user. Button: 1 left, 2 right, 4 middle; of a move those that are held,
+/// summed up. Shift: 1 Shift, 2 Ctrl, 4 Alt, summed up. X and Y: pixels of the button. MouseLeave
+/// comes up to 50 milliseconds after the pointer has left. A handler may do anything to the button,
+/// delete it too.
+///
+/// Arguments are by reference. A KeyCode set to 0 consumes the key. After MouseUp a Click follows
+/// when Button is 1, after DblClick the button is held down when Button is 1. What a handler writes
+/// into the others has no effect.
 struct XPButtonEvents {
     using Mouse = std::function<void(int& Button, int& Shift, float& X, float& Y)>;
     using Key = std::function<void(int& KeyCode, int& Shift)>;

@@ -29,6 +29,7 @@ XPButtonForm::XPButtonForm(QWidget& window) : window_(window) {
     makeKey(Qt::Key_Escape, kAsciiEscape, &XPButtonForm::cancel_);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* focus) { follow(focus); });
+    followFocus();
 }
 
 XPButtonForm::~XPButtonForm() {

@@ -24,7 +24,8 @@ class XPButtonHost {
     virtual QString DisplayName() const = 0;
     /// Unset when the container is a multiple-document frame.
     virtual std::optional<QFont> containerFont() const = 0;
-    /// A stored member changed. `key` is the one that it is stored under.
+    /// A stored member changed. `key` is the one that it is stored under. It may read and set
+    /// members, but not destroy the button; what follows from the change may not be done yet.
     virtual void propertyChanged(const QString& key) = 0;
 };
 

@@ -37,7 +37,7 @@ bool XPButtonInput::raise(const Event& event, Arguments&... arguments) {
 
 void XPButtonInput::redrawNow() {
     window_.setDelayDrawing(false);
-    window_.Redraw();
+    window_.redrawAtOnce();
 }
 
 // --- Mouse --------------------------------------------------------------------------------------
@@ -170,7 +170,7 @@ void XPButtonInput::UserControl_KeyDown(XPButtonKey& key) {
 void XPButtonInput::pressSpace() {
     look_.set(Look::kDown, true);
     look_.set(Look::kOver, true);
-    window_.Redraw();
+    window_.redrawAtOnce();
     if (!look_.Hovering) look_.set(Look::kOver, false);
 }
 
@@ -178,7 +178,7 @@ void XPButtonInput::UserControl_KeyUp(XPButtonKey& key) {
     if (key.KeyCode == kSpace && look_.has(Look::kDown)) {
         LastButton_ = kLeftButton;
         look_.set(Look::kDown, false);
-        window_.Redraw();
+        window_.redrawAtOnce();
         if (!click()) return;
     }
     if (isArrow(key.KeyCode) || key.KeyCode == kShiftKey) key.KeyCode = 0;
@@ -191,7 +191,7 @@ void XPButtonInput::UserControl_KeyPress(int KeyAscii) {
 
 void XPButtonInput::UserControl_AccessKeyPress(int KeyAscii) {
     const bool formKey = KeyAscii == kAsciiEscape || KeyAscii == kAsciiEnter;
-    if (!formKey && !look_.has(Look::kDefault)) window_.Redraw();
+    if (!formKey && !look_.has(Look::kDefault)) window_.redrawAtOnce();
     LastButton_ = kLeftButton;
     click();
 }

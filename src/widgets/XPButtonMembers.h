@@ -69,8 +69,6 @@ struct XPButtonMembers {
     int HoverColorLocks = 0;  ///< sum of 1: HoverBackColor is locked, 2: HoverForeColor is locked
     ColorValue HoverForeColor = kButtonText;
     ColorValue HoverBackColor = kButtonFace;
-
-    bool operator==(const XPButtonMembers&) const = default;
 };
 
 /// The members that belong to the window itself.
@@ -79,11 +77,9 @@ struct XPButtonWindowMembers {
     QFont Font;
     int MousePointer = 0;  ///< 0 to 15, or kCustomPointer
     ButtonPicture MouseIcon;
-
-    bool operator==(const XPButtonWindowMembers&) const = default;
 };
 
-/// What input makes of a button.
+/// The state that shows. The model sets kDefault, the input the rest.
 struct XPButtonLook {
     static constexpr int kDefault = 1;  ///< it shows the default look
     static constexpr int kDown = 2;     ///< the left mouse button or the space bar holds it down

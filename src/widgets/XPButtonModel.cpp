@@ -117,6 +117,7 @@ void XPButtonModel::SetButtonShape(int shape) {
 }
 
 void XPButtonModel::SetPicture(const ButtonPicture& picture) {
+    const bool refused = members_.ButtonShape == kCustomShape && picture.isIcon();
     members_.Picture = picture;
     if (members_.PicturePixels == 0)
         follow(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
@@ -126,10 +127,10 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     } else {
         if (picture.isNone() || picture.isIcon())
             follow(members_.ButtonShape, 0, storekey::kButtonShape);
-        if (picture.isIcon()) adviseDesigner(kNoIcons);
         window_.UserControl_Resize();
     }
     tell(storekey::kPicture);
+    if (refused) adviseDesigner(kNoIcons);
 }
 
 void XPButtonModel::SetPictureAlign(int align) {
@@ -155,8 +156,8 @@ void XPButtonModel::SetShowFocusRect(bool show) {
     members_.ShowFocusRect = show;
     if (host_.UserMode()) look_.set(XPButtonLook::kDefault, false);
     window_.Redraw();
-    if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
     tell(storekey::kShowFocusRect);
+    if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
 }
 
 void XPButtonModel::followDefault() {

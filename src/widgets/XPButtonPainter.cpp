@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "widgets/XPButtonBorder.h"
 
@@ -13,7 +14,7 @@ constexpr int kLeftward = 2;
 constexpr int kDownward = 3;
 constexpr int kUpward = 4;
 
-constexpr int kFaceSteps = 25;  // the face is that much darker at the bottom
+constexpr double kFaceSteps = 25;  // the face is that much darker at the bottom
 constexpr int kGradientShift = 48;
 constexpr int kDisabledFaceShift = -24;
 constexpr int kDisabledTextShift = -104;
@@ -145,7 +146,7 @@ void FramePainter::shadeFace(Bgr color) {
     std::vector<Bgr> rows;
     rows.reserve(static_cast<std::size_t>(h));
     for (int y = 0; y < h; ++y)
-        rows.push_back(AdjustColor(color, -roundedQuotient(kFaceSteps * y, h)));
+        rows.push_back(AdjustColor(color, -static_cast<int>(std::nearbyint(kFaceSteps / h * y))));
     Bands(painter_, frame_.size, false).fill(rows, 1);
 }
 

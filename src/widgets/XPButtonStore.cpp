@@ -84,7 +84,7 @@ XPButtonRecord readRecord(const PropertyBag& bag, const XPButtonDefaults& defaul
     reader.read(storekey::kPicture, members.Picture);
     reader.read(storekey::kPictureSize, members.PicturePixels, kFittedSize);
     if (!isPictureSize(members.PicturePixels))
-        members.PicturePixels = unset({}).members.PicturePixels;
+        members.PicturePixels = XPButtonMembers{}.PicturePixels;
     reader.read(storekey::kPictureAlign, members.PictureAlign, kMaxPictureAlign);
     reader.read(storekey::kHoverForeColor, members.HoverForeColor);
     reader.read(storekey::kEnabled, window.Enabled);

@@ -10,8 +10,6 @@ class PropertyBag;
 struct XPButtonRecord {
     XPButtonMembers members;
     XPButtonWindowMembers window;
-
-    bool operator==(const XPButtonRecord&) const = default;
 };
 
 /// The defaults that the place of a button gives.

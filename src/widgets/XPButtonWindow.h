@@ -11,7 +11,10 @@ class XPButtonWindow {
   public:
     /// Shows a frame of the present state, unless drawing is delayed.
     virtual void Redraw() = 0;
-    /// Sets the flag. Off, it does what has waited; it draws no frame of its own accord.
+    /// The same, and it is on the screen at once: what is raised next may take its time.
+    virtual void redrawAtOnce() = 0;
+    /// Sets the flag. Off, it does what has waited and shows that; where nothing has, it draws
+    /// nothing.
     virtual void setDelayDrawing(bool on) = 0;
     /// Places caption and picture anew. While drawing is delayed this waits.
     virtual void ComputeLayout() = 0;

@@ -197,7 +197,7 @@ TEST(XPButtonFrame, StaysOnItsFace) {
                                       ButtonPicture::icon(plainImage({32, 32}, Qt::red)),
                                       ButtonPicture::icon(hole)};
     const QString captions[] = {
-        "", "Caption", "&", "||", QString(100000, 'm'), QStringLiteral("two ").repeated(30)};
+        "", "Caption", "&", "||", QString(100000, 'm') + "&x", QStringLiteral("two ").repeated(30)};
     XPButton button(desktop);
     for (int round = 0; round < 300; ++round) {
         button.resize(dice.upTo(150), dice.upTo(60));

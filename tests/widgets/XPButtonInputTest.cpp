@@ -93,6 +93,11 @@ TEST_F(XPButtonInputTest, FollowsThePointerWhileItIsThere) {
     EXPECT_GT(moves, 0);
     QTest::qWait(120);
     EXPECT_TRUE(hovers());
+    QEvent left(QEvent::Leave);
+    QApplication::sendEvent(button, &left);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000)) << "it may be anywhere now";
+    pointAt({51, 20});
+    EXPECT_EQ(taken(), "leave enter ");
     pointAt({250, 20});
     EXPECT_TRUE(other->look().Hovering);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !hovers(); }, 1000));
@@ -255,7 +260,10 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     constexpr bool kRepeated = true;
     QTest::simulateEvent(line, true, Qt::Key_A, Qt::AltModifier, "a", kRepeated);
     EXPECT_EQ(taken(), "click ");
+    button->setFocus();
     auto* const form = new XPButtonForm(window);
+    EXPECT_EQ(form->currentDefault(), button);
+    line->setFocus();
     QTest::keyClick(line, Qt::Key_Return);
     form->setDefaultButton(button);
     form->setCancelButton(other);
@@ -335,6 +343,21 @@ TEST_F(XPButtonInputTest, MayBeDestroyedByAnyOfItsEvents) {
         pointAt({350, 150});
         QTest::qWait(150);
     });
+}
+
+TEST_F(XPButtonInputTest, ShowsWhatIsPressedBeforeAHandlerTakesItsTime) {
+    pointAt({50, 20});
+    button->setFocus();
+    QCoreApplication::processEvents();
+    PaintCounter paints(*button);
+    const auto expectPaint = [&](auto&...) { EXPECT_EQ(std::exchange(paints.count, 0), 1); };
+    button->events = {};
+    button->events.MouseDown = expectPaint;
+    button->events.MouseUp = expectPaint;
+    QTest::mouseClick(button, Qt::LeftButton);
+    button->events.KeyDown = expectPaint;
+    button->events.Click = expectPaint;
+    QTest::keyClick(button, Qt::Key_Space);
 }
 
 TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {

@@ -171,12 +171,6 @@ TEST_F(XPButtonModelTest, TheFrameShowsTheMembers) {
     button.SetGradientColor(kBlue);
     EXPECT_TRUE(button.frame().hoverKeepsGradient);
     EXPECT_EQ(button.frame().GradientColor, kBlue.value());
-    button.SetForeColor(kRed);
-    button.SetHoverForeColor(kBlue);
-    EXPECT_EQ(button.frame().ForeColor, kRed.value());
-    EXPECT_EQ(button.frame().HoverForeColor, kBlue.value());
-    button.SetCaptionStyle(1);
-    EXPECT_EQ(button.frame().CaptionStyle, 1);
     button.SetShowFocusRect(false);
     EXPECT_FALSE(button.frame().ShowFocusRect);
     button.SetBackColor(kButtonFace);
@@ -190,7 +184,8 @@ TEST_F(XPButtonModelTest, FindsTheAccessKeyBehindTheLastMark) {
     const std::tuple<const char*, QString, QString> rows[] = {
         {"Save && &Close", "Alt+C", "Save & Close"},
         {"&Old &New", "Alt+N", "Old New"},
-        {"None", "Alt+N", "None"},  // as it was
+        {"None", "Alt+N", "None"},              // as it was
+        {"Save && close", "", "Save & close"},  // a blank is none
         {"One||&two", "Alt+T", "One two"},
         {"End&", "", "End"},
         {"||", "", " "},
@@ -234,6 +229,29 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWas) {
     hostless.ReadProperties(nothing);
     EXPECT_EQ(hostless.BackColor(), kRed);
 
+    using SetColor = void (XPButton::*)(ColorValue);
+    const SetColor colors[] = {&XPButton::SetForeColor,        &XPButton::SetBackColor,
+                               &XPButton::SetGradientColor,    &XPButton::SetGotFocusBorderColor,
+                               &XPButton::SetHoverBorderColor, &XPButton::SetHoverForeColor,
+                               &XPButton::SetHoverBackColor};
+    button.SetPicture(kBitmap);
+    for (const auto& [set, highest] : kNumbers) (button.*set)(1);
+    for (const SetColor set : colors) (button.*set)(set == colors[0] ? kBlue : kRed);
+    button.SetHoverBackColor(kBlue);
+    button.SetEnabled(false);
+    button.SetShowFocusRect(false);
+    button.SetMouseIcon(kIcon);
+    button.SetFont(QFont("Courier New", 8));
+    button.SetCaption("All is set");
+    PropertyBag all;
+    button.WriteProperties(all);
+    std::string keys;
+    for (const QString& key : all.keys()) keys += key.toStdString() + " ";
+    EXPECT_EQ(keys,
+              "Caption CapAlign Shape Font cFore cFHover cBhover Focus LockHover cGradient "
+              "Gradient CapStyle ImgAlign Image ImgSize Enabled cBack mPointer mIcon "
+              "GotFocusBorderColor HoverBorderColor ");
+
     Dice dice(5);
     const auto color = [&] {
         return ColorValue((dice.upTo(1) ? 0x80000000U : 0U) + static_cast<unsigned>(dice.upTo(20)));
@@ -248,10 +266,7 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWas) {
         button.SetMouseIcon(pictures[2 * dice.upTo(1)]);
         button.SetMousePointer(dice.upTo(15));
         button.SetFont(QFont("Courier New", 8 + dice.upTo(3)));
-        for (const auto set :
-             {&XPButton::SetForeColor, &XPButton::SetBackColor, &XPButton::SetGradientColor,
-              &XPButton::SetGotFocusBorderColor, &XPButton::SetHoverBorderColor,
-              &XPButton::SetHoverForeColor, &XPButton::SetHoverBackColor})
+        for (const SetColor set : colors)
             if (dice.upTo(2) != 0) (button.*set)(color());
 
         PropertyBag bag;

@@ -185,7 +185,7 @@ class Pixels : public testing::Test {
 };
 
 TEST_F(Pixels, EveryPixelOfRectangularAndSlantedShapesIsAsTold) {
-    const QSize sizes[] = {{120, 30}, {31, 17}, {1, 1}, {2, 3}, {5, 5}, {7, 1}, {104, 104}};
+    const QSize sizes[] = {{120, 30}, {31, 44}, {1, 1}, {2, 3}, {5, 5}, {7, 1}, {104, 104}};
     for (int round = 0; round < 1400; ++round) {
         const int shape = round % 2 == 0 ? 0 : 1 + round / 2 % 3;
         const QSize size = shape == 0 ? sizes[round / 2 % 7] : sizes[round % 3 / 2];
