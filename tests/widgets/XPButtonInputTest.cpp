@@ -374,8 +374,15 @@ TEST_F(XPButtonInputTest, DrawsNothingWhileDrawingIsDelayed) {
     button->DelayDrawing(true);
     button->SetCaption("Short");
     QTest::mousePress(button, Qt::LeftButton);
-    EXPECT_NE(button->layoutRects().CaptionRect, place) << "what the user does is shown";
+    const QRect shortPlace = button->layoutRects().CaptionRect;
+    EXPECT_NE(shortPlace, place) << "what the user does is shown";
     QTest::mouseRelease(button, Qt::LeftButton);
+    button->DelayDrawing(true);
+    button->SetCaption("Longer again");
+    button->grab();
+    button->DelayDrawing(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(button->layoutRects().CaptionRect, shortPlace) << "delayed anew, before it was done";
 
     button->hide();
     button->SetBackColor(ColorValue(0xFF00));
