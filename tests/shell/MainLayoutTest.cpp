@@ -1,5 +1,8 @@
 #include "shell/MainLayout.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "ShellTest.h"
 #include "platform/Twips.h"
 
@@ -23,7 +26,7 @@ class MainLayoutTest : public ShellTest {
     }
 };
 
-TEST_F(MainLayoutTest, EveryPanelHasItsPlaces) {
+TEST_F(MainLayoutTest, EveryPanelHasItsPlacesAndTheStripsCoverNoText) {
     const struct {
         std::vector<int> panels;
         const char* name;
@@ -43,24 +46,16 @@ TEST_F(MainLayoutTest, EveryPanelHasItsPlaces) {
         {{-1}, "txtError", {5, 5, 905, 30}},
     };
     for (const int panel : {1, 0, -1}) {
+        SCOPED_TRACE(panel);
         startWith(panel);
-        const QSize frame = window().size() - control("SB1").parentWidget()->size();
-        window().resize(QSize(800, 800) + frame);
+        window().resize(window().size() - control("SB1").parentWidget()->size() + QSize(800, 800));
         for (const auto& [panels, name, expected] : rows) {
             if (std::ranges::count(panels, panel) == 0) continue;
             const QRect found = place(name);
-            EXPECT_EQ(found, expected)
-                << name << " of panel " << panel << ": " << found.x() << ' ' << found.y() << ' '
-                << found.width() << ' ' << found.height();
+            EXPECT_EQ(found, expected) << name << ' ' << found.x() << ' ' << found.y() << ' '
+                                       << found.width() << ' ' << found.height();
         }
-    }
-}
-
-TEST_F(MainLayoutTest, TheStripsCoverNoText) {
-    for (const int panel : {1, 0, -1}) {
-        startWith(panel);
         for (const QSize& size : {QSize(799, 641), QSize(1200, 900), QSize(340, 340)}) {
-            SCOPED_TRACE(testing::Message() << "panel " << panel << " width " << size.width());
             window().resize(size);
             QCoreApplication::processEvents();
             EXPECT_LT(place("SB2").bottom(), place("SB1").top());
@@ -70,7 +65,7 @@ TEST_F(MainLayoutTest, TheStripsCoverNoText) {
                       control("SB2").mapTo(&window(), QPoint()).y());
             const QRect view = editor().rtb().geometry().translated(editor().pos());
             EXPECT_LE(view.y() + view.height(), clear) << "covered by a strip";
-            EXPECT_GT(view.y() + view.height(), clear - 4);
+            EXPECT_GT(view.y() + view.height(), clear - 4) << "width " << size.width();
         }
     }
 }
