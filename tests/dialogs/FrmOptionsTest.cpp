@@ -144,6 +144,14 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
     }
 }
 
+TEST_F(FrmOptionsTest, ShowsTheEntitiesWhenTheSettingsSaySo) {
+    open();
+    put("ShowTreeView", "0");
+    calls.clear();
+    open();
+    EXPECT_EQ(calls, "hide entities resize ");
+}
+
 TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
     const auto form = open();
     calls.clear();

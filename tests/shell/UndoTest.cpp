@@ -45,6 +45,10 @@ TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
     trigger("funRedo");
     EXPECT_EQ(editor().Text(), "preset\r\n");
     EXPECT_FALSE(document().Dirty());
+    put("GetPreset", "0");
+    start();
+    type("a");
+    EXPECT_TRUE(program->state().UndoStack.empty()) << "not ready before a first load";
 }
 
 /// Of a text that was replaced by another, only what was longer comes back.
