@@ -97,8 +97,8 @@ TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
 }
 
 TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
-    editor.SetText("wait set\r\nwait\r\n// set");
-    editor.box().select(Offset(14), Offset(3));
+    const std::string text = "wai|t set\r\nwait^\r\n// set";
+    putMarked(editor.box(), text);
     writeDown();
     editor.onChange = [&] {
         log.push_back("Change");
@@ -107,8 +107,7 @@ TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
     };
     editor.ReColorize();
     EXPECT_EQ(log, (Log{"SelChange", "Change", "SelChange"}));
-    EXPECT_EQ(editor.box().anchor(), Offset(14));
-    EXPECT_EQ(editor.box().caret(), Offset(3));
+    EXPECT_EQ(marked(editor.box()), text);
 }
 
 TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
