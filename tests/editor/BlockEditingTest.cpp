@@ -7,6 +7,7 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/ScriptSyntax.h"
+#include "support/MarkedText.h"
 #include "text/Random.h"
 
 namespace brindlex::test {
@@ -26,25 +27,6 @@ const Operation kBackTab = &Editor::BackTab;
 const Operation kComment = &Editor::CommentBlock;
 const Operation kUnComment = &Editor::UnCommentBlock;
 
-/// Puts in a text in which "<" and ">" stand at the ends of the selection, or "|" for the caret.
-void put(Editor& editor, std::string marked) {
-    const std::size_t start = marked.find_first_of("<|");
-    const bool isCaret = marked[start] == '|';
-    marked.erase(start, 1);
-    const std::size_t end = isCaret ? start : marked.find('>');
-    if (!isCaret) marked.erase(end, 1);
-    editor.SetText(marked);
-    editor.box().select(Offset(start), Offset(end));
-}
-
-/// The text with its selection in the same way.
-std::string marked(const Editor& editor) {
-    const Range selection = editor.box().selection();
-    std::string text = editor.Text();
-    if (selection.empty()) return text.insert(selection.begin().value(), "|");
-    return text.insert(selection.end().value(), ">").insert(selection.begin().value(), "<");
-}
-
 TEST(BlockEditing, TextAndSelection) {
     const struct {
         const char* name;
@@ -55,38 +37,38 @@ TEST(BlockEditing, TextAndSelection) {
         {"Enter", kEnter, "  a\r\n|\tb", "  a\r\n\r\n  |\tb"},
         {"Enter", kEnter, "\t|\tb", "\t\r\n\t\t|\tb"},
         {"Enter", kEnter, "a\r\n |", "a\r\n \r\n |"},
-        {"Enter", kEnter, " a<b\r\nc>d", " a\r\n |d"},
+        {"Enter", kEnter, " a^b\r\nc|d", " a\r\n |d"},
         {"Enter", kEnter, "\ta\r|\n b", "\ta\r\n\t|\r\n b"},
-        {"Enter", kEnter, "<\ta>", "<\ta>"},
+        {"Enter", kEnter, "^\ta|", "^\ta|"},
         {"Brace", kBrace, "a\r\n\t|b", "a\r\n\t{\r\n\t\t|\r\n\t}b"},
         {"Brace", kBrace, "\t\t|", "\t\t{\r\n\t\t\t|\r\n\t\t}"},
         {"Brace", kBrace, "\t |", "\t {\r\n\t|\r\n}"},
-        {"Brace", kBrace, "\ta<bc>", "\ta{\r\n\t|\r\n}bc"},
+        {"Brace", kBrace, "\ta^bc|", "\ta{\r\n\t|\r\n}bc"},
         {"Brace", kBrace, "|a", "|a"},
         {"other keys", kOtherKeys, "\ta|", "\ta|"},
-        {"Tab", kTab, "a\r\nb<c\r\nd\r\n>e", "a\r\n<\tbc\r\n\td\r\n>e"},
-        {"Tab", kTab, "a\r\nb<c>d", "a\r\nb\t|d"},
-        {"Tab", kTab, "<a\r\n>b", "\t|b"},
+        {"Tab", kTab, "a\r\nb^c\r\nd\r\n|e", "a\r\n^\tbc\r\n\td\r\n|e"},
+        {"Tab", kTab, "a\r\nb^c|d", "a\r\nb\t|d"},
+        {"Tab", kTab, "^a\r\n|b", "\t|b"},
         {"Tab", kTab, "|a", "\t|a"},
-        {"BackTab", kBackTab, "\ta<\r\n  b>\r\nc", "<a\r\n b\r\n>c"},
-        {"BackTab", kBackTab, "<\ta\r\n>\tb\r\n", "<a\r>\n\tb\r\n"},
-        {"BackTab", kBackTab, "<\ta\r\n\tb\r\nc>\r\n", "a\r\nb\r\n|c\r\n"},
+        {"BackTab", kBackTab, "\ta^\r\n  b|\r\nc", "^a\r\n b\r\n|c"},
+        {"BackTab", kBackTab, "^\ta\r\n|\tb\r\n", "^a\r|\n\tb\r\n"},
+        {"BackTab", kBackTab, "^\ta\r\n\tb\r\nc|\r\n", "a\r\nb\r\n|c\r\n"},
         {"BackTab", kBackTab, "|\ta\r\n", "|\ta\r\n"},
         {"BackTab", kBackTab, "x\r\n|\ta\r\nb", "x\r\n|a\r\nb"},
-        {"BackTab", kBackTab, " a|\r\nb", "<a\r>\nb"},
+        {"BackTab", kBackTab, " a|\r\nb", "^a\r|\nb"},
         {"BackTab", kBackTab, "x\r\n a|", "x\r\n|a"},
-        {"BackTab", kBackTab, "<\t>", "|"},
+        {"BackTab", kBackTab, "^\t|", "|"},
         {"BackTab", kBackTab, "ab|c\r\n", "|abc\r\n"},
-        {"Comment", kComment, "a\r\n\tb|c", "a\r\n//<\tb>c"},
-        {"Comment", kComment, "<a\r\n>b\r\nc", "<//a\r\n//>b\r\nc"},
-        {"Comment", kComment, "|", "<//>"},
+        {"Comment", kComment, "a\r\n\tb|c", "a\r\n//^\tb|c"},
+        {"Comment", kComment, "^a\r\n|b\r\nc", "^//a\r\n//|b\r\nc"},
+        {"Comment", kComment, "|", "^//|"},
         {"UnComment", kUnComment, "//a\r\n//b|", "//a\r\nb|"},
     };
     Editor editor;
     for (const auto& row : rows) {
-        put(editor, row.before);
+        putMarked(editor.box(), row.before);
         row.operation(editor);
-        EXPECT_EQ(marked(editor), row.after)
+        EXPECT_EQ(marked(editor.box()), row.after)
             << row.name << " on " << testing::PrintToString(row.before);
     }
 }
@@ -139,7 +121,7 @@ TEST(BlockEditing, EachLineIsAnEditOfItsOwn) {
             }
             expected += text.substr(box.lineContent(last).end().value());
             SCOPED_TRACE("seed " + std::to_string(seed) + ", " +
-                         testing::PrintToString(marked(editor)));
+                         testing::PrintToString(marked(box)));
             Long changes = 0;
             editor.onChange = [&changes] { ++changes; };
             rule.operation(editor);
@@ -161,7 +143,7 @@ TEST(BlockEditing, HandlersMayTakeTheLinesAway) {
     for (const Operation& operation : {kEnter, kBrace, kTab, kBackTab, kComment, kUnComment}) {
         for (const Operation& host : hosts) {
             Editor editor;
-            put(editor, "\r\n\t<//a\r\n\t//b\r\n//c>");
+            putMarked(editor.box(), "\r\n\t^//a\r\n\t//b\r\n//c|");
             bool within = false;
             editor.onChange = [&] {
                 if (std::exchange(within, true)) return;

@@ -8,6 +8,7 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/ScriptSyntax.h"
+#include "support/MarkedText.h"
 
 namespace brindlex::test {
 namespace {
@@ -66,8 +67,7 @@ class EditorEvents : public testing::Test {
 };
 
 TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
-    editor.SetText("wai");
-    editor.SetSelStart(3);
+    putMarked(editor.box(), "wai|");
     writeDown();
     ColorRef seen = 0;
     editor.onChange = [&] {
@@ -97,8 +97,8 @@ TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
 }
 
 TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
-    editor.SetText("wait set\r\nwait\r\n// set");
-    editor.box().select(Offset(14), Offset(3));
+    const std::string text = "wai|t set\r\nwait^\r\n// set";
+    putMarked(editor.box(), text);
     writeDown();
     editor.onChange = [&] {
         log.push_back("Change");
@@ -107,8 +107,7 @@ TEST_F(EditorEvents, ColouringLeavesTheSelectionAndItsDirection) {
     };
     editor.ReColorize();
     EXPECT_EQ(log, (Log{"SelChange", "Change", "SelChange"}));
-    EXPECT_EQ(editor.box().anchor(), Offset(14));
-    EXPECT_EQ(editor.box().caret(), Offset(3));
+    EXPECT_EQ(marked(editor.box()), text);
 }
 
 TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
@@ -131,8 +130,7 @@ TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
     writeDownKeys();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.key);
-        editor.SetText("abcd");
-        editor.box().select(Offset(1), Offset(3));
+        putMarked(editor.box(), "a^bc|d");
         consumed = row.consumed;
         log.clear();
         QTest::keyClick(&editor.rtb(), static_cast<Qt::Key>(row.key), row.modifiers);
@@ -159,8 +157,7 @@ TEST_F(EditorEvents, AHostMayEditWithinChange) {
     const struct {
         const char* what;
         std::function<void(KELP_RTBSyntax&)> edit;
-        std::string text;
-        Range selection;
+        std::string after;
     } rows[] = {
         {"insert the rest of a word and select it",
          [](KELP_RTBSyntax& e) {
@@ -168,26 +165,24 @@ TEST_F(EditorEvents, AHostMayEditWithinChange) {
              e.SetSelStart(13);
              e.SetSelLength(4);
          },
-         "set\r\ntrigger trigger\r\nwait", Range(Offset(13), Offset(17))},
+         "set\r\ntrigger ^trig|ger\r\nwait"},
         {"insert lines", [](KELP_RTBSyntax& e) { e.SetSelText(" \"a\r\nwait //b\r\nset"); },
-         "set\r\ntrigger tri \"a\r\nwait //b\r\nset\r\nwait", Range(Offset(34), Offset(34))},
-        {"assign a shorter text", [](KELP_RTBSyntax& e) { e.SetText("//"); }, "//", Range()},
-        {"empty the text", [](KELP_RTBSyntax& e) { e.SetText(""); }, "", Range()},
-        {"colour it all", [](KELP_RTBSyntax& e) { e.ReColorize(); }, "set\r\ntrigger tri\r\nwait",
-         Range(Offset(16), Offset(16))},
+         "set\r\ntrigger tri \"a\r\nwait //b\r\nset|\r\nwait"},
+        {"assign a shorter text", [](KELP_RTBSyntax& e) { e.SetText("//"); }, "|//"},
+        {"empty the text", [](KELP_RTBSyntax& e) { e.SetText(""); }, "|"},
+        {"colour it all", [](KELP_RTBSyntax& e) { e.ReColorize(); }, "set\r\ntrigger tri|\r\nwait"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         editor.onChange = nullptr;
-        editor.SetText("set\r\ntrigger tr\r\nwait");
-        editor.SetSelStart(15);
+        putMarked(editor.box(), "set\r\ntrigger tr|\r\nwait");
+        editor.ReColorize();
         int depth = 0;
         editor.onChange = [&] {
             if (depth++ == 0) row.edit(editor);
         };
         QTest::keyClick(&editor.rtb(), 'i');
-        EXPECT_EQ(editor.Text(), row.text);
-        EXPECT_EQ(editor.box().selection(), row.selection);
+        EXPECT_EQ(marked(editor.box()), row.after);
         expectColoured();
     }
 }

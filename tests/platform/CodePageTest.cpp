@@ -2,16 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
+#include "text/Random.h"
 
 namespace brindlex {
 namespace {
 
-std::string allBytes() {
-    std::string bytes(256, '\0');
-    std::iota(bytes.begin(), bytes.end(), '\0');
-    return bytes;
-}
+using test::allBytes;
 
 TEST(CodePage, EveryPageBringsBackEveryByteAloneAndBesideEveryOther) {
     const std::string ascii = allBytes().substr(0, 128);

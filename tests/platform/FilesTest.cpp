@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <numeric>
 #include <tuple>
 
 #include "support/HostileSystem.h"
 #include "support/TempFolder.h"
+#include "text/Random.h"
 
 namespace brindlex {
 namespace {
@@ -19,9 +19,7 @@ using namespace HostileSystem;
 
 TEST(Files, ContentsComeBackAsWritten) {
     const TempFolder folder;
-    std::string everyByte(256, '\0');
-    std::iota(everyByte.begin(), everyByte.end(), '\0');
-    const std::string contents[] = {"a", "", "lf\ncr\rboth\r\n", everyByte,
+    const std::string contents[] = {"a", "", "lf\ncr\rboth\r\n", test::allBytes(),
                                     std::string(1 << 20, 'x')};
     for (const std::string& bytes : contents) {
         ASSERT_TRUE(Files::write(folder.path("a.script"), bytes));

@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QInputMethodEvent>
-#include <QPaintEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -14,27 +13,13 @@
 #include <tuple>
 
 #include "platform/Preedit.h"
+#include "support/Paintings.h"
 #include "text/Random.h"
 
 namespace brindlex {
 namespace {
 
 using test::Random;
-
-/// Notes what of a widget is painted.
-class Paintings : public QObject {
-  public:
-    explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) {
-            ++count;
-            region += static_cast<QPaintEvent*>(event)->region();
-        }
-        return false;
-    }
-    int count = 0;
-    QRegion region;
-};
 
 class RichTextViewTest : public testing::Test {
   protected:
@@ -145,9 +130,10 @@ TEST_F(RichTextViewTest, PartialRepaintsGiveTheWholePicture) {
         view.box().SetText(random.text(3000, "abcdefgh\tij k\n"));
         for (int step = 0; step < 250; ++step) {
             changeSomething(view, random);
+            // the window system may ask for a paint in the middle of it all
+            if (random.oneIn(8)) view.viewport()->repaint(20, 40, 100, 33);
             // several changes often share one repaint
             if (!random.oneIn(3)) continue;
-            if (random.oneIn(4)) view.viewport()->repaint(20, 40, 100, 33);
             view.setRedraw(true);
             ASSERT_TRUE(screenIsAsPaintedAnew()) << "step " << step;
         }
@@ -191,15 +177,6 @@ TEST_F(RichTextViewTest, RedrawOffPaintsNothingAndThenWhatIsDue) {
     Paintings paintings(*view.viewport());
     view.Refresh();
     EXPECT_EQ(paintings.count, 1) << "without the event loop";
-}
-
-TEST_F(RichTextViewTest, WhatIsPaintedAheadOfItsTimeDoesNotStay) {
-    view.box().SetText(lines(20));
-    settle();
-    view.box().select(Offset(0), Offset(30));
-    view.viewport()->repaint();
-    view.box().select(Offset(0), Offset(0));
-    EXPECT_TRUE(screenIsAsPaintedAnew());
 }
 
 // --- Places --------------------------------------------------------------------------------------

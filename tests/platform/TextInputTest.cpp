@@ -21,12 +21,12 @@
 
 #include "platform/TextMimeData.h"
 #include "platform/Twips.h"
+#include "support/MarkedText.h"
 
 namespace brindlex {
 namespace {
 
-/// Texts are written with '|' for the caret, '^' for the other end of the selection and '\n' for a
-/// line break.
+/// Texts are marked, with '\n' for a line break.
 class Input : public testing::Test {
   protected:
     Input() {
@@ -37,19 +37,10 @@ class Input : public testing::Test {
     }
 
     void put(QString text) {
-        text.replace("\n", "\r\n");
-        const qsizetype caret = QString(text).remove('^').indexOf('|');
-        const qsizetype anchor =
-            text.contains('^') ? QString(text).remove('|').indexOf('^') : caret;
-        view_.box().SetText(text.remove('|').remove('^').toStdString());
-        view_.box().select(Offset(anchor), Offset(caret));
+        test::putMarked(view_.box(), text.replace("\n", "\r\n").toStdString());
     }
     std::string marked() const {
-        const std::size_t caret = view_.box().caret().value();
-        const std::size_t anchor = view_.box().anchor().value();
-        std::string text = view_.box().Text();
-        text.insert(caret, "|");
-        if (anchor != caret) text.insert(anchor + (anchor > caret ? 1 : 0), "^");
+        std::string text = test::marked(view_.box());
         std::erase(text, '\r');
         return text;
     }

@@ -1,17 +1,14 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QAction>
 #include <QCoreApplication>
 #include <functional>
 #include <optional>
 
-#include "platform/SettingsStore.h"
 #include "shell/Module1.h"
 #include "shell/frmMain.h"
 #include "support/FakeDesktop.h"
-#include "support/TempFolder.h"
+#include "support/SettingsTest.h"
 
 namespace brindlex {
 
@@ -19,7 +16,7 @@ inline const QStringList kScriptFilters{"Script files (*.script)", "*.script", "
                                         "*.*"};
 
 /// A run of the program with folders of its own: "program", "settings" and "scripts".
-class ShellTest : public testing::Test {
+class ShellTest : public SettingsTest {
   protected:
     ShellTest() {
         folder.put("program/preset.txt", "preset\r\n");
@@ -28,12 +25,6 @@ class ShellTest : public testing::Test {
         put("WolfDir", folder.path("maps"));
     }
 
-    void put(const QString& key, const QString& value) {
-        settings.write("Brindlex", "Options", key, value);
-    }
-    std::string stored(const QString& key) const {
-        return settings.read("Brindlex", "Options", key).toStdString();
-    }
     void start(const QString& commandLine = {}) {
         program.emplace(Surroundings{desktop, settings, folder.path("program"), commandLine,
                                      [this] { ++ends; }});
@@ -67,8 +58,6 @@ class ShellTest : public testing::Test {
         return {text, title, BoxIcon::Question, BoxButtons::YesNoCancel};
     }
 
-    TempFolder folder;
-    SettingsStore settings{folder.path("settings")};
     FakeDesktop desktop;
     std::optional<Program> program;
     int ends = 0;

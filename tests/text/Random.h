@@ -24,6 +24,13 @@ inline std::vector<std::uint64_t> seeds(std::size_t fixed) {
     return result;
 }
 
+/// Each byte once, in order.
+inline std::string allBytes() {
+    std::string bytes(256, '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    return bytes;
+}
+
 /// The same numbers for the same seed on every system.
 class Random {
   public:

@@ -14,10 +14,6 @@
 namespace brindlex {
 namespace {
 
-Range range(std::size_t begin, std::size_t end) {
-    return {Offset(begin), Offset(end)};
-}
-
 TEST(LineEnds, LongTextsOfAllMixesBecomePairs) {
     for (const std::uint64_t seed : test::seeds(4)) {
         test::Random random(seed);
@@ -58,7 +54,7 @@ TEST(RichTextBox, NegativeNumbersThrowAndLeaveTheBoxAsItWas) {
     };
     for (std::size_t i = 0; i < refused.size(); ++i)
         EXPECT_THROW(refused[i](), std::out_of_range) << "row " << i;
-    EXPECT_EQ(box.selection(), range(1, 2));
+    EXPECT_EQ(box.selection(), Range(Offset(1), Offset(2)));
     EXPECT_EQ(box.MaxLength(), 0);
 }
 
@@ -69,7 +65,7 @@ TEST(RichTextBox, LineQuestionsBeyondTheText) {
     EXPECT_EQ(box.GetLineIndex(3), -1);
     EXPECT_EQ(box.GetLineIndex(-2), -1);
     EXPECT_EQ(box.GetLineFromChar(1000), 2);
-    EXPECT_EQ(box.lineContent(LineIndex(9)), range(8, 8));
+    EXPECT_EQ(box.lineContent(LineIndex(9)), Range(Offset(8), Offset(8)));
 }
 
 TEST(RichTextBox, TabStopsAreCountedAndRise) {
