@@ -8,6 +8,7 @@
 #include <memory>
 #include <utility>
 
+#include "support/Paintings.h"
 #include "widgets/TestButton.h"
 #include "widgets/XPButtonForm.h"
 
@@ -21,15 +22,6 @@ struct Window : QWidget {
     void keyPressEvent(QKeyEvent* event) override {
         if (!takesKeys) QWidget::keyPressEvent(event);
     }
-};
-
-struct PaintCounter : QObject {
-    explicit PaintCounter(QObject& painted) { painted.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++count;
-        return false;
-    }
-    int count = 0;
 };
 
 /// A window with two buttons and a line; the first button's events are written down.
@@ -349,7 +341,7 @@ TEST_F(XPButtonInputTest, ShowsWhatIsPressedBeforeAHandlerTakesItsTime) {
     pointAt({50, 20});
     button->setFocus();
     QCoreApplication::processEvents();
-    PaintCounter paints(*button);
+    Paintings paints(*button);
     const auto expectPaint = [&](auto&...) { EXPECT_EQ(std::exchange(paints.count, 0), 1); };
     button->events = {};
     button->events.MouseDown = expectPaint;
@@ -418,7 +410,7 @@ TEST_F(XPButtonInputTest, EachSetThatIsSeenPaintsAFrame) {
     const auto paintsAfter = [this](const std::function<void()>& set) {
         QCoreApplication::processEvents();
         set();
-        PaintCounter paints(*button);
+        Paintings paints(*button);
         QCoreApplication::processEvents();
         return paints.count;
     };
@@ -435,7 +427,7 @@ TEST_F(XPButtonInputTest, EachSetThatIsSeenPaintsAFrame) {
     button->SetCaption("Waits for its paint event");
     button->DelayDrawing(true);
     button->resize(200, 60);
-    PaintCounter paints(*button);
+    Paintings paints(*button);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }, 1000)) << "old, then new size";
     EXPECT_EQ(button->frame().size, QSize(200, 60));
 }
