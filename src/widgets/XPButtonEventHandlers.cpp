@@ -65,6 +65,7 @@ void XPButton::resizeEvent(QResizeEvent*) {
 void XPButton::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     setDelayDrawing(false);  // as the first paint event would, but that one must not resize
+    followFocus();           // it may have come into another window
     UserControl_Show();
 }
 

@@ -19,6 +19,12 @@ XPButton* buttonOf(QWidget* widget) {
     return dynamic_cast<XPButton*>(widget);
 }
 
+/// That it became or is no longer what Enter presses.
+void tell(QWidget* widget) {
+    if (XPButton* const button = buttonOf(widget))
+        button->UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+}
+
 }  // namespace
 
 XPButtonForm::XPButtonForm(QWidget& window) : window_(window) {
@@ -34,6 +40,8 @@ XPButtonForm::XPButtonForm(QWidget& window) : window_(window) {
 
 XPButtonForm::~XPButtonForm() {
     for (const Key& key : keys_) delete key.shortcut;
+    setParent(nullptr);  // the button asks the window for its form
+    tell(current_);
 }
 
 XPButtonForm* XPButtonForm::of(const XPButton& button) {
@@ -89,9 +97,8 @@ void XPButtonForm::follow(QWidget* focus) {
     current_ = buttonOf(focus) ? focus : default_.data();
     enableKeys();
     if (before == current_) return;
-    for (const Button& changed : {before, current_})
-        if (XPButton* const button = buttonOf(changed))
-            button->UserControl_AmbientChanged(QStringLiteral("DisplayAsDefault"));
+    tell(before);
+    tell(current_);
 }
 
 }  // namespace brindlex

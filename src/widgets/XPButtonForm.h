@@ -17,7 +17,7 @@ class XPButton;
 class XPButtonForm : public QObject {
   public:
     explicit XPButtonForm(QWidget& window);
-    /// Gives the keys back.
+    /// Gives the keys back, and the default look.
     ~XPButtonForm() override;
     /// The form of a button's window, or null.
     static XPButtonForm* of(const XPButton& button);

@@ -59,18 +59,22 @@ void XPButtonInput::releaseLost(int buttons) {
     window_.Redraw();
 }
 
+int XPButtonInput::stillHeld() const {
+    return held_ & window_.heldButtons();
+}
+
 void XPButtonInput::noticeReleases() {
     noticeReleasesSince(held_);
 }
 
-/// A handler may have waited for the user, who let go meanwhile.
+/// A handler may have waited for the user, who let go meanwhile, or have hidden the button.
 void XPButtonInput::noticeReleasesSince(int before) {
-    releaseLost(before & ~window_.heldButtons());
+    releaseLost(before & ~stillHeld());
 }
 
 void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
-    const int before = window_.heldButtons();
     hold(mouse);
+    const int before = stillHeld();
     firstPress_ = mouse.Button;
     if (press(mouse)) noticeReleasesSince(before);
 }
@@ -137,8 +141,8 @@ bool XPButtonInput::click() {
 }
 
 void XPButtonInput::UserControl_DblClick(const XPButtonMouse& second) {
-    const int before = window_.heldButtons();
     hold(second);
+    const int before = stillHeld();
     LastButton_ = second.Button;  // an access key may have come between
     const QPoint place = window_.pointerPosition();
     XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),

@@ -68,6 +68,7 @@ class XPButtonInput {
   private:
     void hold(const XPButtonMouse& mouse);
     void letGo(int buttons);
+    int stillHeld() const;
     void noticeReleasesSince(int before);
     void redrawNow();
     bool startHover();

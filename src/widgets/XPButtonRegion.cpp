@@ -106,7 +106,6 @@ XPButtonRegion BuildRegion(int shape, const QSize& size) {
     region.window = fourPoints(shape, size, region.RightEdge) -
                     corners(shape == 0 || shape == 2, shape == 0 || shape == 1, size);
     if (region.window.isEmpty()) region.window = QRect(QPoint(0, 0), size);  // kept from growing
-    if (region.RightEdge == 0) region.RightEdge = w;
     return region;
 }
 

@@ -47,6 +47,9 @@ TEST(XPButtonRegion, GrowsBySteps) {
     EXPECT_EQ(button.width(), 27);
     EXPECT_EQ(button.region().LeftEdge, 22);
     EXPECT_EQ(button.region().RightEdge, 27);
+    button.setFixedSize(22, 21);
+    button.SetButtonShape(2);
+    EXPECT_EQ(button.region().RightEdge, 0) << "where the slant begins";
     button.setFixedSize(20, 20);
     button.SetButtonShape(3);
     EXPECT_EQ(button.region().window, QRegion(0, 0, 20, 20)) << "no mask would show nothing";

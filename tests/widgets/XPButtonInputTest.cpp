@@ -193,6 +193,11 @@ TEST_F(XPButtonInputTest, IsUpAgainWhenItsReleaseWentElsewhere) {
     button->events.DblClick = [&](int&) { releaseInBox(); };
     QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
     EXPECT_FALSE(isDown());
+    press();
+    button->events.DblClick = [&](int&) { button->hide(); };
+    QTest::mouseDClick(button, Qt::LeftButton, {}, {40, 10});
+    EXPECT_FALSE(isDown()) << "its release goes to what is there instead";
+    button->show();
     button->events.MouseDown = [&](auto&...) { releaseInBox(); };
     press();
     EXPECT_FALSE(isDown());
@@ -292,7 +297,20 @@ TEST_F(XPButtonInputTest, HasTheKeysOfItsForm) {
     QTest::keyClick(line, Qt::Key_Return);
     EXPECT_EQ(returns, 1) << "a button that is gone takes no key";
     form->setDefaultButton(other);
+    QWidget panel;
+    other->setParent(&panel);
+    panel.setParent(&window);
+    panel.show();
+    other->show();
+    EXPECT_TRUE(other->look().has(XPButtonLook::kDefault));
+    panel.setParent(&elsewhere);
+    panel.show();
+    EXPECT_FALSE(other->look().has(XPButtonLook::kDefault));
+    panel.setParent(&window);
+    panel.show();
+    EXPECT_TRUE(other->look().has(XPButtonLook::kDefault));
     delete form;
+    EXPECT_FALSE(other->look().has(XPButtonLook::kDefault));
     QTest::keyClick(line, Qt::Key_Return);
     EXPECT_EQ(returns, 2);
 }
