@@ -20,7 +20,7 @@ void installXPButtonAccessible() {
 XPButtonAccessible::XPButtonAccessible(XPButton& button)
     : QAccessibleWidget(&button, QAccessible::PushButton) {}
 
-/// Null in the button's destruction, which makes a plain widget of it first, and afterwards.
+/// Null in the button's destruction, which makes a plain widget of it first.
 XPButton* XPButtonAccessible::button() const {
     return dynamic_cast<XPButton*>(object());
 }

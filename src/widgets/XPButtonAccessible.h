@@ -10,7 +10,7 @@ class XPButton;
 void installXPButtonAccessible();
 
 /// A button as assistive technology sees it: a push button named by its caption, without its marks,
-/// that can be pressed. May outlive the button.
+/// that can be pressed.
 class XPButtonAccessible : public QAccessibleWidget {
   public:
     explicit XPButtonAccessible(XPButton& button);

@@ -121,14 +121,14 @@ int sign(int number) {
     return (number > 0) - (number < 0);
 }
 
-/// A line along a row, a column or a diagonal, without its end.
+/// A line without its end. Slants run along a diagonal, but where a button is kept from growing.
 void drawLine(QPainter& painter, QPoint from, QPoint to, const QColor& color) {
     const QPoint way = to - from;
     const QPoint step(sign(way.x()), sign(way.y()));
     const int length = std::max(std::abs(way.x()), std::abs(way.y()));
     if (step.x() != 0 && step.y() != 0) {
         for (int i = 0; i < length; ++i)
-            painter.fillRect(QRect(from + step * i, QSize(1, 1)), color);
+            painter.fillRect(QRect(from + way * (1.0 * i / length), QSize(1, 1)), color);
     } else if (length > 0) {
         const QPoint last = to - step;
         painter.fillRect(QRect(from, QSize(1, 1)) | QRect(last, QSize(1, 1)), color);

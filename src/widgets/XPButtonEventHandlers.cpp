@@ -85,6 +85,7 @@ void XPButton::enterEvent(QEnterEvent*) {
     pointerLeft_ = false;
     input_.forgetPress();
     const auto notice = [this] {
+        input_.noticeReleases();
         if (isEnabled()) input_.noticePointer();
     };
     QMetaObject::invokeMethod(this, notice, Qt::QueuedConnection);

@@ -157,9 +157,12 @@ QSize preferredSize(const XPButtonLayoutInput& in) {
     constexpr QSize kAround(16, 12);
     constexpr int kAroundAbove = 14;
     constexpr int kAroundBelow = 18;
-    const bool shows = in.ButtonShape < kFirstShapeWithoutCaption;
-    const QSize text = shows ? captionSize(in, kWidest) : QSize(0, 0);
     const int s = in.picture.isEmpty() ? 0 : in.PicturePixels;
+    const bool atAnEdge = in.PictureAlign == kAtLeft || in.PictureAlign == kAtRight;
+    // a caption that is not drawn gives the picture its place all the same
+    const bool counts = in.ButtonShape < kFirstShapeWithoutCaption ||
+                        (s > 0 && s <= kLargestPlacedSize && !atAnEdge);
+    const QSize text = counts ? captionSize(in, kWidest) : QSize(0, 0);
     QSize content = QSize(text.width() + s, std::max(text.height(), s)) + kAround;
     if (in.PictureAlign >= kAbove && s > 0) {
         const int around = in.PictureAlign == kAbove ? kAroundAbove : kAroundBelow;

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QRect>
+#include <algorithm>
 #include <cmath>
 
 #include "widgets/XPButtonMembers.h"
@@ -51,11 +52,13 @@ QRegion rows(int top, int bottom, SpanOf spanOf) {
     return region;
 }
 
-/// Both slants run at 45 degrees, from the top left to the bottom right.
+/// Both slants run at 45 degrees, from the top left to the bottom right. On a button that is kept
+/// narrower than it is high they change sides.
 QRegion fourPoints(int shape, const QSize& size, int rightEdge) {
     return rows(0, size.height() + 1, [&](int y) {
-        return std::pair(slantsLeft(shape) ? y : 0,
-                         slantsRight(shape) ? rightEdge + y : size.width());
+        const auto [from, to] = std::minmax(
+            {slantsLeft(shape) ? y : 0, slantsRight(shape) ? rightEdge + 1 + y : size.width() + 1});
+        return std::pair(from, to - 1);
     });
 }
 
@@ -106,6 +109,7 @@ XPButtonRegion BuildRegion(int shape, const QSize& size) {
     region.window = fourPoints(shape, size, region.RightEdge) -
                     corners(shape == 0 || shape == 2, shape == 0 || shape == 1, size);
     if (region.window.isEmpty()) region.window = QRect(QPoint(0, 0), size);  // kept from growing
+    if (region.RightEdge == 0) region.RightEdge = w;
     return region;
 }
 
