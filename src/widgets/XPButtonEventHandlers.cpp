@@ -64,6 +64,7 @@ void XPButton::resizeEvent(QResizeEvent*) {
 
 void XPButton::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    ownPaint_ = false;
     setDelayDrawing(false);  // as the first paint event would, but that one must not resize
     followFocus();           // it may have come into another window
     UserControl_Show();
@@ -85,8 +86,9 @@ void XPButton::enterEvent(QEnterEvent*) {
     pointerLeft_ = false;
     input_.forgetPress();
     const auto notice = [this] {
+        if (!isEnabled()) return;
         input_.noticeReleases();
-        if (isEnabled()) input_.noticePointer();
+        input_.noticePointer();
     };
     QMetaObject::invokeMethod(this, notice, Qt::QueuedConnection);
 }
