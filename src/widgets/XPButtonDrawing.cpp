@@ -19,8 +19,9 @@ void XPButton::UserControl_Resize() {
     if (delay_.putsOff(XPButtonDelay::Work::Region)) return;
     delay_.takeWork();  // all of it follows
     const QSize grown(grownWidth(members().ButtonShape, size()), height());
+    face_.fit(grown, members(), font());  // first, so that its resize event finds nothing to do
     if (grown != size()) resize(grown);
-    face_.fit(size(), members(), font());  // it may be kept from growing
+    if (grown != size()) face_.fit(size(), members(), font());  // it is kept from growing
     setMask(face_.region().window);
     Redraw();
 }

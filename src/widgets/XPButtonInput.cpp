@@ -35,7 +35,7 @@ bool XPButtonInput::raise(const Event& event, Arguments&... arguments) {
     return !life.expired();
 }
 
-void XPButtonInput::redrawNow() {
+void XPButtonInput::redrawUndelayed() {
     window_.setDelayDrawing(false);
     window_.redrawAtOnce();
 }
@@ -85,7 +85,7 @@ bool XPButtonInput::press(XPButtonMouse mouse) {
     LastButton_ = mouse.Button;
     if (mouse.Button == kLeftButton) {
         look_.set(Look::kDown, true);
-        redrawNow();
+        redrawUndelayed();
     }
     return raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
 }
@@ -106,7 +106,7 @@ bool XPButtonInput::startHover() {
     if (!raise(events_.MouseEnter)) return false;
     window_.setHoverTimer(true);
     look_.Hovering = true;
-    redrawNow();
+    redrawUndelayed();
     return true;
 }
 
@@ -116,7 +116,7 @@ void XPButtonInput::tmrHover_Timer() {
     look_.Hovering = false;
     look_.set(Look::kOver, false);
     window_.setDelayDrawing(false);
-    if (raise(events_.MouseLeave)) redrawNow();
+    if (raise(events_.MouseLeave)) redrawUndelayed();
 }
 
 void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
@@ -124,7 +124,7 @@ void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
     letGo(mouse.Button);
     if (mouse.Button == kLeftButton) {
         look_.set(Look::kDown, false);
-        redrawNow();
+        redrawUndelayed();
     }
     if (!raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) return;
     LastButton_ = mouse.Button;

@@ -70,7 +70,7 @@ class XPButtonInput {
     void letGo(int buttons);
     int stillHeld() const;
     void noticeReleasesSince(int before);
-    void redrawNow();
+    void redrawUndelayed();
     bool startHover();
     void pressSpace();
     bool press(XPButtonMouse mouse);
