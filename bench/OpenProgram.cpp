@@ -15,11 +15,11 @@ OpenProgram::OpenProgram(std::size_t scriptBytes) {
     std::ofstream file(folder_.filePath(QStringLiteral("bench.script")).toStdString(),
                        std::ios::binary);
     if (!(file << text).flush()) std::abort();
-    program_ = std::make_unique<Program>(Surroundings{.desktop = desktop_,
-                                                      .settings = settings_,
-                                                      .programFolder = folder_.path(),
-                                                      .commandLine = {},
-                                                      .endProgram = [] {}});
+    program_ = std::make_unique<Program>(Environment{.desktop = desktop_,
+                                                     .settings = settings_,
+                                                     .programFolder = folder_.path(),
+                                                     .commandLine = {},
+                                                     .endProgram = [] {}});
     Main(*program_);
     QApplication::processEvents();
 }

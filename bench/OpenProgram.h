@@ -3,10 +3,10 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "platform/QtDesktop.h"
-#include "platform/SettingsStore.h"
 #include "shell/Module1.h"
 #include "shell/frmMain.h"
+#include "system/QtDesktop.h"
+#include "system/SettingsStore.h"
 
 namespace brindlex::bench {
 

@@ -3,7 +3,7 @@
 #include <random>
 
 #include "bench/ScriptGenerator.h"
-#include "platform/text/Rope.h"
+#include "text/Rope.h"
 
 namespace brindlex::bench {
 namespace {

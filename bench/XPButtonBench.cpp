@@ -3,9 +3,8 @@
 #include <QImage>
 #include <QPainter>
 
-#include "platform/QtDesktop.h"
+#include "system/QtDesktop.h"
 #include "widgets/XPButton.h"
-#include "widgets/XPButtonPainter.h"
 
 namespace brindlex {
 namespace {

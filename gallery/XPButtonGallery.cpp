@@ -7,28 +7,25 @@
 #include <QPainter>
 #include <QTabWidget>
 #include <functional>
-#include <memory>
 
-#include "platform/QtDesktop.h"
+#include "system/QtDesktop.h"
 #include "widgets/XPButton.h"
-#include "widgets/XPButtonForm.h"
-#include "widgets/XPButtonPainter.h"
 
 namespace brindlex {
 namespace {
 
 constexpr QSize kButtonSize(120, 32);
 
-struct State {
+struct Shown {
     const char* name;
-    XPButtonLook look;
+    XPButtonState state;
     bool enabled = true;
 };
 
-const State kStates[] = {
-    {"hover", {XPButtonLook::kOver, true}},
-    {"pressed", {XPButtonLook::kOver | XPButtonLook::kDown, true}},
-    {"default", {XPButtonLook::kDefault}},
+const Shown kStates[] = {
+    {"hover", {XPButtonState::kOver, true}},
+    {"pressed", {XPButtonState::kOver | XPButtonState::kDown, true}},
+    {"default", {XPButtonState::kDefault}},
     {"disabled", {}, false},
 };
 
@@ -37,25 +34,28 @@ const char* const kShapes[] = {"rectangle", "left slanted",  "right slanted", "b
 
 using SetUp = std::function<void(XPButton&)>;
 
-/// A frame of a button in a state that no pointer is needed for.
+/// Shows a button, which stays hidden, in a state that takes no pointer to get into.
 class Still : public QWidget {
   public:
-    Still(XPButton& model, const State& state) {
-        model.SetEnabled(state.enabled);
-        frame_ = model.frame();
-        frame_.look = state.look;
-        setFixedSize(frame_.size);
-        setMask(frame_.region.window);
+    Still(XPButton& button, const Shown& shown) : button_(button), state_(shown.state) {
+        button.SetEnabled(shown.enabled);
+        setFixedSize(button.size());
+        setMask(button.frame().region.window);
+        button.setParent(this);
+        button.hide();
     }
 
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        PaintFrame(painter, frame_);
+        XPButtonFrame frame = button_.frame();
+        frame.state = state_;
+        PaintFrame(painter, frame);
     }
 
   private:
-    XPButtonFrame frame_;
+    XPButton& button_;
+    XPButtonState state_;
 };
 
 /// A flower on white, as a toolbar image has it.
@@ -86,20 +86,16 @@ class Page : public QWidget {
         column_ = 0;
     }
     void live(const SetUp& setUp, const QSize& size = kButtonSize) { put(make(setUp, size)); }
-    void still(const SetUp& setUp, const State& state, const QSize& size = kButtonSize) {
-        const std::unique_ptr<XPButton> model(make(setUp, size));
-        put(new Still(*model, state));
-    }
     /// The same button in all states.
     void states(const SetUp& setUp, const QSize& size = kButtonSize) {
         live(setUp, size);
-        for (const State& state : kStates) still(setUp, state, size);
+        for (const Shown& state : kStates) put(new Still(*make(setUp, size), state));
     }
     /// Over the rows of states.
     void heads() {
         row("");
         put(new QLabel("live"));
-        for (const State& state : kStates) put(new QLabel(state.name));
+        for (const Shown& state : kStates) put(new QLabel(state.name));
     }
 
   private:
@@ -108,7 +104,7 @@ class Page : public QWidget {
         button->resize(size);
         button->SetCaption("&Caption");
         setUp(*button);
-        button->region();
+        button->frame();
         button->setFixedSize(button->size());
         return button;
     }
@@ -237,7 +233,6 @@ int show(QStringList arguments) {
         window.addTab(page, row.name);
     }
     if (arguments.size() > 1) return 0;
-    new XPButtonForm(window);
     window.setMinimumSize(window.minimumSizeHint());
     window.show();
     return QApplication::exec();

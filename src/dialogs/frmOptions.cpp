@@ -5,9 +5,9 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "dialogs/Settings.h"
-#include "platform/ColorValue.h"
-#include "shell/AppState.h"
+#include "document/AppState.h"
+#include "document/Settings.h"
+#include "system/ColorValue.h"
 
 namespace brindlex {
 namespace {

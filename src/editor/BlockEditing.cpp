@@ -1,5 +1,5 @@
-// The block editing of KELP_RTBSyntax. Handlers may edit within each edit, so no offset is kept
-// across one but for the selection that an operation brings back.
+// The block editing of KELP_RTBSyntax. Handlers may edit during each edit, so no offset is kept
+// across one, except for the selection that an operation restores.
 
 #include <algorithm>
 #include <string>
@@ -7,7 +7,7 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/RedrawPause.h"
-#include "platform/KeyCodes.h"
+#include "system/KeyCodes.h"
 
 namespace brindlex {
 namespace {
@@ -15,14 +15,14 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kMark = "//";
 
-/// Some lines of a text, 0-based; `last` belongs to them. None when `last` lies before `first`.
+/// The 0-based lines from `first` to `last`, both included; none when `last` is smaller.
 struct LineSpan {
     Long first;
     Long last;
     Long count() const { return last - first + 1; }
 };
 
-/// Nothing is painted while this lives. Then the view follows the caret, as after any edit.
+/// Stops repainting while it lives; then the view follows the caret, as after any edit.
 class BlockEdit {
   public:
     explicit BlockEdit(RichTextView& view) : view_(view), pause_(view) {}
@@ -37,8 +37,8 @@ class BlockEdit {
 
 // --- What stands where ---------------------------------------------------------------------------
 
-/// The lines of the selected characters. With nothing selected the character before the caret
-/// counts as the last one; where there is none, `last` is -1.
+/// The lines of the selected characters. With nothing selected the character before the caret is
+/// the last one; at the start of the text, `last` is -1.
 LineSpan linesOfSelection(const RichTextBox& box) {
     const Long start = box.SelStart();
     const Long lastSelected = start + box.SelLength() - 1;
@@ -51,7 +51,7 @@ LineSpan linesOfEnds(const RichTextBox& box) {
     return {box.GetLineFromChar(start), box.GetLineFromChar(start + box.SelLength())};
 }
 
-/// The end of the blanks and tabs that `range` begins with.
+/// Behind the blanks and tabs that `range` begins with.
 Offset endOfBlanks(const Rope& rope, Range range) {
     Offset end = range.begin();
     rope.visitPieces(range, [&end](std::string_view piece) {
@@ -73,7 +73,7 @@ std::size_t tabsBefore(const Rope& rope, Offset offset) {
     return tabs;
 }
 
-/// The bytes of `range` as far as there are so many.
+/// The bytes of `range`, cut at the end of the text.
 std::string bytesWithin(const Rope& rope, Range range) {
     const Offset end(rope.size());
     return rope.bytes({std::min(range.begin(), end), std::min(range.end(), end)});
@@ -106,7 +106,7 @@ void selectLines(RichTextBox& box, LineSpan lines) {
     selectTo(box, next < 0 ? static_cast<Long>(box.length()) : next);
 }
 
-/// Selects a line up to the LF of its break; nothing of a line without a break.
+/// Selects a line with the CR of its break; selects nothing of a line without a break.
 void selectUpToLf(RichTextBox& box, LineSpan lines) {
     if (goToLine(box, lines.first)) selectTo(box, box.GetLineIndex(lines.last + 1) - 1);
 }

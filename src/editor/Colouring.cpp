@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "editor/KELP_RTBSyntax.h"
-#include "editor/LineColorizer.h"
 #include "editor/RedrawPause.h"
 
 namespace brindlex {
@@ -11,8 +10,8 @@ namespace {
 
 constexpr std::size_t kBreakLength = 2;
 
-/// Sets a flag for as long as it lives, and then clears it, whatever it was before: a Text that a
-/// handler assigns while another is being assigned is coloured at once.
+/// Sets a flag and clears it at the end, whatever it was before: so a Text that a handler assigns
+/// while another is being assigned is coloured at once.
 class FlagHold {
   public:
     explicit FlagHold(bool& flag) : flag_(flag) { flag_ = true; }
@@ -39,8 +38,8 @@ Offset endOfTouchedLines(const RichTextBox& box, Offset caret) {
     return end >= caret ? end : box.lineContent(line + 1).end();
 }
 
-/// The end of the lines to colour next. What is made of them stays in the processor's cache until
-/// it is in the formats, and needs little memory whatever the length of the text.
+/// The end of the lines to colour next: so few that what is made of them stays in the processor's
+/// cache, and the memory for it does not grow with the text.
 Offset endOfBatch(const RichTextBox& box, Range lines) {
     constexpr std::size_t kBatchBytes = 64 * 1024;
     if (lines.length() <= kBatchBytes) return lines.end();
@@ -49,7 +48,7 @@ Offset endOfBatch(const RichTextBox& box, Range lines) {
 
 }  // namespace
 
-void KELP_RTBSyntax::SetText(std::string_view text) {
+void KELP_RTBSyntax::SetText(const Rope& text) {
     {
         const FlagHold hold(colorizing_);
         box().SetText(text);
@@ -88,9 +87,9 @@ void KELP_RTBSyntax::rtb_Change() {
     colorize(changedLines());
 }
 
-/// From the line of the older caret position to the line of the newer one. When the older position
-/// lies behind, its line is left out; when it lies beyond the end of the text, all lines to the end
-/// count as touched.
+/// The lines from the older caret position to the newer one. When the older position is the later
+/// of the two, only the line of the newer one counts; when it lies beyond the end of the text, all
+/// lines from there to the end.
 Range KELP_RTBSyntax::changedLines() const {
     const Offset caret(static_cast<std::size_t>(SelStart()));
     const Offset before(static_cast<std::size_t>(prevSelStart_));
@@ -109,12 +108,17 @@ void KELP_RTBSyntax::colorize(Range lines) {
 void KELP_RTBSyntax::ColorizeBlock(Range lines) {
     commentCharLen_ = static_cast<int>(Syntax_CommentChar().size());
     stringCharLen_ = static_cast<int>(Syntax_StringChar().size());
-    const ClassColors colors = classColors();
+    LineColorizer colorizer(words(), classColors());
     for (Offset at = lines.begin(); at < lines.end();) {
         const Range batch(at, endOfBatch(box(), {at, lines.end()}));
-        box().colorRuns(at, colorsOfLines(box().rope(), batch, lists_, colors));
+        box().colorRuns(at, colorizer.colorsOf(box().rope(), batch));
         at = batch.end() + kBreakLength;
     }
+}
+
+const WordLookup& KELP_RTBSyntax::words() const {
+    if (!words_) words_.emplace(rtb().codePage().characters(), syntax_);
+    return *words_;
 }
 
 ClassColors KELP_RTBSyntax::classColors() const {

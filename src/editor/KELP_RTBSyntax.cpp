@@ -3,8 +3,10 @@
 #include <QEvent>
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <limits>
 
-#include "platform/KeyCodes.h"
+#include "system/KeyCodes.h"
 
 namespace brindlex {
 namespace {
@@ -27,7 +29,14 @@ const CommandKey* commandKey(int CommandKey::*code, int value) {
     return found == kCommandKeys.end() ? nullptr : &*found;
 }
 
+std::uint32_t asWord(int value) {
+    using Word = std::numeric_limits<std::int16_t>;
+    return static_cast<std::uint16_t>(std::clamp<int>(value, Word::min(), Word::max()));
+}
+
 }  // namespace
+
+// --- The view and its events ---------------------------------------------------------------------
 
 KELP_RTBSyntax::KELP_RTBSyntax(QWidget* parent) : RichTextHost(parent) {
     rtb().setAccessibleName(QStringLiteral("Script editor"));
@@ -93,6 +102,47 @@ void KELP_RTBSyntax::rtb_KeyPress(int& KeyAscii) {
     }
     KeyAscii = 0;
     notifyHost(commands_.*key->command);
+}
+
+// --- Lines ---------------------------------------------------------------------------------------
+
+Long KELP_RTBSyntax::GetLineCount() const {
+    return box().GetLineCount();
+}
+
+void KELP_RTBSyntax::LineScroll(Long Lines) {
+    rtb().lineScroll(Lines);
+}
+
+Long KELP_RTBSyntax::GetCurrentLine() const {
+    return GetLineFromChar(SelStart()) + 1;
+}
+
+std::string KELP_RTBSyntax::GetLineText() const {
+    const LineIndex line(static_cast<std::size_t>(GetCurrentLine() - 1));
+    return box().rope().bytes(box().lineContent(line));
+}
+
+Long KELP_RTBSyntax::GetColumn() const {
+    return SelStart() - box().GetLineIndex(GetCurrentLine() - 1);
+}
+
+int KELP_RTBSyntax::LoWord(Long DWord) {
+    return static_cast<std::int16_t>(DWord & 0xFFFF);
+}
+
+int KELP_RTBSyntax::HiWord(Long DWord) {
+    return static_cast<std::int16_t>((DWord >> 16) & 0xFFFF);
+}
+
+Long KELP_RTBSyntax::GetPosFromChar(Long lSelStart) {
+    const QPoint place = rtb().posFromChar(lSelStart);
+    return static_cast<std::int32_t>(asWord(place.x()) | (asWord(place.y()) << 16));
+}
+
+Long KELP_RTBSyntax::GetCharNr(Long lngLineNumber) const {
+    // A negative line means the caret's to GetLineIndex.
+    return lngLineNumber < 0 ? -2 : box().GetLineIndex(lngLineNumber) - 1;
 }
 
 }  // namespace brindlex

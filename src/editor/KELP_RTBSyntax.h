@@ -2,19 +2,19 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "editor/LineColorizer.h"
 #include "editor/RichTextHost.h"
-#include "editor/SyntaxLists.h"
-#include "editor/WordClass.h"
-#include "platform/PropertyBag.h"
+#include "editor/WordLookup.h"
+#include "system/PropertyBag.h"
 
 namespace brindlex {
 
-/// The commands of the main window that the editor control runs for keys of its own. One that is
-/// not set does nothing.
+/// The commands of the main window behind Ctrl+Z, C, V and X. One that is not set does nothing.
 struct EditorCommands {
     std::function<void()> undo;
     std::function<void()> copy;
@@ -22,16 +22,16 @@ struct EditorCommands {
     std::function<void()> cut;
 };
 
-/// The script editor: one rich text view over the control's area within its margins, the lists and
-/// colours of the syntax, and the colouring of the text after each change.
+/// The script editor: one rich text view over the whole control, word lists and colours, and the
+/// colouring of the text after each change.
 ///
 /// Positions are 0-based offsets into Text, in which a line break counts two. Texts are bytes of
 /// the system's code page.
 ///
-/// On every edit the host hears SelChange, then Change, and then the control colours the lines that
-/// the edit touched. Colouring leaves selection and caret alone and raises no event. Handlers may
-/// edit the text, assign Text and call ReColorize; a handler of Change that does so on every Change
-/// has to keep itself from an endless descent.
+/// Every edit raises SelChange, then Change, and then the control colours the lines that the edit
+/// touched. Colouring leaves selection and caret alone and raises no event. Handlers may edit the
+/// text, assign Text and call ReColorize; a handler of Change that does so must guard against its
+/// own recursion.
 class KELP_RTBSyntax : public RichTextHost {
   public:
     explicit KELP_RTBSyntax(QWidget* parent = nullptr);
@@ -56,8 +56,8 @@ class KELP_RTBSyntax : public RichTextHost {
     /// True while the control colours and while Text or TextRTF are being assigned: no colouring
     /// begins then.
     bool Colorizing() const { return colorizing_; }
-    /// SelStart before the last change of the selection, and at it. Both stand at the caret after a
-    /// colouring.
+    /// SelStart before and after the last change of the selection. A colouring sets both to the
+    /// present SelStart.
     Long PrevSelStart() const { return prevSelStart_; }
     Long CurSelStart() const { return curSelStart_; }
     /// Lengths of the marks as of the last colouring.
@@ -85,33 +85,35 @@ class KELP_RTBSyntax : public RichTextHost {
     void SetColorOf_Normal(Long color) { colors_[ClassNormal] = color; }
 
     // --- Syntax. In a word list each entry stands between two delimiters ------------------------
-    const std::string& Syntax_ReservedWords() const { return lists_.list(ClassReserved); }
+    const std::string& Syntax_ReservedWords() const { return syntax_.lists[ClassReserved]; }
     void SetSyntax_ReservedWords(std::string list) { setList(ClassReserved, std::move(list)); }
-    const std::string& Syntax_ProceduresORFunctions() const { return lists_.list(ClassProcedure); }
+    const std::string& Syntax_ProceduresORFunctions() const {
+        return syntax_.lists[ClassProcedure];
+    }
     void SetSyntax_ProceduresORFunctions(std::string list) {
         setList(ClassProcedure, std::move(list));
     }
-    const std::string& Syntax_Delimiter() const { return lists_.delimiter(); }
-    void SetSyntax_Delimiter(std::string delimiter) { lists_.setDelimiter(std::move(delimiter)); }
-    const std::string& Syntax_LogicalOperators() const { return lists_.list(ClassLogical); }
+    const std::string& Syntax_Delimiter() const { return syntax_.delimiter; }
+    void SetSyntax_Delimiter(std::string delimiter) {
+        setSyntax(syntax_.delimiter, std::move(delimiter));
+    }
+    const std::string& Syntax_LogicalOperators() const { return syntax_.lists[ClassLogical]; }
     void SetSyntax_LogicalOperators(std::string list) { setList(ClassLogical, std::move(list)); }
-    const std::string& Syntax_Operators() const { return lists_.list(ClassOperator); }
+    const std::string& Syntax_Operators() const { return syntax_.lists[ClassOperator]; }
     void SetSyntax_Operators(std::string list) { setList(ClassOperator, std::move(list)); }
-    const std::string& Syntax_Objects() const { return lists_.list(ClassObject); }
+    const std::string& Syntax_Objects() const { return syntax_.lists[ClassObject]; }
     void SetSyntax_Objects(std::string list) { setList(ClassObject, std::move(list)); }
-    const std::string& Syntax_Constants() const { return lists_.list(ClassConstant); }
+    const std::string& Syntax_Constants() const { return syntax_.lists[ClassConstant]; }
     void SetSyntax_Constants(std::string list) { setList(ClassConstant, std::move(list)); }
     /// The mark that opens and closes a string, of any length.
-    const std::string& Syntax_StringChar() const { return lists_.stringMark(); }
-    void SetSyntax_StringChar(std::string mark) { lists_.setStringMark(std::move(mark)); }
+    const std::string& Syntax_StringChar() const { return syntax_.stringMark; }
+    void SetSyntax_StringChar(std::string mark) { setSyntax(syntax_.stringMark, std::move(mark)); }
     /// The mark that begins a comment, of any length. It is searched for words like a word list.
-    const std::string& Syntax_CommentChar() const { return lists_.list(ClassComment); }
+    const std::string& Syntax_CommentChar() const { return syntax_.commentMark(); }
     void SetSyntax_CommentChar(std::string mark) { setList(ClassComment, std::move(mark)); }
 
     /// The class of a word by its spelling alone.
-    WordClass ClassifyWord(std::string_view word) const {
-        return lists_.classifier().classOf(word);
-    }
+    WordClass ClassifyWord(std::string_view word) const { return words().classOf(word); }
 
     // --- Values that are stored and nothing more -------------------------------------------------
     Long ForeColor() const { return foreColor_; }
@@ -121,9 +123,10 @@ class KELP_RTBSyntax : public RichTextHost {
 
     // --- Text and colouring ----------------------------------------------------------------------
     /// Replaces the text and colours it. Raises Change twice, for the text and for the colouring.
-    void SetText(std::string_view text);
-    /// The same with rich text. False when it is damaged: the text stays then, is coloured anew all
-    /// the same, and Change is raised for that.
+    void SetText(const Rope& text);
+    void SetText(std::string_view text) { SetText(Rope(text)); }
+    /// The same with rich text. False when it is damaged: then the text stays, but it is still
+    /// coloured anew, and Change is raised once for that.
     bool SetTextRTF(std::string_view rtf);
     /// Colours the whole text anew and raises Change before it does.
     void ReColorize();
@@ -149,31 +152,32 @@ class KELP_RTBSyntax : public RichTextHost {
     Long GetCharNr(Long lngLineNumber) const;
 
     // --- Blocks ----------------------------------------------------------------------------------
-    // Each edit goes through the selection and raises its events; lines are looked up again after
-    // it, so that a handler may edit. An operation ends quietly at a line that a handler took away.
-    // Nothing is painted in between. A cost of O(log n) for each line beside that of its edits.
+    // Each edit goes through the selection and raises its events. A handler may edit: lines are
+    // looked up again after each edit, and an operation ends quietly at a line that is gone.
+    // Nothing is painted in between. Cost: O(log n) for each line, and its edits.
     //
     // MultiTab and BackTab work on the lines of the selected characters: a selection that ends at
     // the start of a line leaves that line out. CommentBlock and UnCommentBlock take it in.
 
-    /// On Enter (13), unless the caret is at 0: a line break and the indent of the caret's line in
-    /// place of the selection. A caret at column 0 takes the indent of the line above; within an
-    /// indent, the blank or tab behind the caret counts too. The key stays for the caller to
-    /// consume.
+    /// On Enter (13), unless the caret is at 0: puts a line break and the indent of the caret's
+    /// line in place of the selection. A caret at column 0 takes the indent of the line above;
+    /// within an indent, the blank or tab behind the caret counts too. The key stays for the caller
+    /// to consume.
     void AutoIndent(int intKeyCode);
-    /// On "{" (123), unless the caret is at 0: braces, an empty line between them that is a tab
-    /// deeper than the tabs in front of the selection, and the caret at its end. Nothing is
-    /// replaced. The key stays for the caller to consume.
+    /// On "{" (123), unless the caret is at 0: puts braces in front of the selection, with an empty
+    /// line between them that is one tab deeper than the tabs before the caret, and the caret at
+    /// the end of it. The key stays for the caller to consume.
     void BlockIndent(int intKeyCode);
-    /// A tab at the start of each line, and whole lines selected; within one line a tab in place of
-    /// the selection.
+    /// Puts a tab at the start of each line and selects the whole lines; within one line, puts a
+    /// tab in place of the selection.
     void MultiTab();
-    /// Takes a tab or blank from the start of each line and leaves whole lines selected if the last
-    /// one lost its own; else the caret is at the start of the last line. A single line comes back
-    /// selected with the CR of its break, when there is one and the caret was not at column 0. Does
-    /// nothing with the caret at 0 and nothing selected.
+    /// Removes one tab or blank from the start of each line. Of several lines, whole lines are
+    /// selected afterwards if the last line lost one; else the caret is at the start of the last
+    /// line. A single line that lost one is selected up to and with the CR of its break, unless it
+    /// has no break or the caret was at column 0. Does nothing with the caret at 0 and nothing
+    /// selected.
     void BackTab();
-    /// "//" in front of each line. The selection keeps its start and grows by the marks.
+    /// Puts "//" in front of each line. The selection keeps its start and grows by the marks.
     void CommentBlock();
     /// Takes "//" from each line that begins with it, blanks and tabs aside. The caret goes to
     /// where the selection began.
@@ -192,8 +196,14 @@ class KELP_RTBSyntax : public RichTextHost {
   private:
     void connectView();
     void setList(WordClass wordClass, std::string list) {
-        lists_.setList(wordClass, std::move(list));
+        setSyntax(syntax_.lists[wordClass], std::move(list));
     }
+    void setSyntax(std::string& part, std::string value) {
+        part = std::move(value);
+        words_.reset();
+    }
+    /// Made anew on the first use after a change of the syntax.
+    const WordLookup& words() const;
 
     template <typename... Parameters, typename... Arguments>
     static void notifyHost(const std::function<void(Parameters...)>& event,
@@ -216,7 +226,8 @@ class KELP_RTBSyntax : public RichTextHost {
     Long prevSelStart_ = 0;
     Long curSelStart_ = 0;
     std::array<Long, kWordClassCount> colors_{};
-    SyntaxLists lists_{rtb().codePage().characters()};
+    Syntax syntax_;
+    mutable std::optional<WordLookup> words_;
     Long foreColor_ = 0;
     Long hWnd_ = 0;
     int commentCharLen_ = 0;

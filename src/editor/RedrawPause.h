@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/RichTextView.h"
+#include "view/RichTextView.h"
 
 namespace brindlex {
 
 /// Stops repainting for as long as it lives. When the outermost one ends, the event loop repaints
-/// what changed: to do it here would lay out the screen for each edit of a Replace All.
+/// what changed; repainting at once would lay out the screen for each edit of a Replace All.
 class RedrawPause {
   public:
     explicit RedrawPause(RichTextView& view) : view_(view), redraw_(view.redraw()) {

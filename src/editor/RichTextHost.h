@@ -5,13 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "platform/RichTextView.h"
+#include "view/RichTextView.h"
 
 namespace brindlex {
 
-/// A widget round one rich text view that hands the view's properties and methods on unchanged, but
-/// for SetSelStart, which also scrolls. What they do, what they take and what they refuse stands
-/// with RichTextView and RichTextBox.
+/// A widget round one rich text view that forwards the view's properties and methods; only
+/// SetSelStart does more. Their contracts stand with RichTextView and RichTextBox.
 class RichTextHost : public QWidget {
   public:
     explicit RichTextHost(QWidget* parent = nullptr) : QWidget(parent) {}
@@ -30,7 +29,7 @@ class RichTextHost : public QWidget {
     void SetBorderStyle(Long style) { rtb_.SetBorderStyle(style); }
     double BulletIndent() const { return rtb_.BulletIndent(); }
     void SetBulletIndent(double twips) { rtb_.SetBulletIndent(twips); }
-    /// Of the view itself, also while what it stands in is disabled.
+    /// Of the view itself, whatever its parents are.
     bool Enabled() const { return !rtb_.testAttribute(Qt::WA_ForceDisabled); }
     void SetEnabled(bool on) { rtb_.setEnabled(on); }
     QString filename() const { return rtb_.FileName(); }
@@ -74,9 +73,9 @@ class RichTextHost : public QWidget {
     std::string SelRTF() const { return box().SelRTF(); }
     bool SetSelRTF(std::string_view rtf) { return box().SetSelRTF(rtf); }
 
-    // --- Paragraph format of the lines of the selection; unset: mixed ----------------------------
-    std::optional<Alignment> SelAlignment() const { return box().SelAlignment(); }
-    void SetSelAlignment(Alignment alignment) { box().SetSelAlignment(alignment); }
+    // --- Formats of the whole text ---------------------------------------------------------------
+    Long SelAlignment() const { return box().SelAlignment(); }
+    void SetSelAlignment(Long alignment) { box().SetSelAlignment(alignment); }
     std::optional<Long> SelIndent() const { return box().SelIndent(); }
     void SetSelIndent(Long twips) { box().SetSelIndent(twips); }
     std::optional<Long> SelHangingIndent() const { return box().SelHangingIndent(); }
@@ -90,7 +89,7 @@ class RichTextHost : public QWidget {
 
     // --- Selection -----------------------------------------------------------------------------
     Long SelStart() const { return box().SelStart(); }
-    /// Shows the caret, also when it stands there already.
+    /// Scrolls to the caret as well, even when it is there already.
     void SetSelStart(Long start) {
         box().SetSelStart(start);
         if (rtb_.redraw()) rtb_.ensureCaretVisible();

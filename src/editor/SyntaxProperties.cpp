@@ -1,6 +1,10 @@
 // The stored properties of KELP_RTBSyntax: keys, order and defaults.
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <type_traits>
 #include <vector>
 
 #include "editor/KELP_RTBSyntax.h"
@@ -18,49 +22,42 @@ struct StoredProperty {
 };
 using StoredProperties = std::vector<StoredProperty>;
 
-/// A property whose type is one of QVariant's own: Boolean, number, QString.
-template <typename Value, auto kGet, auto kSet>
-StoredProperty plain(const char* key, const Value& defaultValue) {
-    return {key, QVariant::fromValue(defaultValue),
-            [](const Control& control) { return QVariant::fromValue(Value{(control.*kGet)()}); },
-            [](Control& control, const QVariant& value) { (control.*kSet)(value.value<Value>()); }};
+/// A value as it is stored: texts of the code page as QString, numbers and colours as qlonglong.
+template <typename Value>
+QVariant stored(const CodePage& page, const Value& value) {
+    if constexpr (std::is_same_v<Value, std::string>)
+        return page.toUnicode(value);
+    else if constexpr (std::is_same_v<Value, ColorValue>)
+        return qlonglong{value.value()};
+    else if constexpr (std::is_same_v<Value, Long>)
+        return qlonglong{value};
+    else
+        return QVariant::fromValue(value);
 }
 
-template <auto kGet, auto kSet>
-StoredProperty flag(const char* key, bool defaultValue) {
-    return plain<bool, kGet, kSet>(key, defaultValue);
+template <typename Value>
+Value restored(const CodePage& page, const QVariant& value) {
+    if constexpr (std::is_same_v<Value, std::string>)
+        return page.fromUnicode(value.toString());
+    else if constexpr (std::is_same_v<Value, ColorValue>)
+        return ColorValue(static_cast<std::uint32_t>(value.toLongLong()));
+    else
+        return value.value<Value>();
 }
 
-template <auto kGet, auto kSet>
-StoredProperty number(const char* key, qlonglong defaultValue) {
-    return plain<qlonglong, kGet, kSet>(key, defaultValue);
-}
+template <auto kGet>
+using ValueOf = std::remove_cvref_t<std::invoke_result_t<decltype(kGet), const Control&>>;
 
 template <auto kGet, auto kSet>
-StoredProperty length(const char* key, double defaultValue) {
-    return plain<double, kGet, kSet>(key, defaultValue);
-}
-
-/// A text of the code page.
-template <auto kGet, auto kSet>
-StoredProperty text(const char* key, const char* defaultValue) {
-    return {key, QString::fromLatin1(defaultValue),
-            [](const Control& control) -> QVariant {
-                return control.rtb().codePage().toUnicode((control.*kGet)());
+StoredProperty property(const char* key, const ValueOf<kGet>& defaultValue) {
+    return {key, stored(CodePage::system(), defaultValue),
+            [](const Control& control) {
+                return stored(control.rtb().codePage(), std::invoke(kGet, control));
             },
             [](Control& control, const QVariant& value) {
-                (control.*kSet)(control.rtb().codePage().fromUnicode(value.toString()));
+                const CodePage& page = control.rtb().codePage();
+                std::invoke(kSet, control, restored<ValueOf<kGet>>(page, value));
             }};
-}
-
-StoredProperty backColor() {
-    constexpr qlonglong kWindowColor = 0x80000005;
-    return {
-        "BackColor", kWindowColor,
-        [](const Control& control) -> QVariant { return qlonglong{control.BackColor().value()}; },
-        [](Control& control, const QVariant& value) {
-            control.SetBackColor(ColorValue(static_cast<std::uint32_t>(value.toLongLong())));
-        }};
 }
 
 /// A negative one, which the box would refuse, means no limit.
@@ -95,17 +92,17 @@ StoredProperty font() {
 const StoredProperties& viewProperties() {
     using C = Control;
     static const StoredProperties properties = {
-        flag<&C::AutoVerbMenu, &C::SetAutoVerbMenu>("AutoVerbMenu", false),
-        backColor(),
-        number<&C::BorderStyle, &C::SetBorderStyle>("BorderStyle", 1),
-        length<&C::BulletIndent, &C::SetBulletIndent>("BulletIndent", 0),
-        flag<&C::Enabled, &C::SetEnabled>("Enabled", true),
-        plain<QString, &C::filename, &C::SetFilename>("FileName", QString()),
-        flag<&C::HideSelection, &C::SetHideSelection>("HideSelection", true),
-        flag<&C::Locked, &C::SetLocked>("Locked", false),
+        property<&C::AutoVerbMenu, &C::SetAutoVerbMenu>("AutoVerbMenu", false),
+        property<&C::BackColor, &C::SetBackColor>("BackColor", ColorValue(0x80000005)),
+        property<&C::BorderStyle, &C::SetBorderStyle>("BorderStyle", 1),
+        property<&C::BulletIndent, &C::SetBulletIndent>("BulletIndent", 0),
+        property<&C::Enabled, &C::SetEnabled>("Enabled", true),
+        property<&C::filename, &C::SetFilename>("FileName", QString()),
+        property<&C::HideSelection, &C::SetHideSelection>("HideSelection", true),
+        property<&C::Locked, &C::SetLocked>("Locked", false),
         maxLength(),
-        number<&C::MousePointer, &C::SetMousePointer>("MousePointer", 0),
-        length<&C::RightMargin, &C::SetRightMargin>("RightMargin", 0),
+        property<&C::MousePointer, &C::SetMousePointer>("MousePointer", 0),
+        property<&C::RightMargin, &C::SetRightMargin>("RightMargin", 0),
         {"Text", QString(),
          [](const C& control) -> QVariant {
              return control.rtb().codePage().toUnicode(control.Text());
@@ -122,8 +119,8 @@ const StoredProperties& viewProperties() {
 const StoredProperties& valueProperties() {
     using C = Control;
     static const StoredProperties properties = {
-        number<&C::hWnd, &C::SethWnd>("hWnd", 0),
-        number<&C::ForeColor, &C::SetForeColor>("ForeColor", 0),
+        property<&C::hWnd, &C::SethWnd>("hWnd", 0),
+        property<&C::ForeColor, &C::SetForeColor>("ForeColor", 0),
     };
     return properties;
 }
@@ -131,29 +128,29 @@ const StoredProperties& valueProperties() {
 const StoredProperties& syntaxProperties() {
     using C = Control;
     static const StoredProperties properties = {
-        text<&C::Syntax_ReservedWords, &C::SetSyntax_ReservedWords>("Syntax_ReservedWords", ""),
-        text<&C::Syntax_ProceduresORFunctions, &C::SetSyntax_ProceduresORFunctions>(
+        property<&C::Syntax_ReservedWords, &C::SetSyntax_ReservedWords>("Syntax_ReservedWords", ""),
+        property<&C::Syntax_ProceduresORFunctions, &C::SetSyntax_ProceduresORFunctions>(
             "Syntax_ProceduresORFunctions", ""),
-        text<&C::Syntax_Delimiter, &C::SetSyntax_Delimiter>("Syntax_Delimiter", "\r\n"),
-        text<&C::Syntax_LogicalOperators, &C::SetSyntax_LogicalOperators>("Syntax_LogicalOperators",
-                                                                          ""),
-        text<&C::Syntax_Operators, &C::SetSyntax_Operators>("Syntax_Operators", ""),
-        text<&C::Syntax_Objects, &C::SetSyntax_Objects>("Syntax_Objects", ""),
-        text<&C::Syntax_Constants, &C::SetSyntax_Constants>("Syntax_Constants", ""),
-        number<&C::ColorOf_Comments, &C::SetColorOf_Comments>("ColorOf_Comments", 0x00C000),
-        number<&C::ColorOf_ReservedWords, &C::SetColorOf_ReservedWords>("ColorOf_ReservedWords",
-                                                                        0xC00000),
-        number<&C::ColorOf_ProceduresORFunctions, &C::SetColorOf_ProceduresORFunctions>(
+        property<&C::Syntax_Delimiter, &C::SetSyntax_Delimiter>("Syntax_Delimiter", "\r\n"),
+        property<&C::Syntax_LogicalOperators, &C::SetSyntax_LogicalOperators>(
+            "Syntax_LogicalOperators", ""),
+        property<&C::Syntax_Operators, &C::SetSyntax_Operators>("Syntax_Operators", ""),
+        property<&C::Syntax_Objects, &C::SetSyntax_Objects>("Syntax_Objects", ""),
+        property<&C::Syntax_Constants, &C::SetSyntax_Constants>("Syntax_Constants", ""),
+        property<&C::ColorOf_Comments, &C::SetColorOf_Comments>("ColorOf_Comments", 0x00C000),
+        property<&C::ColorOf_ReservedWords, &C::SetColorOf_ReservedWords>("ColorOf_ReservedWords",
+                                                                          0xC00000),
+        property<&C::ColorOf_ProceduresORFunctions, &C::SetColorOf_ProceduresORFunctions>(
             "ColorOf_ProceduresORFunctions", 0xFF8080),
-        number<&C::ColorOf_LogicalOperators, &C::SetColorOf_LogicalOperators>(
+        property<&C::ColorOf_LogicalOperators, &C::SetColorOf_LogicalOperators>(
             "ColorOf_LogicalOperators", 0x0000C0),
-        number<&C::ColorOf_Operators, &C::SetColorOf_Operators>("ColorOf_Operators", 0x0000C0),
-        number<&C::ColorOf_Objects, &C::SetColorOf_Objects>("ColorOf_Objects", 0xC0C000),
-        number<&C::ColorOf_Constants, &C::SetColorOf_Constants>("ColorOf_Constants", 0x0080FF),
-        number<&C::ColorOf_Strings, &C::SetColorOf_Strings>("ColorOf_Strings", 0xFF00FF),
-        number<&C::ColorOf_Normal, &C::SetColorOf_Normal>("ColorOf_Normal", 0),
-        text<&C::Syntax_StringChar, &C::SetSyntax_StringChar>("Syntax_StringChar", "\""),
-        text<&C::Syntax_CommentChar, &C::SetSyntax_CommentChar>("Syntax_CommentChar", "'"),
+        property<&C::ColorOf_Operators, &C::SetColorOf_Operators>("ColorOf_Operators", 0x0000C0),
+        property<&C::ColorOf_Objects, &C::SetColorOf_Objects>("ColorOf_Objects", 0xC0C000),
+        property<&C::ColorOf_Constants, &C::SetColorOf_Constants>("ColorOf_Constants", 0x0080FF),
+        property<&C::ColorOf_Strings, &C::SetColorOf_Strings>("ColorOf_Strings", 0xFF00FF),
+        property<&C::ColorOf_Normal, &C::SetColorOf_Normal>("ColorOf_Normal", 0),
+        property<&C::Syntax_StringChar, &C::SetSyntax_StringChar>("Syntax_StringChar", "\""),
+        property<&C::Syntax_CommentChar, &C::SetSyntax_CommentChar>("Syntax_CommentChar", "'"),
     };
     return properties;
 }

@@ -21,7 +21,7 @@ CompletionTip::CompletionTip(QWidget* parent) : QLineEdit(parent) {
 
 void CompletionTip::mousePressEvent(QMouseEvent*) {
     hide();
-    // A hidden widget gets no release of its own.
+    // A hidden widget is not told of the release.
     qApp->installEventFilter(this);
 }
 

@@ -5,13 +5,14 @@
 #include <functional>
 #include <utility>
 
-#include "platform/Desktop.h"
+#include "document/CommandLock.h"
 #include "shell/ToolTipText.h"
+#include "system/Desktop.h"
 
 namespace brindlex {
 namespace {
 
-/// A list that hears of a double click anywhere in it, also where no entry is, and of Enter.
+/// Calls back on Enter and on a double click anywhere in it, also where there is no entry.
 class ErrorList : public QListWidget {
   public:
     ErrorList(QWidget* parent, std::function<void()> onDblClick)
@@ -32,12 +33,12 @@ class ErrorList : public QListWidget {
 
 }  // namespace
 
-ErrorLine::ErrorLine(Desktop& desktop, QWidget& owner, QWidget* parent)
+ErrorLine::ErrorLine(Desktop& desktop, CommandLock& lock, QWidget& owner, QWidget* parent)
     : desktop_(desktop), owner_(owner), SB2_(new QWidget(parent)) {
     SB2_->setObjectName(QStringLiteral("SB2"));
     SB2_->setAccessibleName(QStringLiteral("Error strip"));
     SB2_->setAutoFillBackground(true);
-    txtError_ = new ErrorList(SB2_, [this] { txtError_DblClick(); });
+    txtError_ = new ErrorList(SB2_, [this, &lock] { lock.run([this] { txtError_DblClick(); }); });
     txtError_->setObjectName(QStringLiteral("txtError"));
     txtError_->setAccessibleName(QStringLiteral("Errors"));
     txtError_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -57,7 +58,7 @@ void ErrorLine::UpdateError(const QString& ErrorMessage) {
 }
 
 void ErrorLine::txtError_DblClick() {
-    const QListWidgetItem* line = txtError_->currentItem();
+    const QListWidgetItem* line = txtError_->selectedItems().value(0);
     desktop_.showBox(&owner_, {.text = line ? line->text() : QString(),
                                .title = QStringLiteral("Error"),
                                .icon = BoxIcon::Information,

@@ -7,16 +7,17 @@ class QListWidget;
 
 namespace brindlex {
 
+class CommandLock;
 class Desktop;
 
-/// The strip SB2 with the list txtError: problems that deserve no message box, the newest last and
-/// in view. The oldest lines go when there are more than kMostLines.
+/// The strip SB2 with the list txtError: problems that need no message box, the newest last and in
+/// view. Only the newest kMostLines are kept.
 class ErrorLine {
   public:
     static constexpr int kMostLines = 1000;
 
-    /// `owner` is the window over which a line is shown in full; `parent` owns the strip.
-    ErrorLine(Desktop& desktop, QWidget& owner, QWidget* parent);
+    /// Message boxes open over the window `owner`; `parent` owns the strip.
+    ErrorLine(Desktop& desktop, CommandLock& lock, QWidget& owner, QWidget* parent);
 
     QWidget& SB2() { return *SB2_; }
     QListWidget& txtError() { return *txtError_; }

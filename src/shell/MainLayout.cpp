@@ -1,10 +1,12 @@
 #include "shell/MainLayout.h"
 
 #include <QFontMetrics>
+#include <QScrollBar>
 #include <QWidget>
 #include <algorithm>
 
-#include "platform/Twips.h"
+#include "editor/KELP_RTBSyntax.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
@@ -22,11 +24,19 @@ double lineHeight(const QWidget& widget, int padding) {
     return Twips::fromPixels(widget.fontMetrics().height() + padding);
 }
 
+/// What the widget holds ends at the height `bottom` of its parent, in pixels.
+void endContentsAt(QWidget& widget, int bottom) {
+    const int below = widget.y() + widget.height() - bottom;
+    widget.setContentsMargins(0, 0, 0, std::clamp(below, 0, widget.height()));
+}
+
 }  // namespace
 
 MainLayout::MainLayout(const Controls& controls)
     : inner_(controls.inner),
       picToolBar_{controls.picToolBar, {0, 0, kToolBarWidth, kToolBarHeight}},
+      KELP_RTBSyntax1_(controls.KELP_RTBSyntax1),
+      besideBar_(new QWidget(&controls.KELP_RTBSyntax1)),
       editor_{controls.KELP_RTBSyntax1, {0, kEditorTop, 10605, 9435}},
       TreeView1_{controls.TreeView1, {10560, 360, 3255, 7815}},
       Picture1_{controls.Picture1, {10560, 8160, 3255, 2295}},
@@ -34,9 +44,7 @@ MainLayout::MainLayout(const Controls& controls)
       SB2_{controls.SB2, {0, 10260, 13815, kStripHeight}},
       txtError_{controls.txtError, {kStripInset, kStripInset, 13575, kListHeight}},
       SB1_{controls.SB1, {0, 10860, 13980, kStatusHeight}} {
-    for (Place* place :
-         {&picToolBar_, &editor_, &TreeView1_, &Picture1_, &TreeView2_, &SB2_, &txtError_, &SB1_})
-        move(*place, place->twips);
+    KELP_RTBSyntax1_.rtb().addScrollBarWidget(besideBar_, Qt::AlignLeft);
 }
 
 QSize MainLayout::leastSize(SidePanel panel) {
@@ -76,13 +84,14 @@ void MainLayout::arrange(SidePanel panel) {
             arrangeAlone(w, h);
             break;
     }
-    for (const Place* place : {&editor_, &TreeView2_}) keepClearOfStrips(place->widget);
+    endContentsAt(TreeView2_.widget, SB2_.widget.y());
+    keepEditorClear();
 }
 
 void MainLayout::growWithFont() {
     SB1_.twips.setHeight(std::max(kStatusHeight, lineHeight(SB1_.widget, 2)));
     const double strip = std::max(kStripHeight, 2 * kStripInset + lineHeight(txtError_.widget, 10));
-    // The list fills the strip, less what it is smaller by from the start.
+    // Strip and list keep their first difference in height.
     txtError_.twips.setHeight(strip - (kStripHeight - kListHeight));
     SB2_.twips.setHeight(strip);
 }
@@ -107,8 +116,7 @@ void MainLayout::arrangeWithEntities(double w, double h) {
 }
 
 void MainLayout::arrangeAlone(double w, double h) {
-    // The strip stays where it is, for as long as the window is too small to show it there, at the
-    // window's end.
+    // The strip keeps its place. A window too small for that shows it further up for now.
     const QRectF kept = SB2_.twips;
     QRectF shown = kept;
     shown.moveTop(std::min(kept.top(), h - SB1_.twips.height() - kept.height()));
@@ -130,10 +138,18 @@ void MainLayout::arrangeStrip(double w, double h) {
     move(txtError_, {list.left(), list.top(), w - 2 * kStripInset, list.height()});
 }
 
-void MainLayout::keepClearOfStrips(QWidget& widget) const {
-    const int clear = std::min(SB1_.widget.y(), SB2_.widget.y());
-    const int covered = widget.y() + widget.height() - clear;
-    widget.setContentsMargins(0, 0, 0, std::clamp(covered, 0, widget.height()));
+void MainLayout::keepEditorClear() {
+    RichTextView& view = KELP_RTBSyntax1_.rtb();
+    const int bar = view.horizontalScrollBar()->sizeHint().height();
+    const QRect strip = SB2_.widget.geometry();
+    const int bottom = SB1_.widget.y();
+    const int below = bottom - (strip.y() + strip.height());
+    const int beside = inner_.width() - (strip.x() + strip.width());
+    const bool textGoesOn = below >= 3 * bar || beside >= 10 * bar;
+    endContentsAt(KELP_RTBSyntax1_, textGoesOn ? bottom : strip.y());
+    besideBar_->setFixedWidth(textGoesOn && below < bar ? strip.width() : 0);
+    const int top = strip.y() - KELP_RTBSyntax1_.y();
+    view.setCover(top, textGoesOn ? top + strip.height() : top);
 }
 
 }  // namespace brindlex

@@ -9,15 +9,20 @@ class QWidget;
 
 namespace brindlex {
 
+class KELP_RTBSyntax;
+
 /// Where the controls of the main window stand. Lengths are in twips, from the top left corner of
 /// the window's inner area (below the menu), except where pixels are named.
+///
+/// Beside a panel the editor ends at the strip SB2. Alone it covers the window, and SB2 stays where
+/// it was: if that leaves enough room beside it or below it, the text goes on there.
 class MainLayout {
   public:
-    /// The controls, none of them owned. Strips at the bottom lie above what they overlap.
+    /// The controls, none of them owned. The strips at the bottom lie over what they overlap.
     struct Controls {
         QWidget& inner;  ///< their parent: its size is the window's inner size
         QWidget& picToolBar;
-        QWidget& KELP_RTBSyntax1;
+        KELP_RTBSyntax& KELP_RTBSyntax1;
         QWidget& TreeView1;
         QWidget& Picture1;
         QWidget& TreeView2;
@@ -29,12 +34,12 @@ class MainLayout {
     static constexpr double kFirstInnerWidth = 13980;
     static constexpr double kFirstInnerHeight = 11130;
 
-    /// Puts every control at its first place.
+    /// Moves nothing yet.
     explicit MainLayout(const Controls& controls);
 
-    /// The least size of the window, frame and all, with this panel; pixels, 0 for no limit.
+    /// The least size of the window with its frame while this panel shows; pixels, 0 for no limit.
     static QSize leastSize(SidePanel panel);
-    /// Moves the controls for the present inner size.
+    /// Moves the controls that show for the present inner size.
     void arrange(SidePanel panel);
 
   private:
@@ -49,10 +54,12 @@ class MainLayout {
     void arrangeAlone(double w, double h);
     void arrangeEditorBeside(const Place& panel, double w, double h);
     void arrangeStrip(double w, double h);
-    void keepClearOfStrips(QWidget& widget) const;
+    void keepEditorClear();
 
     QWidget& inner_;
     Place picToolBar_;
+    KELP_RTBSyntax& KELP_RTBSyntax1_;
+    QWidget* besideBar_;  // the room left of the editor's horizontal scroll bar
     Place editor_;
     Place TreeView1_;
     Place Picture1_;

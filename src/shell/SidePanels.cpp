@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "shell/CaptionLabel.h"
+#include "shell/ToolTipText.h"
 
 namespace brindlex {
 namespace {
@@ -19,13 +19,19 @@ QTreeWidget* makeTree(QWidget* parent, const char* name, const char* accessibleN
     return tree;
 }
 
-CaptionLabel* makeLabel(QWidget* parent, const char* name) {
-    auto* label = new CaptionLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
+}  // namespace
+
+CaptionLabel::CaptionLabel(const char* name, QWidget* parent) : QLabel(parent) {
+    setObjectName(QString::fromLatin1(name));
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignTop | Qt::AlignLeading);
 }
 
-}  // namespace
+void CaptionLabel::SetCaption(const QString& caption) {
+    setText(caption);
+    setToolTip(toolTipText(caption));
+}
 
 SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent)
     : funShowCmd_(funShowCmd), funScriptTar_(funScriptTar) {
@@ -41,11 +47,11 @@ SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* pare
     pane->setAccessibleName(QStringLiteral("Description of the command"));
     pane->setAutoFillBackground(true);
     Picture1_ = pane;
-    Label3_ = makeLabel(Picture1_, "Label3");
+    Label3_ = new CaptionLabel("Label3", Picture1_);
     QFont bold = Label3_->font();
     bold.setBold(true);
     Label3_->setFont(bold);
-    Label4_ = makeLabel(Picture1_, "Label4");
+    Label4_ = new CaptionLabel("Label4", Picture1_);
     auto* column = new QVBoxLayout(Picture1_);
     column->setContentsMargins(4, 4, 4, 4);
     column->addWidget(Label3_);

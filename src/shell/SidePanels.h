@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include <QLabel>
 
 class QAction;
 class QTreeWidget;
 
 namespace brindlex {
-
-class CaptionLabel;
 
 enum class SidePanel {
     None,
@@ -15,16 +13,23 @@ enum class SidePanel {
     Entities,  ///< TreeView2
 };
 
-/// The panels at the right of the editor, of which one shows at the most: the command reference
-/// with its description pane, and the names of the map's entities.
+/// A label of plain text whose tool tip follows its caption.
+class CaptionLabel : public QLabel {
+  public:
+    CaptionLabel(const char* name, QWidget* parent);
+    void SetCaption(const QString& caption);
+};
+
+/// The panels at the right of the editor, of which at most one shows: the command reference with
+/// its description pane, and the names of the map's entities.
 class SidePanels {
   public:
-    /// The actions carry the check marks of the panels; `parent` owns the controls.
+    /// The menu entries carry the check marks of the panels; `parent` owns the controls.
     SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent);
 
     QTreeWidget& TreeView1() { return *TreeView1_; }
     QTreeWidget& TreeView2() { return *TreeView2_; }
-    /// What TreeView2 fills: has its place in the window.
+    /// The parent of TreeView2, which fills it but for its margins.
     QWidget& entityPane() { return *entityPane_; }
     QWidget& Picture1() { return *Picture1_; }
     CaptionLabel& Label3() { return *Label3_; }
@@ -43,7 +48,7 @@ class SidePanels {
     QAction& funScriptTar_;
     QTreeWidget* TreeView1_;
     QTreeWidget* TreeView2_;
-    QWidget* entityPane_;  // carries TreeView2, which takes no margins of its own
+    QWidget* entityPane_;
     QWidget* Picture1_;
     CaptionLabel* Label3_;
     CaptionLabel* Label4_;

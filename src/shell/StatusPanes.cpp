@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "platform/Twips.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
@@ -17,7 +17,7 @@ QLabel* makePane(QWidget& bar, const char* name) {
     return pane;
 }
 
-/// Gives a pane its width, or more when the font needs more for `sample`.
+/// Gives a pane its width, or as much as `sample` needs in its font.
 void setPaneWidth(QLabel& pane, double twips, const char* sample) {
     const int text = pane.fontMetrics().horizontalAdvance(QString::fromLatin1(sample));
     pane.setFixedWidth(std::max(Twips::toPixels(twips), text + 2 * pane.frameWidth() + 4));

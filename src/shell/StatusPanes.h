@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <optional>
 
-#include "platform/text/Units.h"
+#include "text/Units.h"
 
 class QLabel;
 

@@ -30,7 +30,7 @@ void ToolBarButton::load(Picture picture) {
 }
 
 bool ToolBarButton::event(QEvent* event) {
-    // Behind these the release may never come.
+    // After these the release may never come.
     if (event->type() == QEvent::Hide || event->type() == QEvent::WindowDeactivate) release();
     return QAbstractButton::event(event);
 }
@@ -44,7 +44,7 @@ void ToolBarButton::mousePressEvent(QMouseEvent* event) {
 
 void ToolBarButton::mouseReleaseEvent(QMouseEvent* event) {
     if (!isDown() || event->button() != heldBy_) return;
-    // A press at the edge is no longer over the button once that has moved away under it.
+    // Where the button stands when it is up: a press at its edge has moved it off the pointer.
     const QPoint pointer = mapToParent(event->position().toPoint());
     release();
     if (event->button() == Qt::LeftButton && geometry().contains(pointer)) Q_EMIT clicked();
@@ -60,7 +60,7 @@ void ToolBarButton::paintEvent(QPaintEvent*) {
     if (!loaded_) return;
     QPainter painter(this);
     const QPixmap& picture =
-        pictures_[*loaded_].shown(width(), devicePixelRatio(), isDark(palette()));
+        pictures_[*loaded_].pixmap(width(), devicePixelRatio(), isDark(palette()));
     if (picture.isNull())
         paintLetter(painter);
     else

@@ -8,20 +8,21 @@
 
 namespace brindlex {
 
-/// A picture button of the toolbar. It is down from a press of any mouse button to its release,
-/// wherever that comes, and emits `pressed` and `released` then; it is clicked, afterwards, by a
-/// release of the left one over it. It takes no focus.
+/// A picture button of the toolbar. Any mouse button presses it, and the release of that button,
+/// wherever it comes, releases it; a release of the left one over it clicks it, too. It never takes
+/// the focus.
 class ToolBarButton : public QAbstractButton {
   public:
     enum Picture { Normal, Hot };
 
-    /// The files of the two pictures, in the order of `Picture`.
+    /// `pictures` are the paths of the two pictures, in the order of `Picture`.
     ToolBarButton(const QString& toolTip, const std::array<QString, 2>& pictures, QWidget* parent);
 
-    /// Shows that picture, or its tool tip's first letter where there is none to show. Before the
+    /// Shows that picture, or the tool tip's first letter if the picture cannot be read. Before the
     /// first call the button is empty.
     void load(Picture picture);
-    /// Ends a press without a click; nothing when there is none.
+    bool isHot() const { return loaded_ == Hot; }
+    /// Ends a press, if there is one, without a click.
     void release();
 
   protected:

@@ -4,15 +4,15 @@
 #include <cmath>
 #include <string>
 
-#include "platform/Files.h"
+#include "system/Files.h"
 
 namespace brindlex {
 namespace {
 
-constexpr int kLargest = 300;  // pixels to a side that are worth keeping
+constexpr int kLargest = 300;  // pixels to a side; a larger picture is scaled down when read
 
-/// Whether the scan of the picture has its end. The decoder takes one that breaks off, too, and
-/// fills what is missing with grey.
+/// Whether the image data has its end. The decoder accepts data that breaks off, and fills the rest
+/// with grey.
 bool isWhole(const std::string& jpeg) {
     const std::size_t scan = jpeg.rfind("\xFF\xDA");
     return scan != std::string::npos && jpeg.find("\xFF\xD9", scan) != std::string::npos;
@@ -38,14 +38,14 @@ void changePixels(QImage& image, Change change) {
     }
 }
 
-/// The most transparent pixel, premultiplied, that gives the opaque `pixel` on white.
+/// The most transparent pixel, premultiplied, that looks like the opaque `pixel` on white.
 QRgb withoutWhite(QRgb pixel) {
     const int white = std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});
     return qRgba(qRed(pixel) - white, qGreen(pixel) - white, qBlue(pixel) - white, 255 - white);
 }
 
-/// The premultiplied pixel with its lightness mirrored; hue, saturation and alpha stay.
-QRgb mirrored(QRgb pixel) {
+/// The premultiplied pixel with its lightness inverted; hue, saturation and alpha stay.
+QRgb inverted(QRgb pixel) {
     const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
     const int shift = qAlpha(pixel) - most - least;
     return qRgba(qRed(pixel) + shift, qGreen(pixel) + shift, qBlue(pixel) + shift, qAlpha(pixel));
@@ -53,7 +53,7 @@ QRgb mirrored(QRgb pixel) {
 
 }  // namespace
 
-const QPixmap& ToolBarPicture::shown(int side, qreal ratio, bool onDark) {
+const QPixmap& ToolBarPicture::pixmap(int side, qreal ratio, bool onDark) {
     if (!image_) {
         image_ = readJpeg(path_);
         changePixels(*image_, withoutWhite);
@@ -67,8 +67,8 @@ const QPixmap& ToolBarPicture::shown(int side, qreal ratio, bool onDark) {
 
 QPixmap ToolBarPicture::render(const Form& form) const {
     if (image_->isNull()) return {};
-    // A side that is no whole number of pixels is widened to one by a transparent rim, in the
-    // picture and on the screen alike, so that the edges of the drawing stay where they belong.
+    // Where a side is not a whole number of device pixels, a transparent rim widens the picture by
+    // the same share as the square on the screen, so that the drawing is not stretched.
     const double side = form.side * form.ratio;
     const int shownSide = static_cast<int>(std::ceil(side));
     const double grown = shownSide / side;
@@ -77,7 +77,7 @@ QPixmap ToolBarPicture::render(const Form& form) const {
         image_->copy({QPoint(), size})
             .scaled(shownSide, shownSide, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
             .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    if (form.onDark) changePixels(image, mirrored);
+    if (form.onDark) changePixels(image, inverted);
     image.setDevicePixelRatio(form.ratio);
     return QPixmap::fromImage(std::move(image));
 }

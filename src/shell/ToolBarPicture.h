@@ -7,16 +7,16 @@
 
 namespace brindlex {
 
-/// A square picture of a toolbar button. Its file holds it on white; shown, it has no background,
-/// and on a dark one light takes the place of dark while the hues stay.
+/// A square picture of a toolbar button. The white that it has in its file becomes transparent; on
+/// a dark background light and dark change places and the hues stay.
 class ToolBarPicture {
   public:
-    /// The JPEG file, read when it is first asked for and kept from then on.
+    /// The path of a JPEG file, which is read once, when the picture is first asked for.
     explicit ToolBarPicture(QString path) : path_(std::move(path)) {}
 
-    /// The picture as it shows in a square of `side` logical pixels at `ratio` pixels to each. Null
-    /// when the file is missing or damaged. The last one is kept.
-    const QPixmap& shown(int side, qreal ratio, bool onDark);
+    /// The picture for a square of `side` logical pixels with `ratio` device pixels to each. Null
+    /// when the file is missing or damaged. Costs nothing when asked for the same as before.
+    const QPixmap& pixmap(int side, qreal ratio, bool onDark);
 
   private:
     struct Form {
@@ -28,7 +28,7 @@ class ToolBarPicture {
     QPixmap render(const Form& form) const;
 
     QString path_;
-    std::optional<QImage> image_;  // without its white; null when there is none to read
+    std::optional<QImage> image_;  // without its white; a null image when it cannot be read
     std::optional<Form> form_;     // of pixmap_
     QPixmap pixmap_;
 };

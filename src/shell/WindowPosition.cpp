@@ -9,15 +9,15 @@
 #include <chrono>
 #include <cmath>
 
-#include "dialogs/Settings.h"
-#include "platform/SettingsStore.h"
-#include "platform/Twips.h"
+#include "document/Settings.h"
+#include "system/SettingsStore.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
 
-/// Some window systems give a window that was maximised another frame, and tell nobody when.
-constexpr std::chrono::milliseconds kFrameComes(100);
+/// Some window systems change the frame of a window that was maximised, and do not tell when.
+constexpr std::chrono::milliseconds kFrameDelay(100);
 
 // The window states of the product.
 enum State { StateNormal = 0, StateMinimised = 1, StateMaximised = 2 };
@@ -38,10 +38,10 @@ Qt::WindowStates statesFor(int state) {
     }
 }
 
-/// Window systems know no further places.
+/// The largest coordinate that every window system takes, in pixels.
 constexpr int kFurthest = 0x7FFF;
 
-/// Nothing for a text that is no number, or one outside `least` to kFurthest pixels.
+/// Unset for a text that is no number, or a number outside `least` to kFurthest pixels.
 std::optional<int> pixelsOf(const QString& twips, int least) {
     bool ok = false;
     const double value = twips.toDouble(&ok);
@@ -50,7 +50,7 @@ std::optional<int> pixelsOf(const QString& twips, int least) {
     return pixels >= least && pixels <= kFurthest ? std::optional(pixels) : std::nullopt;
 }
 
-/// Twips as the decimal text of a single-precision number.
+/// In twips, as the decimal text of a single-precision number.
 QString textOf(int pixels) {
     return QString::number(float(Twips::fromPixels(pixels)), 'g', 7);
 }
@@ -71,13 +71,28 @@ bool canBeDragged(const QRect& frame) {
     });
 }
 
+/// In the middle of the screen, but with its title bar in the part that is free of the system's
+/// panels, and no larger than that part.
+QRect defaultFrame(const QScreen& screen) {
+    const QRect available = screen.availableGeometry();
+    const QSize wanted(Twips::toPixels(13470), Twips::toPixels(11970));
+    const QSize size = wanted.boundedTo(available.size());
+    const QSize rest = screen.size() - size;
+    QRect frame(screen.geometry().topLeft() + QPoint(rest.width() / 2, rest.height() / 2), size);
+    frame.moveRight(std::min(frame.right(), available.right()));
+    frame.moveBottom(std::min(frame.bottom(), available.bottom()));
+    frame.moveLeft(std::max(frame.left(), available.left()));
+    frame.moveTop(std::max(frame.top(), available.top()));
+    return frame;
+}
+
 }  // namespace
 
 WindowPosition::WindowPosition(QWidget& window, SettingsStore& settings)
     : window_(window), settings_(settings) {}
 
 void WindowPosition::setFirstSize(QSize size) {
-    // The frame is not there yet: room for a usual one.
+    // The window has no frame yet: leave room for a usual one.
     const QSize frame(16, window_.style()->pixelMetric(QStyle::PM_TitleBarHeight) + 16);
     if (const QScreen* screen = screenOf(window_))
         size = size.boundedTo(screen->availableSize() - frame);
@@ -88,7 +103,7 @@ void WindowPosition::restore() {
     const SettingsStore::Section saved =
         settings_.readSection(Settings::kApplication, Settings::kSection);
     if (saved.value("FormPos_Top").isEmpty()) return;
-    QRect frame(window_.pos(), frameSize());
+    QRect frame(window_.pos(), window_.frameGeometry().size());
     const auto pixels = [&saved](const char* key, int least) {
         return pixelsOf(saved.value(QString::fromLatin1(key)), least);
     };
@@ -96,9 +111,9 @@ void WindowPosition::restore() {
     if (const auto left = pixels("FormPos_Left", -kFurthest)) frame.moveLeft(*left);
     if (const auto width = pixels("FormPos_Width", 1)) frame.setWidth(*width);
     if (const auto height = pixels("FormPos_Height", 1)) frame.setHeight(*height);
-    // A window may be larger than the screens, but only so far that it can still be painted.
+    // A window may be larger than the screens, but a far larger one could not be painted.
     frame.setSize(frame.size().boundedTo(2 * screenOf(window_)->virtualSize()));
-    // A screen that is gone must not take the window with it.
+    // The screen where it was saved may be gone.
     if (!canBeDragged(frame)) frame.moveTopLeft(window_.pos());
     setFrame(frame);
     restoreState(saved.value("FormPos_State"));
@@ -123,10 +138,6 @@ void WindowPosition::setFrame(const QRect& pixels) {
     window_.resize((pixels.size() - border).expandedTo(QSize(1, 1)));
 }
 
-QSize WindowPosition::frameSize() const {
-    return window_.frameGeometry().size();
-}
-
 void WindowPosition::funSavePos_Click() {
     const QRect frame = window_.frameGeometry();
     settings_.write(Settings::kApplication, Settings::kSection,
@@ -144,14 +155,11 @@ void WindowPosition::funFull_Click() {
 void WindowPosition::funDefault_Click() {
     const bool frameStays = stateOf(window_) == StateNormal;
     window_.setWindowState(Qt::WindowNoState);
-    const QSize size(Twips::toPixels(13470), Twips::toPixels(11970));
-    const QRect screen = screenOf(window_)->geometry();
-    const QSize free = screen.size() - size;
-    setFrame(QRect(screen.topLeft() + QPoint(free.width() / 2, free.height() / 2), size));
+    setFrame(defaultFrame(*screenOf(window_)));
     if (frameStays)
         frameToCome_.reset();
     else
-        QTimer::singleShot(kFrameComes, &window_, [this] { frameIsKnown(); });
+        QTimer::singleShot(kFrameDelay, &window_, [this] { frameIsKnown(); });
 }
 
 }  // namespace brindlex

@@ -11,19 +11,18 @@ namespace brindlex {
 
 class SettingsStore;
 
-/// Place, size and state of the main window. In the store and in the product's words they are in
-/// twips and are those of the window with its frame.
+/// Place, size and state of the main window. What is stored is in twips and counts the frame in.
 class WindowPosition {
   public:
     WindowPosition(QWidget& window, SettingsStore& settings);
 
-    /// Gives the window its first size (pixels, without frame), or as much of it as the screen has
+    /// Sets the size of the window without its frame, in pixels, or as much of it as the screen has
     /// room for.
     void setFirstSize(QSize size);
-    /// Brings back the place that was saved, if one ever was.
+    /// Brings back the saved place, if there is one.
     void restore();
-    /// To be called once the window system has given the window its frame: a size set before was
-    /// one without it.
+    /// To be called when the window system has given the window its frame: a size that was set
+    /// before took the frame to be empty.
     void frameIsKnown();
 
     void funSavePos_Click();
@@ -32,7 +31,6 @@ class WindowPosition {
 
   private:
     void setFrame(const QRect& pixels);
-    QSize frameSize() const;
     void restoreState(const QString& state);
 
     QWidget& window_;

@@ -4,21 +4,20 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QListWidget>
-#include <QLocale>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTreeWidget>
 #include <algorithm>
 #include <utility>
 
 #include "dialogs/frmOptions.h"
+#include "document/AppState.h"
+#include "document/Environment.h"
 #include "editor/ScriptSyntax.h"
-#include "platform/Desktop.h"
-#include "platform/LocalFile.h"
-#include "platform/Twips.h"
-#include "shell/AppState.h"
-#include "shell/MainWindowSettings.h"
-#include "shell/Module1.h"
+#include "system/Desktop.h"
+#include "system/LocalFile.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
@@ -34,31 +33,28 @@ QListWidget* makeCompletionList(QWidget* parent) {
 }  // namespace
 
 // Of two controls that overlap, the one made later lies above.
-frmMain::frmMain(AppState& state, const Surroundings& surroundings)
+frmMain::frmMain(AppState& state, const Environment& environment)
     : state_(state),
-      surroundings_(surroundings),
+      environment_(environment),
       menuBar_(new QMenuBar(this)),
       inner_(new QWidget(this)),
-      menu_(*this, *menuBar_),
+      commands_(*this, *menuBar_),
       editor_(makeEditor()),
-      sidePanels_(menu_.entry("funShowCmd"), menu_.entry("funScriptTar"), inner_),
+      lock_(*editor_),
+      sidePanels_(commands_.entry("funShowCmd"), commands_.entry("funScriptTar"), inner_),
       picToolBar_(makeToolBar()),
-      errorLine_(surroundings.desktop, *this, inner_),
+      errorLine_(environment.desktop, lock_, *this, inner_),
       statusPanes_(inner_),
       List4_(makeCompletionList(inner_)),
       Picture2_(new CompletionTip(inner_)),
-      backup_({state, surroundings.desktop, *editor_, statusPanes_, surroundings.programFolder},
-              this),
-      document_({*this, state, surroundings.desktop, *editor_, statusPanes_, errorLine_, backup_,
-                 surroundings.programFolder}),
       undo_(state, *editor_),
-      editCommands_(*editor_, surroundings.desktop),
+      document_(state, environment, *editor_, lock_, undo_, documentEvents()),
+      editCommands_(environment, *editor_, document_),
       layout_(controls()),
-      position_(*this, surroundings.settings) {
+      position_(*this, environment.settings) {
     setObjectName(QStringLiteral("frmMain"));
+    forms_.add(*this);
     wireEditor();
-    wireDocument();
-    backup_.onTimer = [this] { timerAutoSave_Timer(); };
     makeShortcuts();
     setTabOrders();
     setAcceptDrops(true);
@@ -74,23 +70,22 @@ frmMain::~frmMain() {
 KELP_RTBSyntax* frmMain::makeEditor() {
     auto* editor = new KELP_RTBSyntax(inner_);
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
-    applyMainWindowSettings(*editor);
+    QFont font(QStringLiteral("Courier New"));
+    font.setPointSizeF(9.75);
+    editor->SetBorderStyle(0);
+    editor->SetBulletIndent(1);
+    editor->SetHideSelection(false);
+    editor->SetRightMargin(100000);
+    editor->SetFont(font);
+    editor->SetColorOf_Comments(32768);
+    editor->SetColorOf_ProceduresORFunctions(128);
+    editor->SetColorOf_Constants(128);
     return editor;
 }
 
 ToolBar* frmMain::makeToolBar() {
-    const auto runs = [this](Command command) { return [this, command] { run(command); }; };
-    const ToolBarCommands commands{.funNew_Click = runs(&frmMain::funNew_Click),
-                                   .funOpen_Click = runs(&frmMain::funOpen_Click),
-                                   .funSave_Click = runs(&frmMain::funSave_Click),
-                                   .funCut_Click = runs(&frmMain::funCut_Click),
-                                   .funCopy_Click = runs(&frmMain::funCopy_Click),
-                                   .funPaste_Click = runs(&frmMain::funPaste_Click),
-                                   .funSearch_Click = {},
-                                   .funComBlock_Click = runs(&frmMain::funComBlock_Click),
-                                   .funUnComBlock_Click = runs(&frmMain::funUnComBlock_Click),
-                                   .funCount_Click = {}};
-    return new ToolBar(surroundings_.programFolder, commands, inner_);
+    const auto run = [this](const QString& entry) { commands_.run(entry); };
+    return new ToolBar(environment_.programFolder, run, inner_);
 }
 
 MainLayout::Controls frmMain::controls() {
@@ -108,20 +103,26 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
-    editor_->rtb().onFileDropped = [this](const QString& path) { document_.openDropped(path); };
+    editor_->rtb().onFileDropped = [this](const QString& path) { openDropped(path); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },
                           .cut = [this] { run(&frmMain::funCut_Click); }});
 }
 
-void frmMain::wireDocument() {
-    document_.onTextReplaced = [this] { undo_.clear(); };
-    document_.onLoaded = [this] {
-        if (!std::exchange(closeWanted_, false)) return;
-        // Behind the command that has loaded, for until then the document is busy.
-        QMetaObject::invokeMethod(
-            this, [this] { close(); }, Qt::QueuedConnection);
+Document::Events frmMain::documentEvents() {
+    return {
+        .titleChanged =
+            [this](QString title) {
+                // "[*]" is a place holder of the toolkit unless it stands twice.
+                setWindowTitle(title.replace(QLatin1String("[*]"), "[*][*]"));
+            },
+        .problem = [this](const QString& message) { UpdateError(message); },
+        .setLinePaneVisible = [this](bool visible) { statusPanes_.setLineVisible(visible); },
+        .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
+        .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
+        .opened = {},
+        .startedWithScript = {},
     };
 }
 
@@ -157,26 +158,29 @@ void frmMain::Form_Load() {
     editor_->SetFont(editorFont(state_));
     InitSyntaxEditor();
     picToolBar_->startTimer1();
-    document_.initDialogs();
+    document_.start();
     editor_->SetSelIndent(3);
     showPanelOfSettings();
     state_.UndoRecording = true;
     KELP_RTBSyntax1_Change();
     statusPanes_.InitStatusPanes();
-    if (surroundings_.commandLine.isEmpty())
-        document_.startNew();
-    else
-        document_.startWith(surroundings_.commandLine);
+    lock_.run([this] {
+        if (environment_.commandLine.isEmpty())
+            document_.startNew();
+        else
+            document_.startWith(environment_.commandLine);
+    });
 }
 
 void frmMain::makeOptions() {
     options_ = std::make_unique<frmOptions>(
-        state_, surroundings_.settings,
+        state_, environment_.settings,
         OptionsCallbacks{.hidePanels = [this] { sidePanels_.show(SidePanel::None); },
                          .funShowCmd_Click = [this] { funShowCmd_Click(); },
                          .funScriptTar_Click = [this] { funScriptTar_Click(); },
                          .Form_Resize = [this] { Form_Resize(); }},
         this);
+    forms_.add(*options_);
 }
 
 void frmMain::showPanelOfSettings() {
@@ -198,15 +202,26 @@ void frmMain::Form_QueryUnload(bool& Cancel) {
     Cancel = !document_.mayClose();
     if (Cancel) return;
     ended_ = true;
-    surroundings_.endProgram();
+    environment_.endProgram();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    // In a yield of a load the text and its name do not belong together yet.
-    closeWanted_ = document_.loading();
-    bool cancel = false;
-    if (!ended_) Form_QueryUnload(cancel);
+    bool cancel = !ended_;
+    if (cancel && !closing_ && !lock_.run([&] { closeNow(cancel); })) closeWhenFree();
     event->setAccepted(!cancel);
+}
+
+void frmMain::closeNow(bool& Cancel) {
+    const QScopedValueRollback closing(closing_, true);
+    Form_QueryUnload(Cancel);
+}
+
+void frmMain::closeWhenFree() {
+    if (std::exchange(closeWaits_, true)) return;
+    lock_.runWhenFree([this] {
+        closeWaits_ = false;
+        close();
+    });
 }
 
 void frmMain::resizeEvent(QResizeEvent*) {
@@ -233,7 +248,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     if (path.isEmpty()) return;
     // Later: the program that the file comes from waits until the drop is done.
     QMetaObject::invokeMethod(
-        this, [this, path] { document_.openDropped(path); }, Qt::QueuedConnection);
+        this, [this, path] { openDropped(path); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {
@@ -270,26 +285,14 @@ void frmMain::KELP_RTBSyntax1_SelChange() {
     statusPanes_.showLine(editor_->GetCurrentLine());
 }
 
-void frmMain::timerAutoSave_Timer() {
-    // In a load the text and the map's name do not belong together yet.
-    if (!document_.loading() && backup_.tick()) SaveBackup();
-}
-
 // --- Commands ------------------------------------------------------------------------------------
 
 void frmMain::run(Command command) {
-    editor_->rtb().commitComposition();
-    (this->*command)();
+    lock_.run([this, command] { (this->*command)(); });
 }
 
-int frmMain::FormCount(const QString& frmName) const {
-    const auto isNamed = [&frmName](const QWidget* form) {
-        const Qt::WindowType type = form->windowType();
-        return (type == Qt::Window || type == Qt::Dialog) &&
-               form->objectName().compare(frmName, Qt::CaseInsensitive) == 0;
-    };
-    const auto forms = findChildren<QWidget*>();
-    return int(std::count_if(forms.begin(), forms.end(), isNamed)) + (isNamed(this) ? 1 : 0);
+void frmMain::openDropped(const QString& path) {
+    lock_.run([this, &path] { document_.openDropped(path); });
 }
 
 QString frmMain::UpdateError(const QString& ErrorMessage) {
@@ -300,23 +303,10 @@ QString frmMain::UpdateError(const QString& ErrorMessage) {
 void frmMain::funEdit_Click() {
     const RichTextBox& box = editor_->box();
     for (const char* name : {"funSearch", "funReplace", "funGoTo"})
-        menu_.enable(name, box.length() > 0);
-    for (const char* name : {"funCut", "funCopy"}) menu_.enable(name, !box.selection().empty());
-    menu_.enable("funPaste", surroundings_.desktop.hasClipboardText());
-    menu_.enable("funInsMap", !document_.FileTitle().isEmpty());
-}
-
-void frmMain::funInsMap_Click() {
-    if (!document_.FileTitle().isEmpty()) return editCommands_.insert(document_.baseName());
-    surroundings_.desktop.showBox(this, {.text = QStringLiteral("Load or save your script first."),
-                                         .title = QStringLiteral("Load"),
-                                         .icon = BoxIcon::Information,
-                                         .buttons = BoxButtons::Ok});
-}
-
-void frmMain::funInsTD_Click() {
-    const QDate today = surroundings_.desktop.now().date();
-    editCommands_.insert(QLocale::system().toString(today, QLocale::ShortFormat));
+        commands_.enable(name, box.length() > 0);
+    for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
+    commands_.enable("funPaste", environment_.desktop.hasClipboardText());
+    commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
 }
 
 void frmMain::togglePanel(SidePanel panel) {

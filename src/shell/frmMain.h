@@ -3,18 +3,19 @@
 #include <QWidget>
 #include <memory>
 
+#include "document/CommandLock.h"
+#include "document/Document.h"
+#include "document/EditCommands.h"
+#include "document/UndoHistory.h"
 #include "editor/KELP_RTBSyntax.h"
-#include "shell/AutoBackup.h"
+#include "shell/Commands.h"
 #include "shell/CompletionTip.h"
-#include "shell/Document.h"
-#include "shell/EditCommands.h"
 #include "shell/ErrorLine.h"
+#include "shell/LoadedForms.h"
 #include "shell/MainLayout.h"
-#include "shell/MainMenu.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
 #include "shell/ToolBar.h"
-#include "shell/UndoHistory.h"
 #include "shell/WindowPosition.h"
 
 class QListWidget;
@@ -23,14 +24,12 @@ class QMenuBar;
 namespace brindlex {
 
 class frmOptions;
-struct AppState;
-struct Surroundings;
 
 /// The main window: its parts, how their events are wired, and every handler by name.
 class frmMain : public QWidget {
   public:
     /// Both outlive the window. It comes up empty and hidden until Form_Load.
-    frmMain(AppState& state, const Surroundings& surroundings);
+    frmMain(AppState& state, const Environment& environment);
     ~frmMain() override;
 
     // --- The window's own events ---------------------------------------------------------------
@@ -43,16 +42,15 @@ class frmMain : public QWidget {
     // --- What others use -----------------------------------------------------------------------
     KELP_RTBSyntax& KELP_RTBSyntax1() { return *editor_; }
     Document& document() { return document_; }
-    SidePanels& sidePanels() { return sidePanels_; }
     /// The caret as of the last change of the selection.
     Long CaretPosition() const { return CaretPosition_; }
     /// The number of loaded windows of that name, in whatever case.
-    int FormCount(const QString& frmName) const;
+    int FormCount(const QString& frmName) const { return forms_.FormCount(frmName); }
     void NewFile() { document_.NewFile(); }
     void OpenFile() { document_.OpenFile(); }
     void SaveCurrent() { document_.SaveCurrent(); }
     void SaveAs() { document_.SaveAs(); }
-    void SaveBackup() { backup_.SaveBackup(document_.MapName()); }
+    void SaveBackup() { document_.SaveBackup(); }
     void Undo() { undo_.Undo(); }
     void Redo() { undo_.Redo(); }
     /// Adds a line to txtError; the result is always empty.
@@ -61,8 +59,9 @@ class frmMain : public QWidget {
 
     // --- Commands ------------------------------------------------------------------------------
     using Command = void (frmMain::*)();
-    /// Runs a command that the user gives. The text that is being composed is put in first, or it
-    /// would come into the text that the command leaves.
+    /// A command waits for the user, or yields.
+    bool commandRuns() const { return lock_.held(); }
+    /// Runs a command that the user gives, unless another one runs (CommandLock).
     void run(Command command);
 
     // --- Menu File -----------------------------------------------------------------------------
@@ -71,6 +70,7 @@ class frmMain : public QWidget {
     void funSave_Click() { document_.funSave_Click(); }
     void funSaveAs_Click() { document_.funSaveAs_Click(); }
     void funSavePreset_Click() { document_.funSavePreset_Click(); }
+    /// Closes when the command has ended: until then it holds the lock.
     void funClose_Click() { close(); }
     // --- Menu Edit -----------------------------------------------------------------------------
     /// Enables the entries that have something to work on, each time the menu opens. They stay so
@@ -83,8 +83,8 @@ class frmMain : public QWidget {
     void funPaste_Click() { editCommands_.funPaste_Click(); }
     void funDelete_Click() { editCommands_.funDelete_Click(); }
     void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
-    void funInsMap_Click();
-    void funInsTD_Click();
+    void funInsMap_Click() { editCommands_.funInsMap_Click(); }
+    void funInsTD_Click() { editCommands_.funInsTD_Click(); }
     // --- Menu Tools ----------------------------------------------------------------------------
     void funComBlock_Click() { editor_->CommentBlock(); }
     void funUnComBlock_Click() { editor_->UnCommentBlock(); }
@@ -107,13 +107,15 @@ class frmMain : public QWidget {
   private:
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
-    void timerAutoSave_Timer();
+    void openDropped(const QString& path);
+    void closeNow(bool& Cancel);
+    /// Asks again when the running command has ended.
+    void closeWhenFree();
 
     KELP_RTBSyntax* makeEditor();
     ToolBar* makeToolBar();
     MainLayout::Controls controls();
     void wireEditor();
-    void wireDocument();
     void makeShortcuts();
     void setFirstSize();
     void setTabOrders();
@@ -123,28 +125,32 @@ class frmMain : public QWidget {
     void arrangeMenu();
     int menuHeight() const;
 
+    Document::Events documentEvents();
+
     AppState& state_;
-    const Surroundings& surroundings_;
+    const Environment& environment_;
+    LoadedForms forms_;
+    bool FormLoaded_ = false;
     QMenuBar* menuBar_;
     QWidget* inner_;  // everything below the menu
-    MainMenu menu_;
+    Commands commands_;
     KELP_RTBSyntax* editor_;
+    CommandLock lock_;
     SidePanels sidePanels_;
     ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
     QListWidget* List4_;
     CompletionTip* Picture2_;
-    AutoBackup backup_;
-    Document document_;
     UndoHistory undo_;
+    Document document_;
     EditCommands editCommands_;
     MainLayout layout_;
     WindowPosition position_;
     std::unique_ptr<frmOptions> options_;
     Long CaretPosition_ = 0;
-    bool FormLoaded_ = false;
-    bool closeWanted_ = false;  // in a load, to be done behind it
+    bool closing_ = false;     // its question may be open
+    bool closeWaits_ = false;  // until the running command has ended
     bool ended_ = false;
     bool painted_ = false;
 };

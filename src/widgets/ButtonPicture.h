@@ -7,13 +7,12 @@
 namespace brindlex {
 
 /// A picture object: none, a bitmap, or an icon. An image with nothing in it makes none. Copies
-/// share their pixels. An icon has the size of its largest image.
+/// share their pixels.
 class ButtonPicture {
   public:
     ButtonPicture() = default;
     static ButtonPicture bitmap(const QImage& image);
     static ButtonPicture icon(const QImage& image);
-    static ButtonPicture icon(const QIcon& icon);
     /// From a QImage or QPixmap (a bitmap) or a QIcon; anything else gives none.
     static ButtonPicture of(const QVariant& stored);
     /// What `of` reads back; invalid for none.

@@ -1,11 +1,11 @@
-#include "widgets/XPButtonBorder.h"
-
 #include <QPainter>
 #include <QPoint>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <optional>
+
+#include "widgets/XPButtonFrame.h"
 
 namespace brindlex {
 namespace {
@@ -16,43 +16,35 @@ constexpr Bgr kOutline = 0x733C00;
 constexpr int kOutlineShiftDisabled = -84;
 constexpr int kRingLines = 8;
 
-/// A shift of the colour that a state's rings follow from.
-struct Shade {
-    int shift = 0;
-    bool scaleBlue = true;
+/// What each line inside the outline adds to the colour that the lines of its state follow from.
+constexpr int kShifts[][kRingLines] = {
+    {-10, 10, -24, -32, -5, 16, -36, -48},  // normal: the face
+    {80, 80, 80, 48, 48, 90, 48, 0},        // default: GotFocusBorderColor
+    {-22, -24, 0, 10, -32, -32, 5, 16},     // pressed: the face
+    {80, 80, 80, 48, 48, 90, 48, 0},        // hover: HoverBorderColor
 };
-using Shades = std::array<Shade, kRingLines>;
-
-constexpr Shades kNormal{{{-10}, {10}, {-24}, {-32}, {-5}, {16}, {-36}, {-48}}};
-constexpr Shades kDefault{{{80}, {80}, {80}, {48}, {48}, {90}, {48}, {0}}};
-constexpr Shades kPressed{{{-22}, {-24}, {0}, {10}, {-32}, {-32}, {5}, {16}}};
-constexpr Shades kHover{{{80, false},
-                         {80, false},
-                         {80},
-                         {48, false},
-                         {48, false},
-                         {90, false},
-                         {48, false},
-                         {0, false}}};
-/// By BorderState.
-constexpr std::array<const Shades*, 4> kShades{&kNormal, &kDefault, &kPressed, &kHover};
+constexpr int kHoverLineWithScaledBlue = 2;
 
 Bgr baseColor(const XPButtonFrame& frame, BorderState state) {
-    if (state == BorderState::Hover) return frame.HoverBorderColor;
-    return state == BorderState::Default ? frame.GotFocusBorderColor : frame.FaceColor;
+    if (state == BorderState::Hover) return frame.members.HoverBorderColor.value();
+    if (state == BorderState::Default) return frame.members.GotFocusBorderColor.value();
+    return frame.colors.FaceColor;
 }
 
-Bgr ringColor(const XPButtonFrame& frame, BorderState state, const Shade& shade) {
+Bgr ringColor(const XPButtonFrame& frame, BorderState state, int line) {
     const Bgr base = baseColor(frame, state);
-    if (state == BorderState::Pressed && shade.shift == 0) return base;
-    return AdjustColor(base, shade.shift, shade.scaleBlue);
+    const int shift = kShifts[static_cast<int>(state)][line];
+    if (state == BorderState::Pressed && shift == 0) return base;
+    const bool scaleBlue = state != BorderState::Hover || line == kHoverLineWithScaledBlue;
+    return AdjustColor(base, shift, scaleBlue);
 }
 
 BorderState borderStateOf(const XPButtonFrame& frame) {
-    const XPButtonLook& look = frame.look;
-    if (look.has(XPButtonLook::kOver) && !look.has(XPButtonLook::kDown)) return BorderState::Hover;
-    if (look.isPressed()) return BorderState::Pressed;
-    const bool isDefault = look.has(XPButtonLook::kDefault) && frame.ShowFocusRect;
+    const XPButtonState& state = frame.state;
+    if (state.has(XPButtonState::kOver) && !state.has(XPButtonState::kDown))
+        return BorderState::Hover;
+    if (state.isPressed()) return BorderState::Pressed;
+    const bool isDefault = state.has(XPButtonState::kDefault) && frame.members.ShowFocusRect;
     return isDefault ? BorderState::Default : BorderState::Normal;
 }
 
@@ -62,13 +54,12 @@ std::array<std::optional<Bgr>, 12> Colors(const XPButtonFrame& frame) {
     std::array<std::optional<Bgr>, 12> colors;
     const auto outline = colors.begin() + kRingLines;
     if (!frame.Enabled) {
-        std::fill(outline, colors.end(), AdjustColor(frame.FaceColor, kOutlineShiftDisabled));
+        std::fill(outline, colors.end(),
+                  AdjustColor(frame.colors.FaceColor, kOutlineShiftDisabled));
         return colors;
     }
     const BorderState state = borderStateOf(frame);
-    const Shades& shades = *kShades.at(static_cast<std::size_t>(state));
-    std::transform(shades.begin(), shades.end(), colors.begin(),
-                   [&](const Shade& shade) { return ringColor(frame, state, shade); });
+    for (int line = 0; line < kRingLines; ++line) colors.at(line) = ringColor(frame, state, line);
     std::fill(outline, colors.end(), kOutline);
     return colors;
 }
@@ -79,8 +70,8 @@ std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
     const int h = frame.size.height();
     const int left = frame.region.LeftEdge;
     const int right = frame.region.RightEdge;
-    const int a = slantsLeft(frame.ButtonShape) ? 1 : 0;
-    const int b = slantsRight(frame.ButtonShape) ? 1 : 0;
+    const int a = slantsLeft(frame.members.ButtonShape) ? 1 : 0;
+    const int b = slantsRight(frame.members.ButtonShape) ? 1 : 0;
     std::array<QPoint, 16> points{QPoint(left + 2 - 4 * a, h - 3), QPoint(2 + 2 * a, 2),
                                   QPoint(right - 3 + 3 * b, 2), QPoint(w - 3 - 3 * b, h - 3),
                                   QPoint(left + 1 - 4 * a, h - 3)};
@@ -100,22 +91,8 @@ std::array<QPoint, 16> PointTable(const XPButtonFrame& frame) {
 
 /// The points that each line leads from and to, in the order of its colours. The way from point 13
 /// to 14 is none: it lies under the last line or below the face.
-struct Line {
-    std::size_t from;
-    std::size_t to;
-};
-constexpr std::array<Line, 12> kLines{{{0, 1},
-                                       {1, 2},
-                                       {2, 3},
-                                       {3, 4},
-                                       {5, 6},
-                                       {6, 7},
-                                       {7, 8},
-                                       {8, 9},
-                                       {10, 11},
-                                       {11, 12},
-                                       {12, 13},
-                                       {14, 15}}};
+constexpr int kLines[][2] = {{0, 1}, {1, 2}, {2, 3},   {3, 4},   {5, 6},   {6, 7},
+                             {7, 8}, {8, 9}, {10, 11}, {11, 12}, {12, 13}, {14, 15}};
 
 int sign(int number) {
     return (number > 0) - (number < 0);
@@ -154,10 +131,9 @@ void drawCorners(QPainter& painter, const XPButtonFrame& frame, const QColor& co
 void DrawBorder(QPainter& painter, const XPButtonFrame& frame) {
     const std::array<QPoint, 16> points = PointTable(frame);
     const std::array<std::optional<Bgr>, 12> colors = Colors(frame);
-    for (std::size_t i = 0; i < kLines.size(); ++i)
+    for (std::size_t i = 0; i < colors.size(); ++i)
         if (const std::optional<Bgr>& color = colors.at(i))
-            drawLine(painter, points.at(kLines.at(i).from), points.at(kLines.at(i).to),
-                     qColor(*color));
+            drawLine(painter, points.at(kLines[i][0]), points.at(kLines[i][1]), qColor(*color));
     drawCorners(painter, frame, qColor(colors.back().value_or(kOutline)));
 }
 

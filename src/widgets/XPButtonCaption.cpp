@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Twips.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
@@ -41,18 +41,6 @@ Shown shownText(const QString& caption) {
     return shown;
 }
 
-}  // namespace
-
-std::optional<QString> accessKeyOf(const QString& caption) {
-    const qsizetype mark = caption.lastIndexOf(kMark);
-    if (mark < 0) return std::nullopt;
-    return caption.mid(mark + 1, 1);
-}
-
-QString spokenCaption(const QString& caption) {
-    return shownText(withLines(caption, QStringLiteral(" "))).text;
-}
-
 QFont drawingFont(const QFont& font) {
     QFont drawing(font);
     drawing.setFamily(font.family().left(kLongestFaceName));
@@ -61,21 +49,26 @@ QFont drawingFont(const QFont& font) {
     return drawing;
 }
 
-XPButtonCaption::XPButtonCaption(const QString& caption, const QFont& drawingFont,
-                                 qsizetype mostCharacters) {
+}  // namespace
+
+QString spokenCaption(const QString& caption) {
+    return shownText(withLines(caption, QStringLiteral(" "))).text;
+}
+
+void XPButtonCaption::setText(const QString& caption, const QFont& font) {
     const Shown shown = shownText(caption);
-    layout_.setText(shown.text.left(mostCharacters));
-    layout_.setFont(drawingFont);
+    layout_.setText(shown.text);
+    layout_.setFont(drawingFont(font));
     layout_.setCacheEnabled(true);
-    if (shown.underlined < 0 || shown.underlined >= layout_.text().size()) return;
     QTextLayout::FormatRange accessKey;
     accessKey.start = shown.underlined;
     accessKey.length = 1;
     accessKey.format.setFontUnderline(true);
-    layout_.setFormats({accessKey});
+    layout_.setFormats(shown.underlined < 0 ? QList<QTextLayout::FormatRange>()
+                                            : QList<QTextLayout::FormatRange>{accessKey});
 }
 
-void XPButtonCaption::wrap(int width, Qt::Alignment alignment) {
+QSize XPButtonCaption::wrap(int width, Qt::Alignment alignment) {
     QTextOption option(alignment);
     option.setWrapMode(QTextOption::WordWrap);
     layout_.setTextOption(option);
@@ -83,13 +76,13 @@ void XPButtonCaption::wrap(int width, Qt::Alignment alignment) {
     double height = 0;
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
-        line.setLineWidth(width);
+        line.setLineWidth(std::max(0, width));
         line.setPosition({0, height});
         height += line.height();
         widest = std::max(widest, line.naturalTextWidth());
     }
     layout_.endLayout();
-    size_ = QSize(static_cast<int>(std::ceil(widest)), static_cast<int>(std::ceil(height)));
+    return size_ = QSize(static_cast<int>(std::ceil(widest)), static_cast<int>(std::ceil(height)));
 }
 
 void XPButtonCaption::draw(QPainter& painter, const QRect& rect) const {

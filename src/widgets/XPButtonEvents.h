@@ -4,14 +4,17 @@
 
 namespace brindlex {
 
-/// What a button tells its user. Button: 1 left, 2 right, 4 middle; of a move those that are held,
-/// summed up. Shift: 1 Shift, 2 Ctrl, 4 Alt, summed up. X and Y: pixels of the button. MouseLeave
-/// comes up to 50 milliseconds after the pointer has left. A handler may do anything to the button,
-/// delete it too.
+/// The events of a button. Button: 1 left, 2 right, 4 middle; of a move the sum of those that are
+/// held. Shift: the sum of 1 Shift, 2 Ctrl, 4 Alt. X and Y: pixels of the button. MouseLeave comes
+/// up to 50 milliseconds after the pointer has left.
 ///
-/// Arguments are by reference. A KeyCode set to 0 consumes the key. After MouseUp a Click follows
-/// when Button is 1, after DblClick the button is held down when Button is 1. What a handler writes
-/// into the others has no effect.
+/// A handler may set members and handlers of the button, wait in an event loop of its own, and call
+/// deleteLater: the button is gone when the event has been handled, and not before. It must not
+/// delete the button at once, and what runs in a loop of its own must not delete it at all.
+///
+/// Arguments are passed by reference. A KeyCode set to 0 consumes the key. A Click follows MouseUp,
+/// and a press follows DblClick, only if the handler leaves Button at 1. What a handler writes into
+/// other arguments has no effect.
 struct XPButtonEvents {
     using Mouse = std::function<void(int& Button, int& Shift, float& X, float& Y)>;
     using Key = std::function<void(int& KeyCode, int& Shift)>;

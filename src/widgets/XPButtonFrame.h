@@ -2,41 +2,37 @@
 
 #include <QImage>
 #include <QSize>
-#include <memory>
 
 #include "widgets/XPButtonCaption.h"
-#include "widgets/XPButtonColors.h"
 #include "widgets/XPButtonLayout.h"
 #include "widgets/XPButtonMembers.h"
 #include "widgets/XPButtonRegion.h"
 
+class QPainter;
+
 namespace brindlex {
 
-/// All that one frame shows, as values. Colours are resolved, but for the two of the border.
+/// All that one frame of a button shows. Refers to the button: it is painted before that changes.
 struct XPButtonFrame {
+    const XPButtonMembers& members;
+    const XPButtonWorkingColors& colors;
+    const XPButtonRegion& region;
+    const XPButtonLayout& layout;
+    const XPButtonCaption& caption;
+    const QImage& picture;  ///< at its drawn size; null without a picture
     QSize size;
     QSize screen;  ///< of the screen, in logical pixels
-    int ButtonShape = 0;
-    int GradientMode = 0;
-    int CaptionStyle = 0;
-    XPButtonLook look;
+    XPButtonState state;
     bool Enabled = true;
-    bool ShowFocusRect = true;
-
-    Bgr FaceColor = 0;
-    Bgr PressedColor = 0;
-    Bgr HoverFaceColor = 0;
-    Bgr ForeColor = 0;
-    Bgr HoverForeColor = 0;
-    Bgr GradientColor = 0;
-    Bgr GotFocusBorderColor = 0;
-    Bgr HoverBorderColor = 0;
-    bool hoverKeepsGradient = true;  ///< GradientColor and HoverBackColor are the same
-
-    XPButtonRegion region;
-    XPButtonLayout layout;
-    std::shared_ptr<const XPButtonCaption> caption;  ///< none without a caption
-    QImage picture;  ///< at its drawn size, as it shows for Enabled; null without a picture
 };
+
+/// Paints a whole frame, its top left at the painter's origin. One pixel of the frame is one
+/// logical pixel. What lies outside of the window region may be painted, too. Up to one filled row
+/// for each pixel of the height or width.
+void PaintFrame(QPainter& painter, const XPButtonFrame& frame);
+
+/// Draws the three rings of shapes 0 to 3 and the pixels inside of nipped corners: a part of
+/// PaintFrame.
+void DrawBorder(QPainter& painter, const XPButtonFrame& frame);
 
 }  // namespace brindlex

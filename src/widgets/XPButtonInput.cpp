@@ -1,18 +1,21 @@
-#include "widgets/XPButtonInput.h"
+// Pointer and keys of a button. It is still there after each event: handlers only call deleteLater.
 
-#include <Qt>
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
 
-#include "platform/KeyCodes.h"
-#include "widgets/XPButtonWindow.h"
+#include "system/CodePage.h"
+#include "system/KeyCodes.h"
+#include "widgets/XPButton.h"
 
 namespace brindlex {
 namespace {
 
-using Look = XPButtonLook;
-
 constexpr int kLeftButton = 1;
 constexpr int kNoButton = -1;
 constexpr int kShiftKey = 16;
+constexpr int kSpace = 32;
 constexpr int kFirstArrow = 37;
 constexpr int kLastArrow = 40;
 
@@ -20,188 +23,238 @@ constexpr bool isArrow(int keyCode) {
     return keyCode >= kFirstArrow && keyCode <= kLastArrow;
 }
 
-}  // namespace
-
-XPButtonInput::XPButtonInput(Look& look, XPButtonWindow& window, const XPButtonEvents& events)
-    : look_(look), window_(window), events_(events) {}
-
-/// False when the button is gone.
-template <typename Event, typename... Arguments>
-bool XPButtonInput::raise(const Event& event, Arguments&... arguments) {
-    if (!event) return true;
-    const std::weak_ptr<char> life = life_;
-    const Event handler = event;  // outlives a button that it destroys
-    handler(arguments...);
-    return !life.expired();
+/// KeyAscii of each character that a key makes.
+std::string asciiOf(const QKeyEvent& event) {
+    if (makesCharacters(event)) return CodePage::system().fromUnicode(event.text());
+    const int code = controlCodeOf(event);
+    return code == 0 ? std::string() : std::string(1, static_cast<char>(code));
 }
 
-void XPButtonInput::redrawUndelayed() {
-    window_.setDelayDrawing(false);
-    window_.redrawAtOnce();
+template <typename Event, typename... Arguments>
+void raiseEvent(const Event& event, Arguments&... arguments) {
+    if (const Event handler = event) handler(arguments...);  // a copy: it may replace itself
+}
+
+}  // namespace
+
+// --- Hover --------------------------------------------------------------------------------------
+
+/// Some systems say where the pointer is only while it is over a window of the program.
+bool XPButton::isUnderPointer() const {
+    return !pointerLeft_ && QApplication::widgetAt(QCursor::pos()) == this;
+}
+
+void XPButton::followPointer() {
+    pointerLeft_ = false;
+    liftIfReleased();
+    if (state().Hovering || !isUnderPointer()) return;
+    state_.set(XPButtonState::kOver, true);
+    state_.Hovering = true;
+    tmrHover_.start();
+    raiseEvent(events.MouseEnter);
+    DelayDrawing(false);
+}
+
+void XPButton::tmrHover_Timer() {
+    if (isUnderPointer()) return;
+    tmrHover_.stop();
+    state_.Hovering = false;
+    state_.set(XPButtonState::kOver, false);
+    DelayDrawing(false);
+    raiseEvent(events.MouseLeave);
+    Refresh();
+}
+
+/// The button may have come to a pointer that rests.
+void XPButton::enterEvent(QEnterEvent*) {
+    if (isEnabled()) followPointer();
+}
+
+void XPButton::leaveEvent(QEvent*) {
+    pointerLeft_ = true;
+    firstPress_ = 0;
+}
+
+// --- Down and up --------------------------------------------------------------------------------
+
+/// Ends the delay; what is raised next may take its time.
+void XPButton::redrawAtOnce() {
+    DelayDrawing(false);
+    showRedraw();
+}
+
+void XPButton::setDown(bool down) {
+    if (state().has(XPButtonState::kDown) == down) return;
+    state_.set(XPButtonState::kDown, down);
+    QAccessible::State changed;
+    changed.pressed = true;
+    announce(changed);
+}
+
+/// Without a click: the release goes elsewhere.
+void XPButton::lift() {
+    leftHeld_ = false;
+    setDown(false);
+    Redraw();
+}
+
+/// Another window may have got the release: one that a handler has opened, for instance.
+void XPButton::liftIfReleased() {
+    if (leftHeld_ && !(QGuiApplication::mouseButtons() & Qt::LeftButton)) lift();
+}
+
+void XPButton::hideEvent(QHideEvent*) {
+    lift();
 }
 
 // --- Mouse --------------------------------------------------------------------------------------
 
-void XPButtonInput::hold(const XPButtonMouse& mouse) {
-    held_ |= mouse.Button;
-    onFace_ = mouse.onFace ? onFace_ | mouse.Button : onFace_ & ~mouse.Button;
-}
-
-void XPButtonInput::letGo(int buttons) {
-    held_ &= ~buttons;
-    onFace_ &= ~buttons;
-}
-
-void XPButtonInput::releaseLost(int buttons) {
-    letGo(buttons);
-    if ((buttons & kLeftButton) == 0 || !look_.has(Look::kDown)) return;
-    look_.set(Look::kDown, false);
-    window_.Redraw();
-}
-
-int XPButtonInput::stillHeld() const {
-    return held_ & window_.heldButtons();
-}
-
-void XPButtonInput::noticeReleases() {
-    noticeReleasesSince(held_);
-}
-
-/// A handler may have waited for the user, who let go meanwhile, or have hidden the button.
-void XPButtonInput::noticeReleasesSince(int before) {
-    releaseLost(before & ~stillHeld());
-}
-
-void XPButtonInput::UserControl_MouseDown(XPButtonMouse mouse) {
-    hold(mouse);
-    const int before = stillHeld();
-    firstPress_ = mouse.Button;
-    if (press(mouse)) noticeReleasesSince(before);
-}
-
-/// False when the button is gone. The button may have come to a pointer that rests.
-bool XPButtonInput::press(XPButtonMouse mouse) {
-    if (!noticePointer()) return false;
-    LastButton_ = mouse.Button;
-    if (mouse.Button == kLeftButton) {
-        look_.set(Look::kDown, true);
-        redrawUndelayed();
+void XPButton::UserControl_MouseDown(int Button, int Shift, float X, float Y) {
+    LastButton_ = Button;
+    if (Button == kLeftButton) {
+        leftHeld_ = true;
+        setDown(true);
+        redrawAtOnce();
     }
-    return raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+    raiseEvent(events.MouseDown, Button, Shift, X, Y);
 }
 
-void XPButtonInput::UserControl_MouseMove(XPButtonMouse mouse) {
-    releaseLost(held_ & ~mouse.Button);
-    if (noticePointer()) raise(events_.MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+void XPButton::UserControl_MouseMove(int Button, int Shift, float X, float Y) {
+    followPointer();
+    raiseEvent(events.MouseMove, Button, Shift, X, Y);
 }
 
-bool XPButtonInput::noticePointer() {
-    const bool entering = look_.has(Look::kOver);  // the handler of MouseEnter runs
-    return look_.Hovering || entering || !window_.isUnderPointer() || startHover();
-}
-
-/// False when the button is gone.
-bool XPButtonInput::startHover() {
-    look_.set(Look::kOver, true);
-    if (!raise(events_.MouseEnter)) return false;
-    window_.setHoverTimer(true);
-    look_.Hovering = true;
-    redrawUndelayed();
-    return true;
-}
-
-void XPButtonInput::tmrHover_Timer() {
-    if (window_.isUnderPointer()) return;
-    window_.setHoverTimer(false);
-    look_.Hovering = false;
-    look_.set(Look::kOver, false);
-    window_.setDelayDrawing(false);
-    if (raise(events_.MouseLeave)) redrawUndelayed();
-}
-
-void XPButtonInput::UserControl_MouseUp(XPButtonMouse mouse) {
-    const bool clicked = mouse.onFace && (onFace_ & mouse.Button) != 0;
-    letGo(mouse.Button);
-    if (mouse.Button == kLeftButton) {
-        look_.set(Look::kDown, false);
-        redrawUndelayed();
+void XPButton::UserControl_MouseUp(int Button, int Shift, float X, float Y) {
+    if (Button == kLeftButton) {
+        leftHeld_ = false;
+        setDown(false);
+        redrawAtOnce();
     }
-    if (!raise(events_.MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) return;
-    LastButton_ = mouse.Button;
-    if (clicked) UserControl_Click();
+    raiseEvent(events.MouseUp, Button, Shift, X, Y);
+    LastButton_ = Button;
 }
 
-void XPButtonInput::UserControl_Click() {
-    click();
+void XPButton::UserControl_Click() {
+    if (LastButton_ == kLeftButton) raiseEvent(events.Click);
 }
 
-/// False when the button is gone.
-bool XPButtonInput::click() {
-    return LastButton_ != kLeftButton || raise(events_.Click);
+void XPButton::UserControl_DblClick() {
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    int Button = kLeftButton;
+    int Shift = 0;
+    auto X = static_cast<float>(pointer.x());
+    auto Y = static_cast<float>(pointer.y());
+    raiseEvent(events.DblClick, LastButton_);
+    if (LastButton_ != kLeftButton) return raiseEvent(events.MouseDown, Button, Shift, X, Y);
+    UserControl_MouseDown(Button, Shift, X, Y);
+    LastButton_ = kNoButton;
 }
 
-void XPButtonInput::UserControl_DblClick(const XPButtonMouse& second) {
-    hold(second);
-    const int before = stillHeld();
-    LastButton_ = second.Button;  // an access key may have come between
-    const QPoint place = window_.pointerPosition();
-    XPButtonMouse mouse{kLeftButton, 0, static_cast<float>(place.x()),
-                        static_cast<float>(place.y())};
-    int button = LastButton_;  // the handler's: the button may be gone when it returns
-    if (!raise(events_.DblClick, button)) return;
-    LastButton_ = button;
-    if (button == kLeftButton) {
-        if (!press(mouse)) return;
-        LastButton_ = kNoButton;
-    } else if (!raise(events_.MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y)) {
-        return;
-    }
-    noticeReleasesSince(before);
+void XPButton::mousePressEvent(QMouseEvent* event) {
+    const int button = mouseButtonsOf(event->button());
+    if (button == 0) return event->ignore();
+    firstPress_ = button;
+    followPointer();
+    const QPointF place = event->position();
+    UserControl_MouseDown(button, shiftOf(event->modifiers()), place.x(), place.y());
+}
+
+/// The toolkit counts the presses in a window, and the first one may have been elsewhere.
+void XPButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    const int button = mouseButtonsOf(event->button());
+    if (button == 0 || button != firstPress_) return mousePressEvent(event);
+    followPointer();
+    LastButton_ = button;  // an access key may have come between
+    UserControl_DblClick();
+}
+
+void XPButton::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF place = event->position();
+    UserControl_MouseMove(mouseButtonsOf(event->buttons()), shiftOf(event->modifiers()), place.x(),
+                          place.y());
+}
+
+void XPButton::mouseReleaseEvent(QMouseEvent* event) {
+    const int button = mouseButtonsOf(event->button());
+    if (button == 0) return event->ignore();
+    const QPointF place = event->position();
+    const bool clicks = leftHeld_ && button == kLeftButton && isOnFace(event->pos());
+    UserControl_MouseUp(button, shiftOf(event->modifiers()), place.x(), place.y());
+    if (clicks) UserControl_Click();
 }
 
 // --- Keys ---------------------------------------------------------------------------------------
 
-void XPButtonInput::UserControl_KeyDown(XPButtonKey& key) {
-    if (isArrow(key.KeyCode)) {
-        key.KeyCode = 0;
-        window_.postToContainer(key.forContainer);
-    }
-    if (key.KeyCode == kSpace && !key.repeats && !look_.has(Look::kDown)) pressSpace();
-    if (key.KeyCode != 0) raise(events_.KeyDown, key.KeyCode, key.Shift);
-}
-
 /// Shows one pressed frame wherever the pointer is; the next one follows the pointer.
-void XPButtonInput::pressSpace() {
-    look_.set(Look::kDown, true);
-    look_.set(Look::kOver, true);
-    window_.redrawAtOnce();
-    if (!look_.Hovering) look_.set(Look::kOver, false);
+void XPButton::pressSpace() {
+    setDown(true);
+    state_.set(XPButtonState::kOver, true);
+    Redraw();
+    showRedraw();
+    state_.set(XPButtonState::kOver, state().Hovering);
 }
 
-void XPButtonInput::UserControl_KeyUp(XPButtonKey& key) {
-    if (key.KeyCode == kSpace && look_.has(Look::kDown)) {
-        LastButton_ = kLeftButton;
-        look_.set(Look::kDown, false);
-        window_.redrawAtOnce();
-        if (!click()) return;
+void XPButton::UserControl_KeyDown(int& KeyCode, int Shift, const QKeyEvent& key) {
+    if (isArrow(KeyCode)) {
+        KeyCode = 0;
+        passToContainer(key);
     }
-    if (isArrow(key.KeyCode) || key.KeyCode == kShiftKey) key.KeyCode = 0;
-    if (key.KeyCode > 0) raise(events_.KeyUp, key.KeyCode, key.Shift);
+    const bool isDown = state().has(XPButtonState::kDown);
+    if (KeyCode == kSpace && !isDown && !key.isAutoRepeat()) pressSpace();
+    if (KeyCode != 0) raiseEvent(events.KeyDown, KeyCode, Shift);
 }
 
-void XPButtonInput::UserControl_KeyPress(int KeyAscii) {
-    raise(events_.KeyPress, KeyAscii);
+void XPButton::UserControl_KeyPress(int KeyAscii) {
+    raiseEvent(events.KeyPress, KeyAscii);
 }
 
-void XPButtonInput::UserControl_AccessKeyPress(int KeyAscii) {
+void XPButton::UserControl_KeyUp(int& KeyCode, int Shift) {
+    if (KeyCode == kSpace && state().has(XPButtonState::kDown)) {
+        LastButton_ = kLeftButton;
+        setDown(false);
+        Redraw();
+        showRedraw();
+        UserControl_Click();
+    }
+    if (isArrow(KeyCode) || KeyCode == kShiftKey) KeyCode = 0;
+    if (KeyCode > 0) raiseEvent(events.KeyUp, KeyCode, Shift);
+}
+
+void XPButton::UserControl_AccessKeyPress(int KeyAscii) {
     const bool formKey = KeyAscii == kAsciiEscape || KeyAscii == kAsciiEnter;
-    if (!formKey && !look_.has(Look::kDefault)) window_.redrawAtOnce();
+    if (!formKey && !state().has(XPButtonState::kDefault)) Redraw();
     LastButton_ = kLeftButton;
-    click();
+    UserControl_Click();
 }
 
-void XPButtonInput::focusLost() {
-    if ((held_ & kLeftButton) == 0) releaseLost(kLeftButton);
+void XPButton::keyPressEvent(QKeyEvent* event) {
+    int KeyCode = keyCodeOf(*event);
+    if (KeyCode == kAsciiEnter && host().DisplayAsDefault()) {
+        if (!event->isAutoRepeat()) UserControl_AccessKeyPress(kAsciiEnter);
+        return;
+    }
+    const bool isSpace = KeyCode == kSpace;
+    UserControl_KeyDown(KeyCode, shiftOf(event->modifiers()), *event);
+    event->setAccepted(isSpace || KeyCode == 0);
+    if (KeyCode == 0) return;
+    for (const char character : asciiOf(*event))
+        UserControl_KeyPress(static_cast<unsigned char>(character));
+}
+
+void XPButton::keyReleaseEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) return;
+    int KeyCode = keyCodeOf(*event);
+    const bool isSpace = KeyCode == kSpace;
+    UserControl_KeyUp(KeyCode, shiftOf(event->modifiers()));
+    event->setAccepted(isSpace || KeyCode == 0);
+}
+
+/// A container that does nothing with the key leaves the step to the next or previous widget.
+void XPButton::passToContainer(const QKeyEvent& key) {
+    QKeyEvent copy(key.type(), key.key(), key.modifiers());
+    if (QWidget* const container = parentWidget()) QCoreApplication::sendEvent(container, &copy);
+    const bool forward = key.key() == Qt::Key_Right || key.key() == Qt::Key_Down;
+    if (hasFocus() && !copy.isAccepted()) focusNextPrevChild(forward);
 }
 
 }  // namespace brindlex

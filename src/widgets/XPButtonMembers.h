@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QFont>
+#include <QLatin1String>
 #include <QString>
 
-#include "platform/ColorValue.h"
-#include "platform/MousePointer.h"
+#include "system/ColorValue.h"
 #include "widgets/ButtonPicture.h"
+#include "widgets/XPButtonColors.h"
 
 namespace brindlex {
 
@@ -18,13 +18,15 @@ inline constexpr int kMaxPictureSize = 4;
 inline constexpr int kMaxGradientMode = 4;
 inline constexpr int kMaxHoverColorLocks = 3;
 
+/// Values of CaptionAlign.
+inline constexpr int kCaptionAtLeft = 0;
+inline constexpr int kCaptionAtRight = 1;
 inline constexpr int kCaptionCentred = 2;
-/// Values of PictureAlign: at an edge, or beside, above or below the caption. From kAbove on
-/// caption and picture stand in the middle.
+/// Values of PictureAlign: at an edge of the button, or next to the caption.
 enum PictureSide { kAtLeft, kLeftOfCaption, kAtRight, kRightOfCaption, kAbove, kBelow };
 
-/// Shapes: 0 rectangle, 1 left side slanted, 2 right side slanted, 3 both, 4 oval, 5 oval with a
-/// picture only, 6 the same with an outline, 7 the picture is the button.
+/// Values of ButtonShape: 0 rectangle, 1 left side slanted, 2 right side slanted, 3 both, 4 oval,
+/// 5 oval with a picture only, 6 the same with an outline, 7 the picture is the button.
 inline constexpr int kFirstOval = 4;
 inline constexpr int kFirstShapeWithoutCaption = 5;
 inline constexpr int kOutlinedOval = 6;
@@ -42,7 +44,7 @@ constexpr bool isOval(int shape) {
     return shape >= kFirstOval && shape <= kOutlinedOval;
 }
 
-/// Sizes of a picture in pixels. Above kLargestPlacedSize it takes its place from the button.
+/// Values of PicturePixels. A larger picture than kLargestPlacedSize fills the button.
 inline constexpr int kLargestPlacedSize = 32;
 inline constexpr int kStretchedSize = 40;
 inline constexpr int kFittedSize = 48;
@@ -50,14 +52,14 @@ inline constexpr int kFittedSize = 48;
 inline constexpr ColorValue kButtonFace{0x8000000F};
 inline constexpr ColorValue kButtonText{0x80000012};
 
-/// What the user of a button sets, with the values of a button that nothing was set on.
+/// The members of a button, as they are in one on which nothing was set.
 struct XPButtonMembers {
     QString Caption;
     int CaptionAlign = kCaptionCentred;
-    int CaptionStyle = 0;
+    int CaptionStyle = 0;  ///< 0 plain, 1 engraved, 2 raised
     int ButtonShape = 0;
     ButtonPicture Picture;
-    int PictureAlign = 0;
+    int PictureAlign = kAtLeft;
     int PicturePixels = 16;  ///< PictureSize as it is stored: 16, 24, 32, 40 or 48; 0 when not set
     bool ShowFocusRect = true;
     ColorValue ForeColor = kButtonText;
@@ -71,17 +73,49 @@ struct XPButtonMembers {
     ColorValue HoverBackColor = kButtonFace;
 };
 
-/// The members that belong to the window itself.
-struct XPButtonWindowMembers {
-    bool Enabled = true;
-    QFont Font;
-    int MousePointer = 0;  ///< 0 to 15, or kCustomPointer
-    ButtonPicture MouseIcon;
+/// The keys that the members are stored under, and by which the host hears what changed. Stores and
+/// hosts take them without regard to case.
+namespace storekey {
+
+inline constexpr QLatin1String kCaption("Caption");
+inline constexpr QLatin1String kCaptionAlign("CapAlign");
+inline constexpr QLatin1String kCaptionStyle("CapStyle");
+inline constexpr QLatin1String kButtonShape("Shape");
+inline constexpr QLatin1String kPicture("Image");
+inline constexpr QLatin1String kPictureAlign("ImgAlign");
+inline constexpr QLatin1String kPictureSize("ImgSize");
+inline constexpr QLatin1String kEnabled("Enabled");
+inline constexpr QLatin1String kShowFocusRect("Focus");
+inline constexpr QLatin1String kMousePointer("mPointer");
+inline constexpr QLatin1String kMouseIcon("mIcon");
+inline constexpr QLatin1String kFont("Font");
+inline constexpr QLatin1String kForeColor("cFore");
+inline constexpr QLatin1String kBackColor("cBack");
+inline constexpr QLatin1String kGradientColor("cGradient");
+inline constexpr QLatin1String kGotFocusBorderColor("GotFocusBorderColor");
+inline constexpr QLatin1String kHoverBorderColor("HoverBorderColor");
+inline constexpr QLatin1String kGradientMode("Gradient");
+inline constexpr QLatin1String kHoverColorLocks("LockHover");
+inline constexpr QLatin1String kHoverForeColor("cFHover");
+inline constexpr QLatin1String kHoverBackColor("cBHover");
+inline constexpr QLatin1String kHoverBackColorWritten("cBhover");
+
+}  // namespace storekey
+
+/// The colours that are painted with: the face in its states, made lighter or darker, and text and
+/// gradient as they are with the present system colours.
+struct XPButtonWorkingColors {
+    Bgr FaceColor = 0;
+    Bgr PressedColor = 0;
+    Bgr HoverFaceColor = 0;
+    Bgr ForeColor = 0;
+    Bgr HoverForeColor = 0;
+    Bgr GradientColor = 0;
 };
 
-/// The state that shows. The model sets kDefault, the input the rest.
-struct XPButtonLook {
-    static constexpr int kDefault = 1;  ///< it shows the default look
+/// What the pointer, the keys and the form have made of a button.
+struct XPButtonState {
+    static constexpr int kDefault = 1;  ///< it has the default look
     static constexpr int kDown = 2;     ///< the left mouse button or the space bar holds it down
     static constexpr int kOver = 4;     ///< the pointer is over it
 
@@ -91,8 +125,6 @@ struct XPButtonLook {
     bool has(int flag) const { return (ButtonFlags & flag) != 0; }
     void set(int flag, bool on) { ButtonFlags = on ? ButtonFlags | flag : ButtonFlags & ~flag; }
     bool isPressed() const { return has(kDown) && has(kOver); }
-
-    bool operator==(const XPButtonLook&) const = default;
 };
 
 }  // namespace brindlex

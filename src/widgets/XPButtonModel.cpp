@@ -1,9 +1,6 @@
 #include "widgets/XPButtonModel.h"
 
-#include "widgets/XPButtonCaption.h"
-#include "widgets/XPButtonHost.h"
-#include "widgets/XPButtonStoreKeys.h"
-#include "widgets/XPButtonWindow.h"
+#include <QWidget>
 
 namespace brindlex {
 namespace {
@@ -21,6 +18,9 @@ constexpr const char* kFocusAtDesign =
     "The focus rectangle may appear on default buttons ONLY while in design mode, \r\n"
     "but will not appear when the form is running.";
 
+constexpr int kFaceShift = 48;
+constexpr int kPressedShift = -32;
+
 constexpr bool isIn(int value, int highest) {
     return value >= 0 && value <= highest;
 }
@@ -31,21 +31,18 @@ constexpr int pixelsOf(int pictureSize) {
 
 }  // namespace
 
-XPButtonModel::XPButtonModel(XPButtonLook& look, XPButtonWindow& window, XPButtonHost& host,
-                             const QPalette& palette)
-    : look_(look), window_(window), host_(host), palette_(palette) {
+XPButtonModel::XPButtonModel(const QWidget& button, XPButtonHost* host)
+    : button_(button), host_(host ? *host : widgetHost_) {
     PrepareResource();
 }
 
-Bgr XPButtonModel::ResolveColor(ColorValue color) const {
-    return color.plain(palette_).value();
+void XPButtonModel::setMembers(const XPButtonMembers& members) {
+    members_ = members;
+    PrepareResource();
+    SetCaption(members.Caption);
 }
 
-void XPButtonModel::tell(QLatin1String key) {
-    host_.propertyChanged(key);
-}
-
-/// A member changes along with the one that is set.
+/// Changes a member along with the one that is set.
 template <typename T>
 void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
     if (member == value) return;
@@ -54,27 +51,22 @@ void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
 }
 
 void XPButtonModel::changedLayout(QLatin1String key) {
-    window_.ComputeLayout();
-    window_.Redraw();
+    ComputeLayout();
+    Redraw();
     tell(key);
 }
 
 void XPButtonModel::adviseDesigner(const char* text) {
-    if (!host_.UserMode()) window_.showBox(QString::fromLatin1(text));
-}
-
-/// The colours that follow from others; picture and font need no preparing.
-void XPButtonModel::PrepareResource() {
-    colors_.FaceColor = AdjustColor(ResolveColor(members_.BackColor), 48);
-    colors_.HoverFaceColor = AdjustColor(ResolveColor(members_.HoverBackColor), 48);
-    colors_.PressedColor = AdjustColor(colors_.FaceColor, -32);
+    if (!host_.UserMode()) showBox(QString::fromLatin1(text));
 }
 
 // --- Caption ------------------------------------------------------------------------------------
 
 void XPButtonModel::SetCaption(const QString& caption) {
-    accessKey_ = accessKeyOf(caption).value_or(accessKey_);
+    const qsizetype mark = caption.lastIndexOf(u'&');
+    if (mark >= 0) accessKey_ = caption.mid(mark + 1, 1);
     members_.Caption = caption;
+    captionChanged();
     changedLayout(storekey::kCaption);
 }
 
@@ -86,7 +78,7 @@ void XPButtonModel::SetCaptionAlign(int align) {
     changedLayout(storekey::kCaptionAlign);
 }
 
-void XPButtonModel::alignCentred() {
+void XPButtonModel::centreCaption() {
     follow(members_.CaptionAlign, kCaptionCentred, storekey::kCaptionAlign);
 }
 
@@ -104,15 +96,12 @@ void XPButtonModel::SetButtonShape(int shape) {
     if (shape == kCustomShape) {
         const ButtonPicture& picture = members_.Picture;
         if (picture.isNone() || picture.isIcon()) return adviseDesigner(kNeedsBitmap);
-        if (members_.PicturePixels != kFittedSize) {
-            window_.setDelayDrawing(true);  // until the window is rebuilt
-            SetPictureSize(kMaxPictureSize);
-        }
+        follow(members_.PicturePixels, kFittedSize, storekey::kPictureSize);
     }
     members_.ButtonShape = shape;
-    alignCentred();
-    window_.UserControl_Resize();
-    window_.setDelayDrawing(false);
+    centreCaption();
+    UserControl_Resize();
+    DelayDrawing(false);
     tell(storekey::kButtonShape);
 }
 
@@ -122,12 +111,12 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     if (members_.PicturePixels == 0)
         follow(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
     if (members_.ButtonShape < kCustomShape) {
-        window_.ComputeLayout();
-        window_.Redraw();
+        ComputeLayout();
+        Redraw();
     } else {
         if (picture.isNone() || picture.isIcon())
             follow(members_.ButtonShape, 0, storekey::kButtonShape);
-        window_.UserControl_Resize();
+        UserControl_Resize();
     }
     tell(storekey::kPicture);
     if (refused) adviseDesigner(kNoIcons);
@@ -136,7 +125,7 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
 void XPButtonModel::SetPictureAlign(int align) {
     if (!isIn(align, kMaxPictureAlign)) return;
     members_.PictureAlign = align;
-    if (align >= kAbove) alignCentred();
+    if (align >= kAbove) centreCaption();
     changedLayout(storekey::kPictureAlign);
 }
 
@@ -154,26 +143,31 @@ int XPButtonModel::PictureSize() {
 
 void XPButtonModel::SetShowFocusRect(bool show) {
     members_.ShowFocusRect = show;
-    if (host_.UserMode()) look_.set(XPButtonLook::kDefault, false);
-    window_.Redraw();
+    if (host_.UserMode()) state_.set(XPButtonState::kDefault, false);
+    Redraw();
     tell(storekey::kShowFocusRect);
-    if (look_.has(XPButtonLook::kDefault)) adviseDesigner(kFocusAtDesign);
+    if (state_.has(XPButtonState::kDefault)) adviseDesigner(kFocusAtDesign);
 }
 
 void XPButtonModel::followDefault() {
     const bool shows = members_.ShowFocusRect || !host_.UserMode();
-    look_.set(XPButtonLook::kDefault, shows && host_.DisplayAsDefault());
-    window_.Redraw();
+    state_.set(XPButtonState::kDefault, shows && host_.DisplayAsDefault());
+    Redraw();
 }
 
 // --- Colours ------------------------------------------------------------------------------------
 
-bool XPButtonModel::hoverBackFollows() const {
-    return (members_.HoverColorLocks & 1) == 0;
+Bgr XPButtonModel::ResolveColor(ColorValue color) const {
+    return color.plain(button_.palette()).value();
 }
 
-bool XPButtonModel::hoverForeFollows() const {
-    return (members_.HoverColorLocks & 2) == 0;
+void XPButtonModel::PrepareResource() {
+    colors_.FaceColor = AdjustColor(ResolveColor(members_.BackColor), kFaceShift);
+    colors_.HoverFaceColor = AdjustColor(ResolveColor(members_.HoverBackColor), kFaceShift);
+    colors_.PressedColor = AdjustColor(colors_.FaceColor, kPressedShift);
+    colors_.ForeColor = ResolveColor(members_.ForeColor);
+    colors_.HoverForeColor = ResolveColor(members_.HoverForeColor);
+    colors_.GradientColor = ResolveColor(members_.GradientColor);
 }
 
 ColorValue XPButtonModel::followedBack() const {
@@ -187,7 +181,7 @@ void XPButtonModel::followBack() {
 
 void XPButtonModel::changedColor(QLatin1String key) {
     PrepareResource();
-    window_.Redraw();
+    Redraw();
     tell(key);
 }
 
@@ -208,7 +202,7 @@ void XPButtonModel::SetGradientColor(ColorValue color) {
     members_.GradientColor = color;
     if (members_.GradientMode != 0) followBack();
     PrepareResource();
-    if (members_.GradientMode != 0) window_.Redraw();
+    if (members_.GradientMode != 0) Redraw();
     tell(storekey::kGradientColor);
 }
 
@@ -231,14 +225,13 @@ void XPButtonModel::SetGradientMode(int mode) {
 
 void XPButtonModel::SetResetDefaultColors(bool reset) {
     if (!reset || host_.UserMode()) return;
-    window_.setDelayDrawing(true);
+    DelayDrawing(true);
     SetBackColor(kButtonFace);
     SetForeColor(kButtonText);
     SetGradientColor(kButtonFace);
     SetGradientMode(0);
     SetHoverColorLocks(0);
-    window_.setDelayDrawing(false);
-    window_.Redraw();
+    DelayDrawing(false);
     tell(storekey::kGradientColor);
     tell(storekey::kBackColor);
 }
@@ -264,30 +257,6 @@ void XPButtonModel::SetHoverBackColor(ColorValue color) {
         follow(members_.HoverColorLocks, members_.HoverColorLocks | 1, storekey::kHoverColorLocks);
     members_.HoverBackColor = color;
     changedColor(storekey::kHoverBackColor);
-}
-
-// --- Making and loading -------------------------------------------------------------------------
-
-void XPButtonModel::InitProperties() {
-    members_ = XPButtonMembers{};
-    members_.Caption = host_.DisplayName();
-    PrepareResource();
-    for (const QLatin1String key :
-         {storekey::kCaption, storekey::kCaptionAlign, storekey::kShowFocusRect,
-          storekey::kHoverForeColor, storekey::kHoverBackColor, storekey::kFont})
-        tell(key);
-}
-
-void XPButtonModel::load(const XPButtonMembers& members) {
-    members_ = members;
-    PrepareResource();
-    SetCaption(members.Caption);
-}
-
-void XPButtonModel::setPalette(const QPalette& palette) {
-    palette_ = palette;
-    PrepareResource();
-    window_.Redraw();
 }
 
 }  // namespace brindlex

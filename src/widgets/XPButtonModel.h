@@ -1,100 +1,122 @@
 #pragma once
 
-#include <QPalette>
+#include <QLatin1String>
 
-#include "widgets/XPButtonColors.h"
+#include "widgets/XPButtonHost.h"
 #include "widgets/XPButtonMembers.h"
 
 namespace brindlex {
 
-class XPButtonHost;
-class XPButtonWindow;
-
-/// Colours that follow from BackColor and HoverBackColor.
-struct XPButtonWorkingColors {
-    Bgr FaceColor = 0;
-    Bgr PressedColor = 0;
-    Bgr HoverFaceColor = 0;
-};
-
-/// The members of one button and the rules between them. A set takes the value or, outside its
-/// table, ignores it; then it tells the host the key and has the window lay out and draw what
-/// changed.
+/// The members of one button and the rules between them. A set ignores a value outside its table.
+/// Any other it stores; then it has the button laid out and redrawn as far as needed, and tells the
+/// host the key. A box that advises the designer comes last: when it closes, the button may be
+/// gone.
 class XPButtonModel {
   public:
-    /// All outlive the model. Nothing is asked of them here. Of `look` the model sets kDefault.
-    XPButtonModel(XPButtonLook& look, XPButtonWindow& window, XPButtonHost& host,
-                  const QPalette& palette);
-
-    const XPButtonMembers& members() const { return members_; }
-    const XPButtonWorkingColors& workingColors() const { return colors_; }
-    Bgr ResolveColor(ColorValue color) const;
-    /// The character of the access key; empty when there is none.
-    const QString& accessKey() const { return accessKey_; }
-
-    /// The character behind its last "&" becomes the access key; without a "&" that stays.
+    const QString& Caption() const { return members_.Caption; }
+    /// The character behind the last "&" becomes the access key; without a "&" that stays.
     void SetCaption(const QString& caption);
+    int CaptionAlign() const { return members_.CaptionAlign; }
     /// 0 and 1 are refused while a picture stands above or below the caption.
     void SetCaptionAlign(int align);
+    int CaptionStyle() const { return members_.CaptionStyle; }
     void SetCaptionStyle(int style);
-    /// Centres the caption, and ends delayed drawing. 7 is refused without a bitmap, and makes the
-    /// picture's size 4.
+    int ButtonShape() const { return members_.ButtonShape; }
+    /// Centres the caption and ends delayed drawing. 7 is refused without a bitmap, and makes
+    /// PictureSize 4.
     void SetButtonShape(int shape);
+    const ButtonPicture& Picture() const { return members_.Picture; }
     /// Shape 7 becomes 0 without a bitmap.
     void SetPicture(const ButtonPicture& picture);
-    /// 4 and 5, above and below the caption, centre that.
+    int PictureAlign() const { return members_.PictureAlign; }
+    /// 4 and 5 centre the caption.
     void SetPictureAlign(int align);
-    /// 0 to 4, for 16 to 48 pixels. No effect for shape 7.
-    void SetPictureSize(int size);
-    /// A size that is not set becomes 16 pixels here.
+    /// 0 to 4, for 16 to 48 pixels. A size that is not set becomes 16 pixels here.
     int PictureSize();
-    /// Takes the default look away until the host's DisplayAsDefault is heard of again, but not
-    /// while the form is being designed.
+    /// Refused for shape 7.
+    void SetPictureSize(int size);
+    bool ShowFocusRect() const { return members_.ShowFocusRect; }
+    /// Outside of design mode the button loses the default look until followDefault.
     void SetShowFocusRect(bool show);
 
-    // The hover colours follow unless they are locked: HoverForeColor the ForeColor, HoverBackColor
-    // the GradientColor in a gradient mode, else the BackColor. One that is set to something else
-    // is locked from then on, also when it is set back.
+    // An unlocked hover colour follows: HoverForeColor the ForeColor, HoverBackColor the
+    // GradientColor in a gradient mode, else the BackColor. Setting it to another colour locks it;
+    // setting it back does not unlock it.
+    ColorValue ForeColor() const { return members_.ForeColor; }
     void SetForeColor(ColorValue color);
+    ColorValue BackColor() const { return members_.BackColor; }
     void SetBackColor(ColorValue color);
+    ColorValue GradientColor() const { return members_.GradientColor; }
     void SetGradientColor(ColorValue color);
+    ColorValue GotFocusBorderColor() const { return members_.GotFocusBorderColor; }
     void SetGotFocusBorderColor(ColorValue color);
+    ColorValue HoverBorderColor() const { return members_.HoverBorderColor; }
     void SetHoverBorderColor(ColorValue color);
+    int GradientMode() const { return members_.GradientMode; }
     void SetGradientMode(int mode);
-    /// No effect with false, or when no form is being designed.
+    bool ResetDefaultColors() const { return false; }
+    /// Only true has an effect, and only in design mode.
     void SetResetDefaultColors(bool reset);
-    /// A colour that is not locked goes back to the one that it follows.
+    int HoverColorLocks() const { return members_.HoverColorLocks; }
+    /// A hover colour that this unlocks goes back to the one that it follows.
     void SetHoverColorLocks(int locks);
+    ColorValue HoverForeColor() const { return members_.HoverForeColor; }
     void SetHoverForeColor(ColorValue color);
+    ColorValue HoverBackColor() const { return members_.HoverBackColor; }
     void SetHoverBackColor(ColorValue color);
 
-    /// The members of a new button.
-    void InitProperties();
-    /// Takes stored members as they are; the caption, with its access key, through its set.
-    void load(const XPButtonMembers& members);
-    /// The host's DisplayAsDefault changed.
+    /// While on, the button is neither laid out nor redrawn; that follows when it goes off.
+    virtual void DelayDrawing(bool on) = 0;
+
+    const XPButtonState& state() const { return state_; }
+    const XPButtonWorkingColors& workingColors() const { return colors_; }
+    /// Empty when there is none.
+    const QString& accessKey() const { return accessKey_; }
+
+  protected:
+    /// `button` is the widget that has the members; it answers where there is no host, and gives
+    /// the system colours. Both outlive the model, which asks nothing of the host here.
+    XPButtonModel(const QWidget& button, XPButtonHost* host);
+    ~XPButtonModel() = default;
+
+    XPButtonHost& host() const { return host_; }
+    const XPButtonMembers& members() const { return members_; }
+    /// Takes the members as they are, and the access key from the caption.
+    void setMembers(const XPButtonMembers& members);
+    /// Gives or takes the default look as the host says.
     void followDefault();
-    /// The present values of the system colours changed.
-    void setPalette(const QPalette& palette);
+    /// Works out the working colours.
+    void PrepareResource();
+    void tell(QLatin1String key) { host_.propertyChanged(key); }
+
+    // --- What the button does when members change -----------------------------------------------
+    virtual void Redraw() = 0;
+    /// Places caption and picture.
+    virtual void ComputeLayout() = 0;
+    /// Region, layout and a redraw for the present size and shape.
+    virtual void UserControl_Resize() = 0;
+    virtual void captionChanged() = 0;
+    /// Shows a box with an information icon and the program's title.
+    virtual void showBox(const QString& text) = 0;
+
+    XPButtonState state_;
 
   private:
-    void tell(QLatin1String key);
     void adviseDesigner(const char* text);
-    void PrepareResource();
     template <typename T>
     void follow(T& member, const T& value, QLatin1String key);
-    void alignCentred();
-    bool hoverBackFollows() const;
-    bool hoverForeFollows() const;
+    Bgr ResolveColor(ColorValue color) const;
+    bool hoverBackFollows() const { return (members_.HoverColorLocks & 1) == 0; }
+    bool hoverForeFollows() const { return (members_.HoverColorLocks & 2) == 0; }
     ColorValue followedBack() const;
     void followBack();
+    void centreCaption();
     void changedLayout(QLatin1String key);
     void changedColor(QLatin1String key);
 
-    XPButtonLook& look_;
-    XPButtonWindow& window_;
+    const QWidget& button_;
+    XPButtonWidgetHost widgetHost_{button_};
     XPButtonHost& host_;
-    QPalette palette_;
     XPButtonMembers members_;
     XPButtonWorkingColors colors_;
     QString accessKey_;

@@ -1,10 +1,8 @@
-#include "widgets/XPButtonPainter.h"
-
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
-#include "widgets/XPButtonBorder.h"
+#include "widgets/XPButtonFrame.h"
 
 namespace brindlex {
 namespace {
@@ -27,35 +25,6 @@ void fillRegion(QPainter& painter, const QRegion& region, Bgr color) {
     for (const QRect& rect : region) painter.fillRect(rect, brush);
 }
 
-/// Fills the face with bands from the top or the left; the last one goes to the end.
-class Bands {
-  public:
-    Bands(QPainter& painter, const QSize& size, bool alongWidth)
-        : painter_(painter), size_(size), alongWidth_(alongWidth) {}
-
-    void fill(const std::vector<Bgr>& colors, int depth) const {
-        const int count = static_cast<int>(colors.size());
-        const int end = alongWidth_ ? size_.width() : size_.height();
-        for (int i = 0; i < count;) {
-            const Bgr color = colors[static_cast<std::size_t>(i)];
-            const int first = i * depth;
-            while (i < count && colors[static_cast<std::size_t>(i)] == color) ++i;
-            FillBand(first, i == count ? end : i * depth, color);
-        }
-    }
-
-  private:
-    void FillBand(int from, int to, Bgr color) const {
-        const QRect band = alongWidth_ ? QRect(from, 0, to - from, size_.height())
-                                       : QRect(0, from, size_.width(), to - from);
-        painter_.fillRect(band, qColor(color));
-    }
-
-    QPainter& painter_;
-    QSize size_;
-    bool alongWidth_;
-};
-
 /// One frame on its way to the painter.
 class FramePainter {
   public:
@@ -66,31 +35,39 @@ class FramePainter {
     void PaintBackground();
     void PrepareClip();
     void paintFill();
-    void FillGradient(int mode, Bgr from, Bgr to);
     void shadeFace(Bgr color);
+    void FillGradient(int mode, Bgr from, Bgr to);
+    void fillBands(const std::vector<Bgr>& colors, bool alongWidth, int depth);
     void DrawContent();
     void DrawPicture(const QPoint& shift);
+    void drawGreyed(const QRect& place);
     void DrawCaption(const QPoint& shift);
     void drawText(const QPoint& shift, Bgr color);
     void DrawRim();
 
     QPainter& painter_;
     const XPButtonFrame& frame_;
+    const XPButtonMembers& members_;
+    const XPButtonWorkingColors& colors_;
     bool pressed_;
     bool hovers_;  // and is not pressed
     Bgr back_;
 };
 
 Bgr backOf(const XPButtonFrame& frame) {
-    if (frame.look.isPressed() && frame.GradientMode == 0) return frame.PressedColor;
-    return frame.Enabled ? frame.FaceColor : AdjustColor(frame.FaceColor, kDisabledFaceShift);
+    const Bgr face = frame.colors.FaceColor;
+    if (frame.state.isPressed() && frame.members.GradientMode == 0)
+        return frame.colors.PressedColor;
+    return frame.Enabled ? face : AdjustColor(face, kDisabledFaceShift);
 }
 
 FramePainter::FramePainter(QPainter& painter, const XPButtonFrame& frame)
     : painter_(painter),
       frame_(frame),
-      pressed_(frame.look.isPressed()),
-      hovers_(frame.look.Hovering && !pressed_),
+      members_(frame.members),
+      colors_(frame.colors),
+      pressed_(frame.state.isPressed()),
+      hovers_(frame.state.Hovering && !pressed_),
       back_(backOf(frame)) {}
 
 void FramePainter::PaintFace() {
@@ -98,47 +75,39 @@ void FramePainter::PaintFace() {
     PaintBackground();
     DrawContent();
     painter_.restore();
-    if (frame_.ButtonShape < kFirstOval) DrawBorder(painter_, frame_);
-    if (isOval(frame_.ButtonShape)) DrawRim();
+    if (members_.ButtonShape < kFirstOval) DrawBorder(painter_, frame_);
+    if (isOval(members_.ButtonShape)) DrawRim();
+}
+
+void FramePainter::PaintBackground() {
+    const XPButtonRegion& region = frame_.region;
+    const bool outlined = members_.ButtonShape == kOutlinedOval;
+    if (isOval(members_.ButtonShape) && !outlined) PrepareClip();
+    paintFill();
+    if (!outlined || !frame_.state.Hovering) return;
+    fillRegion(painter_, region.windowFrame, 0);
+    painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
 }
 
 /// Paints the ring of an oval, and leaves the painter's clip inside of it.
 void FramePainter::PrepareClip() {
-    const XPButtonRegion& region = frame_.region;
-    if (frame_.ButtonShape == kOutlinedOval) {
-        if (!frame_.look.Hovering) return;
-        paintFill();  // shows between the outline and MiddleRegion
-        fillRegion(painter_, region.windowFrame, 0);
-        painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
-        return;
-    }
     FillGradient(kDownward, kWhite, kGrey);
-    painter_.setClipRegion(region.MiddleRegion, Qt::IntersectClip);
-    if (pressed_) {
-        FillGradient(kDownward, kGrey, kWhite);
-        painter_.setClipRegion(region.InnerRegion, Qt::IntersectClip);
-    }
-}
-
-void FramePainter::PaintBackground() {
-    if (isOval(frame_.ButtonShape)) PrepareClip();
-    paintFill();
+    painter_.setClipRegion(frame_.region.MiddleRegion, Qt::IntersectClip);
+    if (!pressed_) return;
+    FillGradient(kDownward, kGrey, kWhite);
+    painter_.setClipRegion(frame_.region.InnerRegion, Qt::IntersectClip);
 }
 
 void FramePainter::paintFill() {
-    const Bgr fill = hovers_ ? frame_.HoverFaceColor : back_;
-    const QRect face(QPoint(0, 0), frame_.size);
-    if (frame_.GradientMode != 0) {
-        if (hovers_ && !frame_.hoverKeepsGradient)
-            painter_.fillRect(face, qColor(frame_.HoverFaceColor));
-        else
-            FillGradient(frame_.GradientMode, back_,
-                         AdjustColor(frame_.GradientColor, kGradientShift));
-    } else if (frame_.Enabled) {
+    const Bgr fill = hovers_ ? colors_.HoverFaceColor : back_;
+    const bool gradient = members_.GradientMode != 0;
+    if (gradient && (!hovers_ || members_.GradientColor == members_.HoverBackColor))
+        FillGradient(members_.GradientMode, back_,
+                     AdjustColor(colors_.GradientColor, kGradientShift));
+    else if (gradient || !frame_.Enabled)
+        painter_.fillRect(QRect(QPoint(0, 0), frame_.size), qColor(fill));
+    else
         shadeFace(fill);
-    } else {
-        painter_.fillRect(face, qColor(fill));
-    }
 }
 
 void FramePainter::shadeFace(Bgr color) {
@@ -147,7 +116,7 @@ void FramePainter::shadeFace(Bgr color) {
     rows.reserve(static_cast<std::size_t>(h));
     for (int y = 0; y < h; ++y)
         rows.push_back(AdjustColor(color, -static_cast<int>(std::nearbyint(kFaceSteps / h * y))));
-    Bands(painter_, frame_.size, false).fill(rows, 1);
+    fillBands(rows, false, 1);
 }
 
 void FramePainter::FillGradient(int mode, Bgr from, Bgr to) {
@@ -157,36 +126,77 @@ void FramePainter::FillGradient(int mode, Bgr from, Bgr to) {
     const int depth = screen / length < kPartOfScreen ? 2 : 1;
     std::vector<Bgr> colors = GradientColors(from, to, std::max(1, length / depth));
     if (mode == kLeftward || mode == kUpward) std::reverse(colors.begin(), colors.end());
-    Bands(painter_, frame_.size, alongWidth).fill(colors, depth);
+    fillBands(colors, alongWidth, depth);
+}
+
+/// Bands of that depth, from the left or the top; the last one goes to the end. Neighbours of one
+/// colour are filled at once.
+void FramePainter::fillBands(const std::vector<Bgr>& colors, bool alongWidth, int depth) {
+    const QSize& size = frame_.size;
+    const auto FillBand = [&](int from, int to, Bgr color) {
+        const QRect band = alongWidth ? QRect(from, 0, to - from, size.height())
+                                      : QRect(0, from, size.width(), to - from);
+        painter_.fillRect(band, qColor(color));
+    };
+    const std::size_t count = colors.size();
+    int from = 0;
+    for (std::size_t i = 1; i < count; ++i) {
+        if (colors[i] == colors[i - 1]) continue;
+        const int to = static_cast<int>(i) * depth;
+        FillBand(from, to, colors[i - 1]);
+        from = to;
+    }
+    FillBand(from, alongWidth ? size.width() : size.height(), colors.back());
 }
 
 void FramePainter::DrawContent() {
     const int down = pressed_ ? 1 : 0;
-    const QPoint shift(frame_.ButtonShape < kFirstOval ? down : 0, down);
+    const QPoint shift(members_.ButtonShape < kFirstOval ? down : 0, down);
     DrawPicture(shift);
-    if (frame_.caption && frame_.ButtonShape < kFirstShapeWithoutCaption) DrawCaption(shift);
+    if (!members_.Caption.isEmpty() && members_.ButtonShape < kFirstShapeWithoutCaption)
+        DrawCaption(shift);
 }
 
 void FramePainter::DrawPicture(const QPoint& shift) {
     if (frame_.picture.isNull()) return;
     const int inset = pressed_ ? 1 : 0;
     const QRect place =
-        frame_.ButtonShape == kCustomShape
+        members_.ButtonShape == kCustomShape
             ? QRect(QPoint(0, 0), frame_.size).adjusted(inset, inset, -inset, -inset)
             : frame_.layout.PictureRect.translated(shift);
-    if (!place.isEmpty()) painter_.drawImage(place, frame_.picture);
+    if (place.isEmpty()) return;
+    if (frame_.Enabled)
+        painter_.drawImage(place, frame_.picture);
+    else
+        drawGreyed(place);
+}
+
+/// The picture on white decides each bit of a pixel: where it is set the face stays, else grey
+/// comes through. The three operations are: grey ^ (picture & (face ^ grey)).
+void FramePainter::drawGreyed(const QRect& place) {
+    QImage onWhite(frame_.picture.size(), QImage::Format_RGB32);
+    onWhite.fill(Qt::white);
+    onWhite.setDevicePixelRatio(frame_.picture.devicePixelRatio());
+    QPainter(&onWhite).drawImage(0, 0, frame_.picture);
+    painter_.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+    painter_.fillRect(place, qColor(kGrey));
+    painter_.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
+    painter_.drawImage(place, onWhite);
+    painter_.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+    painter_.fillRect(place, qColor(kGrey));
+    painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 void FramePainter::DrawCaption(const QPoint& shift) {
-    if (!frame_.Enabled && frame_.GradientMode == 0)
+    if (!frame_.Enabled && members_.GradientMode == 0)
         return drawText(shift, AdjustColor(back_, kDisabledTextShift));
     if (!frame_.Enabled) {
         drawText(shift + QPoint(1, 1), kWhite);
         return drawText(shift, kGrey);
     }
-    const Bgr color = hovers_ ? frame_.HoverForeColor : frame_.ForeColor;
-    if (frame_.CaptionStyle == 0) return drawText(shift, color);
-    const int relief = frame_.CaptionStyle == kRaised ? kReliefShift : -kReliefShift;
+    const Bgr color = hovers_ ? colors_.HoverForeColor : colors_.ForeColor;
+    if (members_.CaptionStyle == 0) return drawText(shift, color);
+    const int relief = members_.CaptionStyle == kRaised ? kReliefShift : -kReliefShift;
     drawText(shift + QPoint(-1, 0), AdjustColor(back_, relief));
     drawText(shift + QPoint(1, 2), AdjustColor(back_, -relief, false));
     drawText(shift + QPoint(0, 1), color);
@@ -194,18 +204,18 @@ void FramePainter::DrawCaption(const QPoint& shift) {
 
 void FramePainter::drawText(const QPoint& shift, Bgr color) {
     painter_.setPen(qColor(color));
-    frame_.caption->draw(painter_, frame_.layout.CaptionRect.translated(shift));
+    frame_.caption.draw(painter_, frame_.layout.CaptionRect.translated(shift));
 }
 
 void FramePainter::DrawRim() {
-    const XPButtonLook& look = frame_.look;
-    const bool outlined = frame_.ButtonShape == kOutlinedOval;
+    const XPButtonState& state = frame_.state;
+    const bool outlined = members_.ButtonShape == kOutlinedOval;
     const QRegion& rim =
         outlined && pressed_ ? frame_.region.windowFrame : frame_.region.middleFrame;
-    if (look.Hovering)
-        fillRegion(painter_, rim, frame_.HoverBorderColor);
-    else if (look.has(XPButtonLook::kDefault) && !outlined)
-        fillRegion(painter_, rim, frame_.GotFocusBorderColor);
+    if (state.Hovering)
+        fillRegion(painter_, rim, members_.HoverBorderColor.value());
+    else if (state.has(XPButtonState::kDefault) && !outlined)
+        fillRegion(painter_, rim, members_.GotFocusBorderColor.value());
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ bool hasFourPoints(int shape) {
     return slantsLeft(shape) || slantsRight(shape) || shape == kCustomShape;
 }
 
-/// Three pixels in each of the corners that do not slant, of the window's own pixels.
+/// Three pixels of the window in each corner that does not slant.
 QRegion corners(bool left, bool right, const QSize& size) {
     const int w = size.width();
     const int h = size.height();
@@ -52,8 +52,8 @@ QRegion rows(int top, int bottom, SpanOf spanOf) {
     return region;
 }
 
-/// Both slants run at 45 degrees, from the top left to the bottom right. On a button that is kept
-/// narrower than it is high they change sides.
+/// Both slants run at 45 degrees, from the top left to the bottom right. They cross in a button
+/// that cannot grow and is narrower than it is high.
 QRegion fourPoints(int shape, const QSize& size, int rightEdge) {
     return rows(0, size.height() + 1, [&](int y) {
         const auto [from, to] = std::minmax(

@@ -1,134 +1,144 @@
-#include "widgets/XPButtonStore.h"
+// How a button is made, stored and loaded.
 
+#include <QApplication>
 #include <limits>
 
-#include "platform/PropertyBag.h"
-#include "widgets/XPButtonStoreKeys.h"
+#include "system/MousePointer.h"
+#include "system/PropertyBag.h"
+#include "widgets/XPButton.h"
 
 namespace brindlex {
 namespace {
 
-QVariant stored(const QString& text) {
-    return text;
+/// Everything of a button that is stored.
+struct Record {
+    XPButtonMembers members;
+    QFont Font;
+    bool Enabled = true;
+    int MousePointer = kDefaultPointer;
+    ButtonPicture MouseIcon;
+};
+
+/// Calls `each` with key, value, default and, of a number, its highest value.
+template <typename Each>
+void forEachMember(Record& record, const Record& usual, Each each) {
+    XPButtonMembers& m = record.members;
+    const XPButtonMembers& u = usual.members;
+    each(storekey::kCaption, m.Caption, u.Caption);
+    each(storekey::kCaptionAlign, m.CaptionAlign, u.CaptionAlign, kMaxCaptionAlign);
+    each(storekey::kButtonShape, m.ButtonShape, u.ButtonShape, kMaxButtonShape);
+    each(storekey::kFont, record.Font, usual.Font);
+    each(storekey::kForeColor, m.ForeColor, u.ForeColor);
+    each(storekey::kHoverForeColor, m.HoverForeColor, u.HoverForeColor);
+    each(storekey::kHoverBackColorWritten, m.HoverBackColor, u.HoverBackColor);
+    each(storekey::kShowFocusRect, m.ShowFocusRect, u.ShowFocusRect);
+    each(storekey::kHoverColorLocks, m.HoverColorLocks, u.HoverColorLocks, kMaxHoverColorLocks);
+    each(storekey::kGradientColor, m.GradientColor, u.GradientColor);
+    each(storekey::kGradientMode, m.GradientMode, u.GradientMode, kMaxGradientMode);
+    each(storekey::kCaptionStyle, m.CaptionStyle, u.CaptionStyle, kMaxCaptionStyle);
+    each(storekey::kPictureAlign, m.PictureAlign, u.PictureAlign, kMaxPictureAlign);
+    each(storekey::kPicture, m.Picture, u.Picture);
+    each(storekey::kPictureSize, m.PicturePixels, u.PicturePixels, kFittedSize);
+    each(storekey::kEnabled, record.Enabled, usual.Enabled);
+    each(storekey::kBackColor, m.BackColor, u.BackColor);
+    each(storekey::kMousePointer, record.MousePointer, usual.MousePointer, kCustomPointer);
+    each(storekey::kMouseIcon, record.MouseIcon, usual.MouseIcon);
+    each(storekey::kGotFocusBorderColor, m.GotFocusBorderColor, u.GotFocusBorderColor);
+    each(storekey::kHoverBorderColor, m.HoverBorderColor, u.HoverBorderColor);
 }
-QVariant stored(bool on) {
-    return on;
-}
-QVariant stored(int number) {
-    return number;
+
+template <typename T>
+QVariant stored(const T& value) {
+    return QVariant::fromValue(value);
 }
 QVariant stored(ColorValue color) {
     return static_cast<qlonglong>(color.value());
-}
-QVariant stored(const QFont& font) {
-    return font;
 }
 QVariant stored(const ButtonPicture& picture) {
     return picture.toVariant();
 }
 
-/// Reads members out of a bag; the value that a member has is its default.
+/// Reads members out of a bag. What is absent, of a wrong type or too high has its default.
 class Reader {
   public:
     explicit Reader(const PropertyBag& bag) : bag_(bag) {}
 
     template <typename T>
-    void read(QLatin1String key, T& member) const {
-        member = bag_.readProperty(key, stored(member)).template value<T>();
+    void operator()(QLatin1String key, T& value, const T& usual) const {
+        value = bag_.readProperty(key, stored(usual)).template value<T>();
+    }
+    void operator()(QLatin1String key, int& value, int usual, int highest) const {
+        value = bag_.readProperty(key, usual).toInt();
+        if (value < 0 || value > highest) value = usual;
     }
     /// A signed 32-bit number is the colour of the same bits.
-    void read(QLatin1String key, ColorValue& member) const {
-        const qlonglong value = bag_.readProperty(key, stored(member)).toLongLong();
-        if (value >= std::numeric_limits<std::int32_t>::min() &&
-            value <= std::numeric_limits<std::uint32_t>::max())
-            member = ColorValue(static_cast<std::uint32_t>(value));
+    void operator()(QLatin1String key, ColorValue& value, ColorValue usual) const {
+        const qlonglong number = bag_.readProperty(key, stored(usual)).toLongLong();
+        const bool isColor = number >= std::numeric_limits<std::int32_t>::min() &&
+                             number <= std::numeric_limits<std::uint32_t>::max();
+        value = isColor ? ColorValue(static_cast<std::uint32_t>(number)) : usual;
     }
-    void read(QLatin1String key, ButtonPicture& member) const {
-        member = ButtonPicture::of(bag_.readProperty(key, QVariant()));
-    }
-    void read(QLatin1String key, int& member, int highest) const {
-        int value = member;
-        read(key, value);
-        if (value >= 0 && value <= highest) member = value;
+    void operator()(QLatin1String key, ButtonPicture& value, const ButtonPicture&) const {
+        value = ButtonPicture::of(bag_.readProperty(key, QVariant()));
     }
 
   private:
     const PropertyBag& bag_;
 };
 
-bool isPictureSize(int pixels) {
-    return pixels == 0 || (pixels >= 16 && pixels <= kFittedSize && pixels % 8 == 0);
+/// The record of a button of which nothing is stored.
+Record usualRecord(const XPButtonHost& host, const QWidget& button) {
+    Record usual;
+    usual.members.BackColor = host.BackColor();
+    usual.Font = host.containerFont().value_or(QApplication::font(&button));
+    return usual;
 }
 
-XPButtonRecord unset(const XPButtonDefaults& defaults) {
-    XPButtonRecord record;
-    record.members.BackColor = defaults.BackColor;
-    record.window.Font = defaults.Font;
-    return record;
+bool isPictureSize(int pixels) {
+    return pixels == 0 || (pixels >= 16 && pixels % 8 == 0);
 }
 
 }  // namespace
 
-XPButtonRecord readRecord(const PropertyBag& bag, const XPButtonDefaults& defaults) {
-    XPButtonRecord record = unset(defaults);
-    auto& [members, window] = record;
-    const Reader reader(bag);
-    reader.read(storekey::kCaption, members.Caption);
-    reader.read(storekey::kCaptionAlign, members.CaptionAlign, kMaxCaptionAlign);
-    reader.read(storekey::kButtonShape, members.ButtonShape, kMaxButtonShape);
-    reader.read(storekey::kGradientMode, members.GradientMode, kMaxGradientMode);
-    reader.read(storekey::kGradientColor, members.GradientColor);
-    reader.read(storekey::kForeColor, members.ForeColor);
-    reader.read(storekey::kFont, window.Font);
-    reader.read(storekey::kShowFocusRect, members.ShowFocusRect);
-    reader.read(storekey::kPicture, members.Picture);
-    reader.read(storekey::kPictureSize, members.PicturePixels, kFittedSize);
-    if (!isPictureSize(members.PicturePixels))
-        members.PicturePixels = XPButtonMembers{}.PicturePixels;
-    reader.read(storekey::kPictureAlign, members.PictureAlign, kMaxPictureAlign);
-    reader.read(storekey::kHoverForeColor, members.HoverForeColor);
-    reader.read(storekey::kEnabled, window.Enabled);
-    reader.read(storekey::kBackColor, members.BackColor);
-    members.HoverBackColor = members.BackColor;
-    reader.read(storekey::kHoverBackColor, members.HoverBackColor);
-    reader.read(storekey::kHoverColorLocks, members.HoverColorLocks, kMaxHoverColorLocks);
-    reader.read(storekey::kCaptionStyle, members.CaptionStyle, kMaxCaptionStyle);
-    reader.read(storekey::kGotFocusBorderColor, members.GotFocusBorderColor);
-    reader.read(storekey::kHoverBorderColor, members.HoverBorderColor);
-    reader.read(storekey::kMouseIcon, window.MouseIcon);
-    reader.read(storekey::kMousePointer, window.MousePointer, kCustomPointer);
-    if (!isMousePointer(window.MousePointer)) window.MousePointer = kDefaultPointer;
-    return record;
+void XPButton::InitProperties() {
+    if (const std::optional<QFont> font = host().containerFont()) setFont(*font);
+    XPButtonMembers members;
+    members.Caption = host().DisplayName();
+    setMembers(members);
+    for (const QLatin1String key :
+         {storekey::kCaptionAlign, storekey::kShowFocusRect, storekey::kHoverForeColor,
+          storekey::kHoverBackColor, storekey::kFont})
+        tell(key);
+    UserControl_Resize();
 }
 
-void writeRecord(PropertyBag& bag, const XPButtonRecord& record, const XPButtonDefaults& defaults) {
-    const auto& [members, window] = record;
-    const XPButtonRecord plain = unset(defaults);
-    const auto write = [&](QLatin1String key, const auto& value, const auto& defaultValue) {
-        bag.writeProperty(key, stored(value), stored(defaultValue));
-    };
-    const XPButtonMembers& usual = plain.members;
-    write(storekey::kCaption, members.Caption, usual.Caption);
-    write(storekey::kCaptionAlign, members.CaptionAlign, usual.CaptionAlign);
-    write(storekey::kButtonShape, members.ButtonShape, usual.ButtonShape);
-    write(storekey::kFont, window.Font, plain.window.Font);
-    write(storekey::kForeColor, members.ForeColor, usual.ForeColor);
-    write(storekey::kHoverForeColor, members.HoverForeColor, usual.HoverForeColor);
-    write(storekey::kHoverBackColorWritten, members.HoverBackColor, members.BackColor);
-    write(storekey::kShowFocusRect, members.ShowFocusRect, usual.ShowFocusRect);
-    write(storekey::kHoverColorLocks, members.HoverColorLocks, usual.HoverColorLocks);
-    write(storekey::kGradientColor, members.GradientColor, usual.GradientColor);
-    write(storekey::kGradientMode, members.GradientMode, usual.GradientMode);
-    write(storekey::kCaptionStyle, members.CaptionStyle, usual.CaptionStyle);
-    write(storekey::kPictureAlign, members.PictureAlign, usual.PictureAlign);
-    write(storekey::kPicture, members.Picture, usual.Picture);
-    write(storekey::kPictureSize, members.PicturePixels, usual.PicturePixels);
-    write(storekey::kEnabled, window.Enabled, plain.window.Enabled);
-    write(storekey::kBackColor, members.BackColor, usual.BackColor);
-    write(storekey::kMousePointer, window.MousePointer, plain.window.MousePointer);
-    write(storekey::kMouseIcon, window.MouseIcon, plain.window.MouseIcon);
-    write(storekey::kGotFocusBorderColor, members.GotFocusBorderColor, usual.GotFocusBorderColor);
-    write(storekey::kHoverBorderColor, members.HoverBorderColor, usual.HoverBorderColor);
+void XPButton::ReadProperties(const PropertyBag& bag) {
+    DelayDrawing(true);
+    const Reader read(bag);
+    Record usual = usualRecord(host(), *this);
+    Record record;
+    read(storekey::kBackColor, usual.members.HoverBackColor, usual.members.BackColor);
+    forEachMember(record, usual, read);
+    if (!isPictureSize(record.members.PicturePixels))
+        record.members.PicturePixels = usual.members.PicturePixels;
+    setFont(record.Font);
+    setEnabled(record.Enabled);
+    SetMouseIcon(record.MouseIcon);
+    SetMousePointer(isMousePointer(record.MousePointer) ? record.MousePointer : kDefaultPointer);
+    setMembers(record.members);
+    UserControl_Resize();
+    DelayDrawing(false);
+}
+
+void XPButton::WriteProperties(PropertyBag& bag) const {
+    Record usual = usualRecord(host(), *this);
+    usual.members.HoverBackColor = BackColor();
+    Record record{members(), Font(), Enabled(), MousePointer(), MouseIcon()};
+    forEachMember(
+        record, usual,
+        [&bag](QLatin1String key, const auto& value, const auto& plain, auto... /*highest*/) {
+            bag.writeProperty(key, stored(value), stored(plain));
+        });
 }
 
 }  // namespace brindlex

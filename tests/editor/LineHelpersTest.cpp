@@ -36,24 +36,5 @@ TEST(LineHelpers, CharacterNumbersOfLines) {
     for (Long line = 0; line < 5; ++line) EXPECT_EQ(editor.GetCharNr(line), numbers[line]);
 }
 
-TEST(LineHelpers, HalvesOfANumber) {
-    EXPECT_EQ(KELP_RTBSyntax::LoWord(0x7FFF8000), -32768);
-    EXPECT_EQ(KELP_RTBSyntax::HiWord(0x7FFF8000), 32767);
-    EXPECT_EQ(KELP_RTBSyntax::LoWord(-32767), -32767);
-    EXPECT_EQ(KELP_RTBSyntax::HiWord(-32767), -1);
-}
-
-TEST(LineHelpers, PositionsOfCharacters) {
-    KELP_RTBSyntax editor;
-    editor.resize(400, 300);
-    editor.SetRightMargin(1e7);
-    editor.SetText("ab\r\ncd\r\n" + std::string(9000, 'x'));
-    const QPoint expected = editor.rtb().posFromChar(5);
-    EXPECT_EQ(KELP_RTBSyntax::LoWord(editor.GetPosFromChar(5)), expected.x());
-    EXPECT_EQ(KELP_RTBSyntax::HiWord(editor.GetPosFromChar(5)), expected.y());
-    ASSERT_GT(editor.rtb().posFromChar(9000).x(), 32767);
-    EXPECT_EQ(KELP_RTBSyntax::LoWord(editor.GetPosFromChar(9000)), 32767);
-}
-
 }  // namespace
 }  // namespace brindlex::test

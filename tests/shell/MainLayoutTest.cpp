@@ -1,10 +1,12 @@
 #include "shell/MainLayout.h"
 
+#include <QScrollBar>
 #include <algorithm>
+#include <string>
 #include <vector>
 
 #include "ShellTest.h"
-#include "platform/Twips.h"
+#include "system/Twips.h"
 
 namespace brindlex {
 namespace {
@@ -16,17 +18,17 @@ class MainLayoutTest : public ShellTest {
         start();
         QCoreApplication::processEvents();
     }
-    /// Within the part of the window below the menu.
-    QRect place(const char* name) {
-        const QWidget& shownControl = control(name);
-        const QWidget* frame = shownControl.parentWidget();
-        if (frame == control("SB1").parentWidget() || frame == &control("SB2"))
-            return shownControl.geometry();
-        return frame->geometry();
+    /// The part of the window below the menu gets that size.
+    void resizeInner(const QSize& size) {
+        window().resize(window().size() - inner().size() + size);
+        QCoreApplication::processEvents();
     }
+    QWidget& inner() { return *control("SB1").parentWidget(); }
+    /// In the part of the window below the menu.
+    QRect shown(const QWidget& widget) { return {widget.mapTo(&inner(), QPoint()), widget.size()}; }
 };
 
-TEST_F(MainLayoutTest, EveryPanelHasItsPlacesAndTheStripsCoverNoText) {
+TEST_F(MainLayoutTest, EveryPanelHasItsPlaces) {
     const struct {
         std::vector<int> panels;
         const char* name;
@@ -36,41 +38,67 @@ TEST_F(MainLayoutTest, EveryPanelHasItsPlacesAndTheStripsCoverNoText) {
         {{1, 0, -1}, "SB1", {0, 782, 800, 18}},
         {{1, 0}, "KELP_RTBSyntax1", {0, 24, 583, 719}},
         {{1, 0}, "SB2", {0, 741, 800, 41}},
-        {{1, 0}, "txtError", {5, 5, 790, 30}},
+        {{1, 0}, "txtError", {5, 746, 790, 30}},
         {{1}, "TreeView1", {583, 23, 217, 566}},
         {{1}, "Picture1", {583, 588, 217, 153}},
-        {{0}, "TreeView2", {583, 23, 217, 734}},
+        {{0}, "TreeView2", {583, 23, 217, 718}},
         // alone only the editor moves
         {{-1}, "KELP_RTBSyntax1", {0, 24, 800, 800}},
         {{-1}, "SB2", {0, 684, 921, 41}},
-        {{-1}, "txtError", {5, 5, 905, 30}},
+        {{-1}, "txtError", {5, 689, 905, 30}},
     };
     for (const int panel : {1, 0, -1}) {
         SCOPED_TRACE(panel);
         startWith(panel);
-        window().resize(window().size() - control("SB1").parentWidget()->size() + QSize(800, 800));
+        resizeInner({800, 800});
         for (const auto& [panels, name, expected] : rows) {
             if (std::ranges::count(panels, panel) == 0) continue;
-            const QRect found = place(name);
-            EXPECT_EQ(found, expected) << name << ' ' << found.x() << ' ' << found.y() << ' '
-                                       << found.width() << ' ' << found.height();
-        }
-        for (const QSize& size : {QSize(799, 641), QSize(1200, 900), QSize(340, 340)}) {
-            window().resize(size);
-            QCoreApplication::processEvents();
-            EXPECT_LT(place("SB2").bottom(), place("SB1").top());
-            const int clear = std::min(place("SB1").top(), place("SB2").top());
-            const QWidget& tree = control("TreeView2");  // no margins of its own
-            EXPECT_LE(tree.mapTo(&window(), tree.rect().bottomLeft()).y(),
-                      control("SB2").mapTo(&window(), QPoint()).y());
-            const QRect view = editor().rtb().geometry().translated(editor().pos());
-            EXPECT_LE(view.y() + view.height(), clear) << "covered by a strip";
-            EXPECT_GT(view.y() + view.height(), clear - 4) << "width " << size.width();
+            EXPECT_EQ(shown(control(name)), expected) << name;
         }
     }
 }
 
-TEST_F(MainLayoutTest, ThePanelsHaveLeastSizesOfTheWindowWithItsFrame) {
+TEST_F(MainLayoutTest, TheStripsHideNeitherTextNorScrollBars) {
+    const struct {
+        int panel;
+        QSize inner;
+        int viewBottom;
+    } rows[] = {
+        {1, {799, 641}, 582},  {0, {799, 641}, 582},   {-1, {800, 800}, 782},
+        {-1, {900, 740}, 681}, {-1, {1600, 740}, 722}, {-1, {1600, 950}, 932},
+        {-1, {340, 340}, 281},
+    };
+    std::string text;
+    for (int i = 0; i < 120; ++i) text += std::string(i % 9 == 0 ? 300 : 5, 'x') + "\r\n";
+    for (const auto& [panel, size, viewBottom] : rows) {
+        SCOPED_TRACE(testing::Message() << panel << ": " << size.width() << " x " << size.height());
+        startWith(panel);
+        editor().SetText(text);
+        resizeInner(size);
+        RichTextView& view = editor().rtb();
+        EXPECT_EQ(shown(view).bottom() + 1, viewBottom);
+        const QRect strip = shown(control("SB2"));
+        EXPECT_LT(strip.bottom(), shown(control("SB1")).top());
+        const QRect viewport = shown(*view.viewport());
+        const auto isClear = [&](const QRect& inViewport) {
+            const QRect place = inViewport.translated(viewport.topLeft());
+            return viewport.contains(place) && !strip.intersects(place);
+        };
+        const Long lines = editor().GetLineCount();
+        for (Long step = 0; step < 2 * lines; ++step) {
+            const Long line = step < lines ? step : 2 * lines - 1 - step;
+            editor().SetSelStart(editor().GetCharNr(line) + 1);
+            EXPECT_TRUE(isClear(view.caretRect())) << "line " << line;
+        }
+        QCoreApplication::processEvents();
+        view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
+        EXPECT_TRUE(isClear({view.posFromChar(editor().box().length()), QSize(1, 9)}));
+        const QScrollBar& bar = *view.horizontalScrollBar();
+        EXPECT_TRUE(bar.isVisible() && !strip.intersects(shown(bar)));
+    }
+}
+
+TEST_F(MainLayoutTest, PanelsHaveLeastSizesOfTheWindowAndStripsOfTheFont) {
     startWith(1);
     const auto least = [this] {
         window().resize(10, 10);
@@ -84,17 +112,13 @@ TEST_F(MainLayoutTest, ThePanelsHaveLeastSizesOfTheWindowWithItsFrame) {
     EXPECT_EQ(window().size(), QSize(10, 10));
     trigger("funShowCmd");
     EXPECT_EQ(window().frameGeometry().size(), QSize(Twips::toPixels(5000), Twips::toPixels(5000)));
-}
-
-TEST_F(MainLayoutTest, StripsGrowWithTheFont) {
-    startWith(1);
     QFont font = window().font();
     font.setPointSize(40);
     window().setFont(font);
     const int line = QFontMetrics(font).height();
-    EXPECT_GE(place("SB1").height(), line);
-    EXPECT_GE(place("txtError").height(), line);
-    EXPECT_LE(place("SB2").bottom(), place("SB1").top());
+    EXPECT_GE(shown(control("SB1")).height(), line);
+    EXPECT_GE(shown(control("txtError")).height(), line);
+    EXPECT_LE(shown(control("SB2")).bottom(), shown(control("SB1")).top());
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
-#include <QAbstractScrollArea>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
 #include <QTest>
 
 #include "ShellTest.h"
+#include "shell/ErrorLine.h"
 
 namespace brindlex {
 namespace {
@@ -61,8 +62,13 @@ TEST_F(MainWindowTest, TheClipboardTakesAndGivesPlainText) {
     EXPECT_EQ(editor().Text(), "ax\r\ny\xA4preset\r\n");
     EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 2");
     EXPECT_EQ(window().CaretPosition(), 5);
+    // Half a line break is copied and cut as a whole one.
+    editor().SetSelStart(1);
+    editor().SetSelLength(2);
     window().funCut_Click();
-    EXPECT_EQ(desktop.clipboardText(), "");
+    EXPECT_EQ(editor().Text(), "ay\xA4preset\r\n");
+    window().funPaste_Click();
+    EXPECT_EQ(editor().Text(), "ax\r\ny\xA4preset\r\n");
 }
 
 TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOnUntilItOpensAgain) {
@@ -78,7 +84,6 @@ TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOnUntilItOpensAga
         return names;
     };
     EXPECT_EQ(enabled(), "funDelete ");
-    EXPECT_EQ(editor().Text(), "");
     type("text");
     window().funSelectAll_Click();
     QTest::keyClick(&editor().rtb(), Qt::Key_C, Qt::ControlModifier);
@@ -86,18 +91,6 @@ TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOnUntilItOpensAga
     EXPECT_EQ(enabled(), "funCut funCopy funPaste funDelete ");
     startNamed();
     EXPECT_EQ(enabled(), "funPaste funDelete funInsMap ");
-}
-
-TEST_F(MainWindowTest, BrowsingWithoutAChoiceGivesTheFolderOfTheSettings) {
-    start();
-    AppState& state = program->state();
-    state.WolfDir = "/maps";
-    const std::pair<std::optional<QString>, QString> rows[] = {
-        {"/other", "/other"}, {"", "/maps"}, {std::nullopt, "/maps"}};
-    for (const auto& [answer, expected] : rows) {
-        desktop.expectFolder("Select Folder", "/maps", answer);
-        EXPECT_EQ(BrowseForFolder(desktop, state, nullptr, "Select Folder"), expected);
-    }
 }
 
 TEST_F(MainWindowTest, EveryControlHasAName) {
@@ -113,28 +106,39 @@ TEST_F(MainWindowTest, EveryControlHasAName) {
 TEST_F(MainWindowTest, MenusAreOrderlyAndReachableByKeyboard) {
     start();
     QList<QList<QAction*>> menus{control<QMenuBar>("").actions()};
-    for (const QMenu* menu : window().findChildren<QMenu*>())
-        if (!menu->actions().isEmpty()) menus += menu->actions();
+    for (const QMenu* menu : window().findChildren<QMenu*>()) menus += menu->actions();
     QSet<QString> shortcuts;
     for (const QList<QAction*>& entries : menus) {
-        QSet<QChar> mnemonics;
-        QString order;
+        QSet<QString> mnemonics;
         for (const QAction* entry : entries) {
-            order += entry->isSeparator() ? '-' : 'e';
-            if (!entry->isSeparator()) {
-                const qsizetype mark = entry->text().indexOf('&');
-                ASSERT_GE(mark, 0) << entry->text().toStdString();
-                const QChar key = entry->text()[mark + 1].toLower();
-                EXPECT_FALSE(mnemonics.contains(key)) << entry->text().toStdString();
-                mnemonics += key;
-            }
+            if (entry->isSeparator()) continue;
+            const std::string text = entry->text().toStdString();
+            const QString key = entry->text().section('&', 1).left(1).toLower();
+            EXPECT_FALSE(key.isEmpty() || mnemonics.contains(key)) << text;
+            mnemonics += key;
             const QString shortcut = entry->shortcut().toString();
-            EXPECT_FALSE(!shortcut.isEmpty() && shortcuts.contains(shortcut))
-                << shortcut.toStdString();
+            EXPECT_FALSE(!shortcut.isEmpty() && shortcuts.contains(shortcut)) << text;
             shortcuts += shortcut;
         }
-        EXPECT_FALSE(('-' + order + '-').contains("--")) << order.toStdString();
     }
+}
+
+TEST_F(MainWindowTest, ErrorLinesAreTimedSelectedAndShownInFullByADoubleClick) {
+    start();
+    auto& list = control<QListWidget>("txtError");
+    const auto expectBox = [this](const QString& text) {
+        desktop.expectBox({text, "Error", BoxIcon::Information});
+    };
+    expectBox("");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton);
+    desktop.setNow(QDateTime(QDate(2003, 5, 29), QTime(7, 8, 9)));
+    for (int i = 0; i <= ErrorLine::kMostLines; ++i) window().UpdateError(QString::number(i));
+    EXPECT_EQ(list.count(), ErrorLine::kMostLines);
+    expectBox("(07:08:09) - Error: " + QString::number(ErrorLine::kMostLines));
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton);
+    list.setCurrentRow(0);
+    expectBox("(07:08:09) - Error: 1");
+    QTest::keyClick(&list, Qt::Key_Return);
 }
 
 TEST_F(MainWindowTest, ShortcutsReachTheirEntriesFromTheEditor) {

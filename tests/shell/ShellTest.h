@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -15,6 +16,11 @@ namespace brindlex {
 inline const QStringList kScriptFilters{"Script files (*.script)", "*.script", "All files (*.*)",
                                         "*.*"};
 
+inline const MessageBox kPresetQuestion{
+    "Are you sure you want to change the preset?\r\nWhile it is not extremely important, there is "
+    "no option to reset it!",
+    "Confirm", BoxIcon::Warning, BoxButtons::YesNo};
+
 /// A run of the program with folders of its own: "program", "settings" and "scripts".
 class ShellTest : public SettingsTest {
   protected:
@@ -26,8 +32,8 @@ class ShellTest : public SettingsTest {
     }
 
     void start(const QString& commandLine = {}) {
-        program.emplace(Surroundings{desktop, settings, folder.path("program"), commandLine,
-                                     [this] { ++ends; }});
+        program.emplace(Environment{desktop, settings, folder.path("program"), commandLine,
+                                    [this] { ++ends; }});
         Main(*program);
     }
     void startNamed() { start(folder.path("scripts/battery.script")); }
@@ -47,6 +53,8 @@ class ShellTest : public SettingsTest {
         desktop.expectFile(openDialog(), folder.path(name), std::move(meanwhile));
         trigger("funOpen");
     }
+    /// `work` runs in the first yield of a load, or, when nested, in the one after it.
+    void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }
 
     FileQuestion openDialog() {
         return {"Open script file", folder.path("maps"), kScriptFilters, false};

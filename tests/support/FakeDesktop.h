@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QMimeData>
 #include <deque>
 #include <functional>
 
-#include "platform/Desktop.h"
+#include "system/Desktop.h"
 
 namespace brindlex {
 
@@ -35,7 +36,10 @@ class FakeDesktop : public Desktop {
     std::optional<QFont> askFont(QWidget*, const QString&, const QFont&) override { return {}; }
     bool hasClipboardText() override { return !clipboard_.isEmpty(); }
     QString clipboardText() override { return clipboard_; }
-    void setClipboardText(const QString& text) override { clipboard_ = text; }
+    void setClipboardText(const QString& text) { clipboard_ = text; }
+    void setClipboard(std::unique_ptr<QMimeData> data) override {
+        clipboard_ = data ? data->text() : QString();
+    }
     void beep() override {}
     bool openDocument(const QString&) override { return true; }
     QDateTime now() override { return now_; }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/text/RichTextBox.h"
+#include "text/RichTextBox.h"
 
 namespace brindlex::test {
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/SettingsStore.h"
 #include "support/TempFolder.h"
+#include "system/SettingsStore.h"
 
 namespace brindlex {
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <random>
 #include <string>
-#include <utility>
 
 #include "support/FakeDesktop.h"
 #include "widgets/XPButton.h"
@@ -30,25 +28,5 @@ inline QImage plainImage(const QSize& size, const QColor& color) {
     image.fill(color);
     return image;
 }
-
-/// The members that are numbers, with their highest values.
-inline constexpr std::pair<void (XPButton::*)(int), int> kNumbers[] = {
-    {&XPButton::SetCaptionStyle, 2}, {&XPButton::SetPictureSize, 4},
-    {&XPButton::SetPictureAlign, 5}, {&XPButton::SetButtonShape, 7},
-    {&XPButton::SetCaptionAlign, 2}, {&XPButton::SetGradientMode, 4},
-};
-
-/// Whole numbers from 0 up, the same in each run.
-class Dice {
-  public:
-    explicit Dice(unsigned seed) : random_(seed) {}
-    int upTo(int highest) { return static_cast<int>(random_() % (highest + 1U)); }
-    void setNumbers(XPButton& button) {
-        for (const auto& [set, highest] : kNumbers) (button.*set)(upTo(highest));
-    }
-
-  private:
-    std::mt19937 random_;
-};
 
 }  // namespace brindlex

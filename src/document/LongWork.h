@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+namespace brindlex {
+
+class Desktop;
+class KELP_RTBSyntax;
+
+/// Work that takes its time: the pointer is busy and the editor is out of sight meanwhile, and the
+/// rest of the window is drawn in between. It runs within a command, so no other command starts in
+/// its yields (CommandLock).
+class LongWork {
+  public:
+    enum class Step {
+        EditorNotReady,
+        EditorReady,
+        BusyPointer,
+        NormalPointer,
+        HideEditor,
+        ShowEditor,  ///< gives the focus back to the widget that had it
+        HideLinePane,
+        ShowLinePane,
+        Yield,
+    };
+    /// What comes before and after a kind of work, in order.
+    struct Order {
+        std::vector<Step> before;
+        std::vector<Step> after;
+    };
+    /// Putting a document into the editor.
+    static const Order kLoad;
+
+    /// `desktop` and `editor` outlive this object. `setLinePaneVisible` shows or hides the line
+    /// number of the status bar.
+    LongWork(Desktop& desktop, KELP_RTBSyntax& editor,
+             std::function<void(bool)> setLinePaneVisible);
+
+    void run(const Order& order, const std::function<void()>& work);
+    /// Lets the window draw and answer other programs. What the user does meanwhile waits.
+    static void yield();
+
+    /// False during a load and before the first one. Starting with an empty text is no load.
+    bool EditorReady() const { return editorReady_; }
+
+  private:
+    void take(Step step);
+
+    Desktop& desktop_;
+    KELP_RTBSyntax& editor_;
+    std::function<void(bool)> setLinePaneVisible_;
+    bool editorReady_ = false;
+    QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
+};
+
+}  // namespace brindlex

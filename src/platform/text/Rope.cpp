@@ -1,7 +1,0 @@
-#include "platform/text/Rope.h"
-
-namespace brindlex {
-
-template class BasicRope<512, 8>;
-
-}  // namespace brindlex

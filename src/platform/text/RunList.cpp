@@ -1,7 +1,0 @@
-#include "platform/text/RunList.h"
-
-namespace brindlex {
-
-template class BasicRunList<64, 8>;
-
-}  // namespace brindlex

@@ -1,0 +1,7 @@
+#include "text/Rope.h"
+
+namespace brindlex {
+
+template class BasicRope<512, 8>;
+
+}  // namespace brindlex

@@ -1,0 +1,124 @@
+#include "view/input/TextDragDrop.h"
+
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QTimer>
+#include <algorithm>
+
+#include "system/LocalFile.h"
+#include "view/RichTextView.h"
+#include "view/input/CaretActions.h"
+#include "view/input/TextMimeData.h"
+
+namespace brindlex {
+namespace {
+
+constexpr int kEdge = 16;  // pixels in which a hovering drag scrolls
+
+}  // namespace
+
+TextDragDrop::TextDragDrop(RichTextView& view, CaretActions& actions)
+    : view_(view),
+      actions_(actions),
+      scroll_(view, kEdge, [this] { view_.setDropCaret(actions_.positionAt(scroll_.pointer())); }) {
+}
+
+void TextDragDrop::start() {
+    const Range range = view_.box().selection();
+    const Rope text = view_.box().rope();
+    const bool locked = view_.box().Locked();
+    dragged_ = range;
+    droppedHere_ = false;
+    auto* drag = new QDrag(&view_);  // the toolkit deletes it
+    drag->setMimeData(new TextMimeData(text, range, view_.codePage()));
+    const QPointer<QWidget> alive(&view_);
+    const Qt::DropAction done =
+        drag->exec(locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction,
+                   locked ? Qt::CopyAction : Qt::MoveAction);
+    if (!alive) return;
+    dragged_.reset();
+    if (done != Qt::MoveAction || droppedHere_) return;
+    // other code may have edited while the drag was under way
+    const Rope& now = view_.box().rope();
+    if (range.end().value() <= now.size() && now.bytes(range) == text.bytes(range))
+        actions_.replace(range, {});
+}
+
+void TextDragDrop::enter(QDragEnterEvent& event) {
+    if (acceptedFile(event).isEmpty()) acceptText(event);
+}
+
+void TextDragDrop::move(QDragMoveEvent& event) {
+    if (!acceptedFile(event).isEmpty()) return leave();
+    if (!acceptText(event)) return;
+    const QPoint at = event.position().toPoint();
+    scroll_.follow(at);
+    view_.setDropCaret(actions_.positionAt(at));
+}
+
+void TextDragDrop::leave() {
+    scroll_.stop();
+    view_.setDropCaret(std::nullopt);
+}
+
+void TextDragDrop::drop(QDropEvent& event) {
+    leave();
+    if (const QString path = acceptedFile(event); !path.isEmpty()) return openFile(path);
+    if (!acceptText(event)) return;
+    droppedHere_ = dragged_.has_value();
+    if (!dropText(event, actions_.positionAt(event.position().toPoint()))) return event.ignore();
+    view_.activateWindow();
+    view_.setFocus(Qt::OtherFocusReason);
+}
+
+QString TextDragDrop::acceptedFile(QDropEvent& event) const {
+    return view_.onFileDropped ? acceptFile(event) : QString();
+}
+
+bool TextDragDrop::acceptText(QDropEvent& event) const {
+    const QMimeData& data = *event.mimeData();
+    if (view_.box().Locked() || !data.hasText() || !localFileOf(data).isEmpty()) {
+        event.ignore();
+        return false;
+    }
+    event.setDropAction(actionFor(event));
+    event.accept();
+    return true;
+}
+
+Qt::DropAction TextDragDrop::actionFor(const QDropEvent& event) const {
+    if (!dragged_) return event.proposedAction();
+    return event.modifiers().testFlag(Qt::ControlModifier) ? Qt::CopyAction : Qt::MoveAction;
+}
+
+void TextDragDrop::openFile(const QString& path) {
+    // later: the program that the file comes from waits for the drop to end, and opening may ask
+    QTimer::singleShot(0, &view_, [&view = view_, path] {
+        if (view.onFileDropped) view.onFileDropped(path);
+    });
+}
+
+bool TextDragDrop::dropText(QDropEvent& event, Offset target) {
+    RichTextBox& box = view_.box();
+    if (!dragged_) {
+        const QString text = event.mimeData()->text();
+        return insertAt(target, view_.codePage().fromUnicode(text));
+    }
+    const Range range{std::min(dragged_->begin(), Offset(box.length())),
+                      std::min(dragged_->end(), Offset(box.length()))};
+    if (event.dropAction() == Qt::CopyAction) return insertAt(target, box.rope().bytes(range));
+    return box.userMove(range, target);
+}
+
+bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {
+    if (!actions_.replace({target, target}, bytes)) return false;
+    // a handler of the change may have selected something of its own
+    const RichTextBox& box = view_.box();
+    if (box.selection().empty() && box.caret() > target) actions_.select(target, box.caret());
+    return true;
+}
+
+}  // namespace brindlex

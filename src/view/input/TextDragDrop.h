@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string_view>
+
+#include "text/Units.h"
+#include "view/input/AutoScroll.h"
+
+class QDragEnterEvent;
+class QDragMoveEvent;
+class QDropEvent;
+
+namespace brindlex {
+
+class CaretActions;
+class RichTextView;
+
+/// Text dragged out of a RichTextView and into it. A drag within the view moves the text, with Ctrl
+/// it copies; text from elsewhere is inserted and selected; a file is handed to the view's owner.
+class TextDragDrop {
+  public:
+    /// Both outlive this object.
+    TextDragDrop(RichTextView& view, CaretActions& actions);
+
+    /// Drags the selection; returns when the drag has ended. Text that was moved to another program
+    /// is removed.
+    void start();
+    void enter(QDragEnterEvent& event);
+    void move(QDragMoveEvent& event);
+    void leave();
+    void drop(QDropEvent& event);
+
+  private:
+    /// The path of a file that the view's owner takes; empty for anything else.
+    QString acceptedFile(QDropEvent& event) const;
+    bool acceptText(QDropEvent& event) const;
+    Qt::DropAction actionFor(const QDropEvent& event) const;
+    void openFile(const QString& path);
+    bool dropText(QDropEvent& event, Offset target);
+    bool insertAt(Offset target, std::string_view bytes);
+
+    RichTextView& view_;
+    CaretActions& actions_;
+    AutoScroll scroll_;
+    std::optional<Range> dragged_;  // set while a drag that began here is under way
+    bool droppedHere_ = false;
+};
+
+}  // namespace brindlex

@@ -1,0 +1,114 @@
+#include <QTest>
+#include <algorithm>
+
+#include "shell/ShellTest.h"
+#include "support/MarkedText.h"
+#include "text/Random.h"
+
+namespace brindlex {
+namespace {
+
+using test::marked;
+using test::putMarked;
+
+class UndoTest : public ShellTest {
+  protected:
+    void startWithText(const std::string& text) {
+        folder.put("scripts/battery.script", text);
+        startNamed();
+    }
+    std::string after(const char* entry) {
+        trigger(entry);
+        return marked(editor().box());
+    }
+    /// Inserts something, or deletes a part of the text, but never half a line break.
+    void insertOrDelete(test::Random& random) {
+        const std::string text = editor().Text();
+        const auto place = [&] {
+            const std::size_t at = random.below(text.size() + 1);
+            return Offset(text[at] == '\n' ? at + 1 : at);
+        };
+        const Offset caret = place();
+        const Offset other = random.oneIn(3) ? place() : caret;
+        editor().box().select(other, caret);
+        type(other == caret ? random.text(1 + random.below(6), "ab \t{\n") : "");
+    }
+};
+
+TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
+    startWithText("spawn");
+    type("a");
+    type("b");
+    desktop.expectBox(saveQuestion("Do you want to save battery.script?"), BoxAnswer::No);
+    trigger("funNew");
+    trigger("funUndo");
+    trigger("funRedo");
+    EXPECT_EQ(editor().Text(), "preset\r\n");
+    EXPECT_FALSE(document().Dirty());
+}
+
+/// Of a text that was replaced by another, only what was longer comes back.
+TEST_F(UndoTest, AStepIsWhatTheLengthsDifferBy) {
+    const struct {
+        std::string before, edit, undone, redone;
+    } rows[] = {
+        {"ab|", "c", "ab|", "abc|"},
+        {"|bc", "a", "|bc", "a|bc"},
+        {"a|d", "bc", "a|d", "a^bc|d"},
+        {"a|b", "\r\nx", "a|b", "a^\r\nx|b"},
+        {"a\r\n|b", "Backspace", "a\r\n|b", "a|b"},
+        {"a|\r\nb", "Delete", "a\r\n|b", "a|b"},
+        {"a|bc^d", "", "a^bc|d", "a|d"},
+        {"^ab\r\nc|", "", "^ab\r\nc|", "|"},
+        // replaced by something longer, shorter, of the same length
+        {"a^b|c", "xyz", "ax|c", "ax^yz|c"},
+        {"a^bcde|f", "x", "ax^cde|f", "ax|f"},
+        {"a^bc|d", "xy", "axy|d", "axy|d"},
+        // the stretch would end inside a line break: restored exactly, in both directions
+        {"a^\r\nbc|d", "x", "a\r\nbc|d", "ax|d"},
+        {"a^b|c", "\r\n\r\n", "ab|c", "a\r\n\r\n|c"},
+    };
+    startNamed();
+    for (const auto& [before, edit, undone, redone] : rows) {
+        SCOPED_TRACE(testing::PrintToString(before) + " and " + testing::PrintToString(edit));
+        putMarked(editor().box(), before);
+        const bool isDelete = edit == "Delete";
+        if (isDelete || edit == "Backspace")
+            QTest::keyClick(&editor().rtb(), isDelete ? Qt::Key_Delete : Qt::Key_Backspace);
+        else
+            type(edit);
+        EXPECT_EQ(after("funUndo"), undone);
+        EXPECT_EQ(after("funRedo"), redone);
+    }
+}
+
+TEST_F(UndoTest, InsertionsAndDeletionsAreUndoneAndRedoneInTurn) {
+    for (const std::uint64_t seed : test::seeds(3)) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed);
+        test::Random random(seed);
+        startWithText("one\r\ntwo");
+        insertOrDelete(random);  // the first change stays
+        std::vector<std::string> texts{editor().Text()};
+        std::size_t shown = 0;
+        for (int round = 0; round < 150; ++round) {
+            const std::size_t what = random.below(3);
+            for (std::size_t count = random.below(9); count > 0; --count) {
+                if (what == 0) {
+                    trigger("funUndo");
+                    shown -= std::min<std::size_t>(shown, 1);
+                } else if (what == 1) {
+                    trigger("funRedo");
+                    shown = std::min(shown + 1, texts.size() - 1);
+                } else {
+                    insertOrDelete(random);
+                    texts.resize(++shown);
+                    texts.push_back(editor().Text());
+                }
+                ASSERT_EQ(editor().Text(), texts[shown]) << "round " << round;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace brindlex

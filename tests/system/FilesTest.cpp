@@ -1,0 +1,218 @@
+#include "system/Files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <tuple>
+
+#include "support/HostileSystem.h"
+#include "support/TempFolder.h"
+#include "text/Random.h"
+
+namespace brindlex {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace HostileSystem;
+
+// --- Contents ------------------------------------------------------------------------------------
+
+TEST(Files, ContentsComeBackAsWritten) {
+    const TempFolder folder;
+    const std::string contents[] = {"a", "", "lf\ncr\rboth\r\n", test::allBytes(),
+                                    std::string(1 << 20, 'x')};
+    for (const std::string& bytes : contents) {
+        ASSERT_TRUE(Files::write(folder.path("a.script"), bytes));
+        EXPECT_EQ(folder.get("a.script"), bytes);
+        EXPECT_EQ(Files::read(folder.path("a.script")), bytes);
+    }
+    EXPECT_EQ(folder.count(), 1);
+}
+
+TEST(Files, ReadsALargeFileWholeAndRefusesAGiant) {
+    const TempFolder folder;
+    std::string text = test::Random(1).text((5 << 20) + 1, test::allBytes());
+    folder.put("a.script", text);
+    text.resize(200U << 20);
+    fs::resize_file(folder.at("a.script"), text.size());
+    EXPECT_TRUE(Files::read(folder.path("a.script")) == text);
+    fs::resize_file(folder.at("a.script"), (std::uintmax_t{1} << 30) + 1);
+    EXPECT_FALSE(Files::read(folder.path("a.script")));
+}
+
+// --- Names ---------------------------------------------------------------------------------------
+
+TEST(Files, NamesAreFoundExactlyFirstThenButForCase) {
+    struct Case {
+        const char* asked;
+        const char* found;  ///< relative to the folder; null: there is none
+    };
+    const Case cases[] = {
+        {"maps\\SUB\\one.Script", "Maps/Sub/One.script"},
+        {"maps/two.script", "Maps/two.script"},
+        {"Maps/Two.Script", "Maps/TWO.script"},
+        {"Maps/A[1].SCRIPT", "Maps/a[1].script"},
+        {"Maps/*.script", nullptr},
+        {"Maps/tw?.script", nullptr},
+        {"Maps", nullptr},
+        {"Maps/two.script/", nullptr},
+        {"Maps/two.script/x", nullptr},
+        {"Gone/two.script", nullptr},
+    };
+    const TempFolder folder;
+    for (const char* name : {"Maps/Sub/One.script", "Maps/two.SCRIPT", "Maps/TWO.script",
+                             "Maps/two.script", "Maps/a[1].script"})
+        folder.put(name, name);
+    for (const auto& [asked, found] : cases) {
+        SCOPED_TRACE(asked);
+        const QString path = folder.path(asked);
+        EXPECT_EQ(Files::exists(path), found != nullptr);
+        EXPECT_EQ(Files::read(path), found ? std::optional<std::string>(found) : std::nullopt);
+        if (found) {
+            EXPECT_EQ(Files::resolve(path), folder.path(found));
+        }
+    }
+    folder.put(".hidden", "x");
+    EXPECT_FALSE(Files::exists(folder.path(".hidden")));
+    EXPECT_EQ(Files::read(folder.path(".hidden")), "x");
+    EXPECT_EQ(Files::resolve(folder.path("MAPS\\sub")), folder.path("Maps/Sub"));
+}
+
+TEST(Files, OnlyTheFileOfExactlyThatNameIsWrittenOver) {
+    const TempFolder folder;
+    folder.put("Maps/Bay.script", "another");
+    EXPECT_TRUE(Files::write(folder.path("Maps\\bay.script"), "mine"));
+    EXPECT_EQ(folder.get("Maps/bay.script"), "mine");
+    EXPECT_EQ(folder.get("Maps/Bay.script"), "another");
+    EXPECT_FALSE(Files::write(folder.path("maps/Bay.script"), "mine"));
+    EXPECT_EQ(folder.get("Maps/Bay.script"), "another");
+}
+
+TEST(Files, WhatIsNoPlainFileIsNeitherReadNorWritten) {
+    const TempFolder folder;
+    mkfifo(folder.at("pipe").c_str(), 0666);
+    fs::create_symlink("pipe", folder.at("link"));
+    fs::create_symlink("b", folder.at("a"));
+    fs::create_symlink("a", folder.at("b"));
+    const QString paths[] = {folder.path(),
+                             folder.path("pipe"),
+                             folder.path("link"),
+                             folder.path("a"),  // a circle of links
+                             folder.path("gone/a.script"),
+                             folder.path("x") + QChar(0) + "b",
+                             folder.path(std::string(300, 'x')),
+                             "",
+                             "/dev/zero",
+                             "/dev/full",
+                             "C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps",
+                             ":/qt-project.org/styles/commonstyle/images/closedock-16.png"};
+    for (const QString& path : paths) {
+        SCOPED_TRACE(path.toStdString());
+        EXPECT_FALSE(Files::exists(path));
+        EXPECT_FALSE(Files::read(path));
+        EXPECT_FALSE(Files::write(path, "x"));
+    }
+    EXPECT_EQ(folder.count(), 4);
+}
+
+// --- What stands on the disk after a write -------------------------------------------------------
+
+TEST(Files, LinksAreWrittenThroughAlsoToAFileNotThereYet) {
+    const TempFolder folder;
+    folder.put("real/deep/old.script", "old");
+    fs::create_symlink("real/deep", folder.at("short"));
+    fs::create_symlink("../deep/old.script", folder.at("real/deep/link"));
+    fs::create_symlink("../new.script", folder.at("real/deep/dangling"));
+    EXPECT_TRUE(Files::write(folder.path("short/link"), "one"));
+    EXPECT_EQ(folder.get("real/deep/old.script"), "one");
+    EXPECT_TRUE(Files::write(folder.path("short/dangling"), "two"));
+    EXPECT_EQ(folder.get("real/new.script"), "two");
+    EXPECT_TRUE(fs::is_symlink(folder.at("real/deep/link")));
+    EXPECT_TRUE(fs::is_symlink(folder.at("real/deep/dangling")));
+}
+
+TEST(Files, PermissionsAndOwnerStay) {
+    const TempFolder folder;
+    const auto attributes = [&] {
+        struct stat now {};
+        stat(folder.at("a.script").c_str(), &now);
+        return std::tuple(now.st_mode, now.st_uid, now.st_gid);
+    };
+    folder.put("a.script", "old");
+    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0646), 0);
+    if (getuid() == 0) {
+        ASSERT_EQ(chown(folder.at("a.script").c_str(), kNobody, kNobody), 0);
+    }
+    const auto before = attributes();
+    EXPECT_TRUE(Files::write(folder.path("a.script"), "new"));
+    EXPECT_EQ(attributes(), before);
+}
+
+// --- A disk that fails ---------------------------------------------------------------------------
+
+constexpr std::size_t kOldSize = 100000;
+
+struct Fault {
+    const char* name;
+    mode_t folderMode;
+    mode_t fileMode;
+    rlim_t diskSpace;     ///< the most that a file may hold
+    std::size_t newSize;  ///< of the text written over a file of kOldSize
+    bool succeeds;
+};
+
+void expectWholeFile(const Fault& fault) {
+    SCOPED_TRACE(fault.name);
+    const TempFolder folder;
+    const std::string oldText(kOldSize, 'o');
+    const std::string newText(fault.newSize, 'n');
+    folder.put("a.script", oldText);
+    if (getuid() == 0) {
+        ASSERT_EQ(chown(folder.at("a.script").c_str(), kNobody, kNobody), 0);
+        ASSERT_EQ(chown(folder.at().c_str(), kNobody, kNobody), 0);
+    }
+    ASSERT_EQ(chmod(folder.at("a.script").c_str(), fault.fileMode), 0);
+    ASSERT_EQ(chmod(folder.at().c_str(), fault.folderMode), 0);
+
+    EXPECT_TRUE(inChild([&] {
+        if (!becomePlainUser() || !fillDisk(fault.diskSpace)) return false;
+        return Files::write(folder.path("a.script"), newText) == fault.succeeds;
+    }));
+    ASSERT_EQ(chmod(folder.at().c_str(), 0700), 0);
+    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0600), 0);
+    EXPECT_EQ(folder.get("a.script"), fault.succeeds ? newText : oldText);
+    EXPECT_EQ(folder.count(), 1) << "something is left in the folder";
+}
+
+TEST(Files, AFailingDiskLeavesTheOldFileWhole) {
+    const Fault faults[] = {
+        {"no fault", 0700, 0600, RLIM_INFINITY, 5, true},
+        {"nothing fits", 0700, 0600, 0, 5, false},
+        {"full half-way", 0700, 0600, 50000, 60000, false},
+        {"read-only file", 0700, 0400, RLIM_INFINITY, 5, false},
+        {"read-only folder", 0500, 0600, RLIM_INFINITY, 150000, true},
+        {"read-only folder, to be empty", 0500, 0600, RLIM_INFINITY, 0, true},
+        {"read-only folder and file", 0500, 0400, RLIM_INFINITY, 5, false},
+        {"read-only folder, full, growing", 0500, 0600, 120000, 150000, false},
+        {"read-only folder, full, shrinking", 0500, 0600, 20000, 50000, false},
+    };
+    for (const Fault& fault : faults) expectWholeFile(fault);
+}
+
+TEST(Files, ANewFileOnAFullDiskIsNotLeftBehind) {
+    const TempFolder folder;
+    const std::string longestName(255, 'n');
+    for (const std::string& name : {std::string("a.script"), longestName}) {
+        EXPECT_TRUE(inChild([&] {
+            return fillDisk(10) && !Files::write(folder.path(name), std::string(20, 'x'));
+        }));
+    }
+    EXPECT_EQ(folder.count(), 0);
+    for (const char* bytes : {"one", "two"}) {
+        EXPECT_TRUE(Files::write(folder.path(longestName), bytes));
+        EXPECT_EQ(folder.get(longestName), bytes);
+    }
+}
+
+}  // namespace
+}  // namespace brindlex

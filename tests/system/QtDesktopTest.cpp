@@ -1,0 +1,155 @@
+#include "system/QtDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+
+#include "support/TempFolder.h"
+
+namespace brindlex {
+namespace {
+
+/// Does something to the dialog that comes up next.
+template <typename Dialog, typename Action>
+void whenOpen(Action action) {
+    QTimer::singleShot(0, [action] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        action(*dialog);
+        if (dialog->isVisible()) {
+            ADD_FAILURE() << "the dialog stayed open";
+            dialog->reject();
+        }
+    });
+}
+
+TEST(QtDesktop, KeysAnswerABox) {
+    const auto answer = [](BoxButtons buttons, Qt::Key key) {
+        whenOpen<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
+        return QtDesktop().showBox(nullptr, {"Text", "Title", BoxIcon::Question, buttons});
+    };
+    EXPECT_EQ(answer(BoxButtons::Ok, Qt::Key_Escape), BoxAnswer::Ok);
+    EXPECT_EQ(answer(BoxButtons::YesNo, Qt::Key_Escape), BoxAnswer::No);
+    EXPECT_EQ(answer(BoxButtons::YesNo, Qt::Key_Return), BoxAnswer::Yes);
+    EXPECT_EQ(answer(BoxButtons::YesNoCancel, Qt::Key_Escape), BoxAnswer::Cancel);
+    EXPECT_EQ(answer(BoxButtons::YesNoCancel, Qt::Key_Return), BoxAnswer::Yes);
+}
+
+TEST(QtDesktop, BoxesShowPlainTextWithLineBreaksAndTheNormalPointer) {
+    QtDesktop desktop;
+    desktop.setBusyPointer(true);
+    desktop.setBusyPointer(true);
+    whenOpen<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "<b>a</b> & b\nsecond\nthird");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        box.accept();
+    });
+    desktop.showBox(nullptr, {"<b>a</b> & b\r\nsecond\rthird", "Title"});
+    ASSERT_TRUE(QApplication::overrideCursor());
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desktop.setBusyPointer(false);
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+void typeName(QFileDialog& dialog, const QString& name) {
+    auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+    edit->setText(name);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+class FileDialogs : public testing::Test {
+  protected:
+    FileDialogs() { folder.put("Maps/one.script", "x"); }
+
+    FileAnswer ask(bool save) {
+        return desktop.askFile(nullptr,
+                               {"Script file",
+                                folder.path("maps\\"),
+                                {"Script files (*.script)", "*.script", "All files (*.*)", "*.*"},
+                                save});
+    }
+
+    TempFolder folder;
+    QtDesktop desktop;
+};
+
+TEST_F(FileDialogs, StartInTheFolderAndReturnTheTypedPath) {
+    for (const bool save : {false, true}) {
+        const QString name = save ? "new" : "one.script";
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.directory().path(), folder.path("Maps"));
+            EXPECT_EQ(dialog.windowTitle(), "Script file");
+            typeName(dialog, name);
+        });
+        EXPECT_EQ(ask(save), FileAnswer(folder.path("Maps/") + name));
+    }
+    whenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_TRUE(std::holds_alternative<Cancelled>(ask(false)));
+}
+
+TEST_F(FileDialogs, SavingIntoAMissingFolderIsRefusedAndAskedAgain) {
+    for (const char* name : {"gone/new", "gone\\new", "one.script/new"}) {
+        SCOPED_TRACE(name);
+        bool refused = false;
+        whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+            typeName(dialog, name);
+            whenOpen<QMessageBox>([&](QMessageBox& box) {
+                refused = true;
+                box.accept();
+                whenOpen<QFileDialog>([](QFileDialog& again) {
+                    auto* edit = again.findChild<QLineEdit*>("fileNameEdit");
+                    EXPECT_EQ(edit->text(), "new");
+                    QTest::keyClick(edit, Qt::Key_Return);
+                });
+            });
+        });
+        EXPECT_EQ(ask(true), FileAnswer(folder.path("Maps/new")));
+        EXPECT_TRUE(refused);
+    }
+}
+
+TEST_F(FileDialogs, SavingOverAnotherFileIsAskedAbout) {
+    const auto answerAndType = [](QMessageBox::StandardButton answer, QFileDialog& dialog) {
+        whenOpen<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
+        typeName(dialog, "one.script");
+    };
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        answerAndType(QMessageBox::No, dialog);
+        EXPECT_TRUE(dialog.isVisible());
+        answerAndType(QMessageBox::Yes, dialog);
+    });
+    EXPECT_EQ(ask(true), FileAnswer(folder.path("Maps/one.script")));
+}
+
+TEST(QtDesktop, TheClipboardMakesItsTextWhenItIsAskedFor) {
+    class Lazy : public QMimeData {
+      public:
+        explicit Lazy(int& made) : made_(made) {}
+        QStringList formats() const override { return {"text/plain"}; }
+        QVariant retrieveData(const QString&, QMetaType) const override {
+            ++made_;
+            return QString("text");
+        }
+
+      private:
+        int& made_;
+    };
+    QtDesktop desktop;
+    int made = 0;
+    desktop.setClipboard(std::make_unique<Lazy>(made));
+    EXPECT_EQ(made, 0);
+    EXPECT_EQ(desktop.clipboardText(), "text");
+    desktop.setClipboard(nullptr);
+    EXPECT_FALSE(desktop.hasClipboardText());
+}
+
+}  // namespace
+}  // namespace brindlex

@@ -1,0 +1,181 @@
+#include "view/layout/LineLayouts.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <algorithm>
+#include <set>
+
+#include "text/Random.h"
+#include "view/layout/ReadableColor.h"
+
+namespace brindlex {
+namespace {
+
+using test::Random;
+
+/// A box and what lays out its lines; the layouts hear of every change.
+class LaidOutBox : public RichTextObserver {
+  public:
+    explicit LaidOutBox(int page = 1252) : codePage(CodePage::windows(page)) {
+        context.setFont(QFontInfo(QGuiApplication::font()).family());  // proportional
+        box.setObserver(this);
+    }
+
+    const CodePage codePage;
+    RichTextBox box{codePage.characters()};
+    LayoutContext context{codePage};
+    LineLayouts layouts{box, context};
+
+  private:
+    void textChanged(const TextEdit& edit) override { layouts.textChanged(edit); }
+    void formatChanged(Range range) override { layouts.formatChanged(range); }
+    void selectionChanged() override {}
+};
+
+/// Mostly in the long line, often at the border of two of its blocks.
+Offset somewhere(const RichTextBox& box, Random& random) {
+    const std::size_t any = random.below(box.length() + 1);
+    if (!random.oneIn(3)) return Offset(any);
+    const Offset start = box.rope().lineStart(box.rope().lineOf(Offset(any)));
+    return Offset(start.value() + (any - start.value()) / LineBlocks::kBytes * LineBlocks::kBytes);
+}
+
+TEST(LineLayouts, FollowRandomEditsAsIfMadeAnew) {
+    // breaks are rare, so that there are lines of all lengths, and so are tabs, which even widths
+    // out
+    const std::string letters = QByteArray("iMc d.W").repeated(60).toStdString() + "\t\n";
+    for (const std::uint64_t seed : test::seeds(6)) {
+        SCOPED_TRACE(seed);
+        Random random(seed);
+        LaidOutBox laidOut;
+        laidOut.box.SetText(random.text(2000, letters) + random.text(12000, "iM c"));
+        for (int step = 0; step < 300; ++step) {
+            const Offset begin = somewhere(laidOut.box, random);
+            const std::size_t most = random.oneIn(10) ? 3000 : 30;
+            const Offset end = std::min(begin + random.below(most), Offset(laidOut.box.length()));
+            laidOut.box.userReplace({begin, end}, random.text(random.below(most), letters));
+            const LineIndex line = laidOut.box.rope().lineOf(somewhere(laidOut.box, random));
+            const LineLayout& updated = laidOut.layouts.at(line);
+            LineLayouts others(laidOut.box, laidOut.context);
+            const LineLayout& fresh = others.at(line);
+            const std::size_t length = laidOut.box.lineContent(line).length();
+            for (std::size_t column = 0; column <= length; column += 1 + random.below(60)) {
+                const qreal x = fresh.xOf(column);
+                ASSERT_NEAR(updated.xOf(column), x, 0.05) << "column " << column;
+                ASSERT_EQ(updated.columnAt(x + 0.1), fresh.columnAt(x + 0.1)) << "x " << x;
+            }
+        }
+    }
+}
+
+TEST(LineLayouts, CharactersStandSideBySide) {
+    Random random(3);
+    LaidOutBox laidOut;
+    std::string text = test::allBytes() + random.text(9000, "iM. \t\x01\xE4(_");
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    laidOut.box.SetText(text);
+    const LineLayout& line = laidOut.layouts.at(LineIndex(0));
+    qreal x = 0;
+    for (std::size_t column = 0; column < text.size(); ++column) {
+        const auto byte = static_cast<unsigned char>(text[column]);
+        const qreal next =
+            byte == '\t' ? laidOut.context.nextTabStop(x) : x + laidOut.context.advance(byte);
+        ASSERT_TRUE(next > x + 1 || byte == '\t') << "byte " << int(byte) << " is not seen";
+        ASSERT_NEAR(line.xOf(column), x, 0.1) << "column " << column;
+        ASSERT_EQ(line.columnAt(x + (next - x) * 0.4), column);
+        ASSERT_EQ(line.characterAt(x + (next - x) * 0.6), column);
+        x = next;
+    }
+    EXPECT_NEAR(line.width(), x, 0.5);
+    EXPECT_EQ(line.columnAt(x + 100), text.size());
+    EXPECT_EQ(line.characterAt(x + 1), std::nullopt);
+    EXPECT_EQ(line.characterAt(-1), std::nullopt);
+}
+
+TEST(LineLayouts, APreeditPushesAsideWhatFollows) {
+    LaidOutBox laidOut;
+    laidOut.box.SetText(std::string(3000, 'a') + "\t" + std::string(3000, 'b'));
+    for (const std::size_t column : {0U, 1023U, 1024U, 3000U, 3001U, 6001U}) {
+        SCOPED_TRACE(column);
+        const auto places = [&] {
+            std::vector<qreal> xs;
+            for (std::size_t at = 0; at <= 6001; ++at)
+                xs.push_back(laidOut.layouts.at(LineIndex(0)).xOf(at));
+            return xs;
+        };
+        laidOut.layouts.setPreedit({}, Offset(0));
+        const std::vector<qreal> before = places();
+        laidOut.layouts.setPreedit({"composed", {}, 8, true}, Offset(column));
+        const std::vector<qreal> after = places();
+        const LineLayout& line = laidOut.layouts.at(LineIndex(0));
+        const qreal width = line.preeditX(8) - line.preeditX(0);
+        EXPECT_GT(width, 8);
+        EXPECT_NEAR(line.preeditX(0), before[column], 0.1);
+        EXPECT_EQ(line.columnAt(before[column] + width / 2), column);
+        EXPECT_EQ(line.characterAt(before[column] + width / 2), std::nullopt);
+        EXPECT_NEAR(after[column], before[column], 0.1);
+        EXPECT_NEAR(after[3000], before[3000] + (column < 3000 ? width : 0), 0.5);
+        EXPECT_GE(after[6001], before[6001]);
+    }
+}
+
+TEST(LineLayouts, LettersFromRightToLeftAreAllFound) {
+    LaidOutBox laidOut(1255);
+    laidOut.box.SetText("ab \xF9\xEC\xE5\xED \t\xF9\xEC 12 c");
+    const LineLayout& line = laidOut.layouts.at(LineIndex(0));
+    std::set<std::size_t> found;
+    for (qreal x = 0; x < line.width(); x += 1)
+        if (const auto column = line.characterAt(x)) found.insert(*column);
+    EXPECT_EQ(found.size(), laidOut.box.length());
+    EXPECT_GT(line.xOf(4), line.xOf(5)) << "the first letter stands to the right of the second";
+    laidOut.box.SetText(std::string(600, '\xE0'));
+    for (std::size_t column = 1; column < 600; ++column)
+        EXPECT_LT(laidOut.layouts.at(LineIndex(0)).xOf(column),
+                  laidOut.layouts.at(LineIndex(0)).xOf(column - 1));
+}
+
+TEST(LineLayouts, ALineOfMegabytesIsMeasuredWhereItIsAskedFor) {
+    LaidOutBox laidOut;
+    laidOut.box.SetText(std::string(4'000'000, 'x'));
+    const qreal advance = laidOut.context.averageAdvance();
+    const LineLayout& line = laidOut.layouts.at(LineIndex(0));
+    EXPECT_NEAR(line.width(), 4e6 * advance, 1);
+    laidOut.box.userReplace({Offset(5), Offset(5)}, "\t");
+    laidOut.box.userReplace({Offset(10), Offset(3'900'000)}, "");
+    EXPECT_NEAR(laidOut.layouts.at(LineIndex(0)).xOf(100'011),
+                100'005 * advance + laidOut.context.nextTabStop(5 * advance), 1);
+    EXPECT_EQ(&laidOut.layouts.at(LineIndex(0)), &line) << "the layout follows edits";
+}
+
+// --- Colours -------------------------------------------------------------------------------------
+
+TEST(ReadableColor, OnADarkPageEveryColourCanBeReadInItsHue) {
+    Random random(7);
+    for (const QColor& page : {QColor(Qt::black), QColor(30, 30, 30), QColor(0, 43, 54)}) {
+        const ReadableColor colors(page);
+        for (int i = 0; i < 500; ++i) {
+            const QColor color = QColor::fromRgb(static_cast<QRgb>(random.below(0x1000000)));
+            const QColor shown = colors.shown(color.rgb());
+            EXPECT_GE(ReadableColor::contrast(shown, page), 4.4) << color.name().toStdString();
+            // near white and in greys a hue is lost to rounding
+            if (color.hslSaturation() < 60 || shown.lightness() > 220) continue;
+            const int turn = std::abs(shown.hslHue() - color.hslHue());
+            EXPECT_LE(std::min(turn, 360 - turn), 6) << color.name().toStdString();
+        }
+        EXPECT_EQ(colors.shown(qRgb(0, 0, 0)), QColor(Qt::white)) << "what was strong stays strong";
+    }
+}
+
+TEST(ReadableColor, OnALightPageColoursAreAsChosenUnlessTheyVanish) {
+    const ReadableColor colors(Qt::white);
+    for (const QRgb chosen : {qRgb(0, 0, 0), qRgb(0, 128, 0), qRgb(255, 0, 255),
+                              qRgb(128, 128, 255), qRgb(0, 192, 0), qRgb(192, 0, 0)})
+        EXPECT_EQ(colors.shown(chosen).rgb(), chosen);
+    for (const QRgb pale : {qRgb(255, 255, 255), qRgb(255, 255, 0), qRgb(250, 250, 255)})
+        EXPECT_GE(ReadableColor::contrast(colors.shown(pale), Qt::white), 4.4);
+}
+
+}  // namespace
+}  // namespace brindlex
