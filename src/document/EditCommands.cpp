@@ -11,7 +11,7 @@
 #include "system/CodePage.h"
 #include "system/Desktop.h"
 #include "text/LineEnds.h"
-#include "view/input/TextMimeData.h"
+#include "view/TextMimeData.h"
 
 namespace brindlex {
 

@@ -5,21 +5,20 @@
 #include <string_view>
 
 #include "system/Files.h"
+#include "text/LineEnds.h"
 
 namespace brindlex {
 
 namespace {
 
-constexpr std::string_view kEnd = "\r\n";
-
 std::string bytesOf(const Rope& text) {
     std::string bytes;
-    bytes.reserve(text.size() + kEnd.size());
+    bytes.reserve(text.size() + kLineBreak.size());
     text.visitPieces(Range(Offset(0), Offset(text.size())), [&bytes](std::string_view piece) {
         bytes += piece;
         return true;
     });
-    bytes += kEnd;
+    bytes += kLineBreak;
     return bytes;
 }
 

@@ -92,15 +92,15 @@ void UndoHistory::replayRedo() {
 }
 
 void UndoHistory::remove(Long start, Long length, const Rope& exact) {
-    if (splitsBreak(start) || splitsBreak(start + length)) return restoreExactly(exact);
+    if (isInsideBreak(start) || isInsideBreak(start + length)) return restoreExactly(exact);
     replace(start, length, {});
 }
 
 /// A line break and a single character leave the caret behind them, longer texts stay selected.
 void UndoHistory::restore(Long start, const std::string& text, const Rope& exact) {
-    if (hasHalfBreak(text) || (!text.empty() && splitsBreak(start))) return restoreExactly(exact);
+    if (hasHalfBreak(text) || (!text.empty() && isInsideBreak(start))) return restoreExactly(exact);
     replace(start, 0, text);
-    if (text.size() > 1 && text != "\r\n")
+    if (text.size() > 1 && text != kLineBreak)
         setSelection(start, lengthOf(text));
     else
         setSelection(start + lengthOf(text), 0);
@@ -120,11 +120,9 @@ void UndoHistory::restoreExactly(const Rope& text) {
     replace(begin, std::ssize(now) - begin - end, {then.begin() + begin, then.end() - end});
 }
 
-bool UndoHistory::splitsBreak(Long offset) const {
-    const Rope& text = editor_.box().rope();
-    if (offset <= 0 || offset >= static_cast<Long>(text.size())) return false;
-    const Offset at(static_cast<std::size_t>(offset));
-    return inFrontOfBreak(text, at) != at;
+bool UndoHistory::isInsideBreak(Long offset) const {
+    return offset > 0 &&
+           splitsBreak(editor_.box().rope(), Offset(static_cast<std::size_t>(offset)));
 }
 
 void UndoHistory::replace(Long start, Long length, const std::string& text) {

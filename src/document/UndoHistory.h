@@ -38,7 +38,7 @@ class UndoHistory {
     void remove(Long start, Long length, const Rope& exact);
     void restore(Long start, const std::string& text, const Rope& exact);
     void restoreExactly(const Rope& text);
-    bool splitsBreak(Long offset) const;
+    bool isInsideBreak(Long offset) const;
     void replace(Long start, Long length, const std::string& text);
     void setSelection(Long start, Long length);
 

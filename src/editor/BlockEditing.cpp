@@ -8,6 +8,7 @@
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/RedrawPause.h"
 #include "system/KeyCodes.h"
+#include "text/LineEnds.h"
 
 namespace brindlex {
 namespace {
@@ -146,20 +147,21 @@ void KELP_RTBSyntax::AutoIndent(int intKeyCode) {
     const Offset line = rope.lineStart(rope.lineOf(caret - 1));
     const Offset behindCaret = std::min(caret + 1, Offset(rope.size()));
     const Offset end = endOfBlanks(rope, {line, behindCaret});
-    SetSelText("\r\n" + rope.bytes({line, end}));
+    SetSelText(std::string(kLineBreak) + rope.bytes({line, end}));
 }
 
 void KELP_RTBSyntax::BlockIndent(int intKeyCode) {
     if (intKeyCode != int{'{'} || SelStart() == 0) return;
+    constexpr Long kBreakAndBrace = kLineBreak.size() + 1;
     const BlockEdit edit(rtb());
     const auto tabs = static_cast<Long>(tabsBefore(box().rope(), box().selection().begin()));
     SetSelLength(0);
-    SetSelText("{\r\n");
+    SetSelText(std::string("{").append(kLineBreak));
     insertTabs(box(), tabs + 1);
-    SetSelText("\r\n");
+    SetSelText(kLineBreak);
     insertTabs(box(), tabs);
     SetSelText("}");
-    SetSelStart(std::max(Long{0}, SelStart() - 3 - tabs));
+    SetSelStart(std::max(Long{0}, SelStart() - tabs - kBreakAndBrace));
     SetFocus();
 }
 

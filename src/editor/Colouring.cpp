@@ -4,11 +4,10 @@
 
 #include "editor/KELP_RTBSyntax.h"
 #include "editor/RedrawPause.h"
+#include "text/LineEnds.h"
 
 namespace brindlex {
 namespace {
-
-constexpr std::size_t kBreakLength = 2;
 
 /// Sets a flag and clears it at the end, whatever it was before: so a Text that a handler assigns
 /// while another is being assigned is coloured at once.
@@ -26,7 +25,7 @@ class FlagHold {
 /// The start of the line of the last character before `from`: a caret at column 0 takes the line
 /// above, so that both halves of a line that was split are coloured.
 Offset startOfTouchedLines(const Rope& rope, Offset from) {
-    if (from < Offset(2)) return Offset();
+    if (from == Offset()) return from;
     return rope.lineStart(rope.lineOf(from - 1));
 }
 
@@ -112,7 +111,7 @@ void KELP_RTBSyntax::ColorizeBlock(Range lines) {
     for (Offset at = lines.begin(); at < lines.end();) {
         const Range batch(at, endOfBatch(box(), {at, lines.end()}));
         box().colorRuns(at, colorizer.colorsOf(box().rope(), batch));
-        at = batch.end() + kBreakLength;
+        at = batch.end() + kLineBreak.size();
     }
 }
 

@@ -31,7 +31,8 @@ struct EditorCommands {
 /// Every edit raises SelChange, then Change, and then the control colours the lines that the edit
 /// touched. Colouring leaves selection and caret alone and raises no event. Handlers may edit the
 /// text, assign Text and call ReColorize; a handler of Change that does so must guard against its
-/// own recursion.
+/// own recursion. When it edits further up and leaves the caret there, the lines of the first edit
+/// keep their colours.
 class KELP_RTBSyntax : public RichTextHost {
   public:
     explicit KELP_RTBSyntax(QWidget* parent = nullptr);

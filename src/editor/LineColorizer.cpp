@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "text/LineEnds.h"
+
 namespace brindlex {
-namespace {
-
-constexpr std::string_view kBreak = "\r\n";
-
-}  // namespace
 
 LineColorizer::LineColorizer(const WordLookup& words, const ClassColors& colors)
     : words_(words),
@@ -27,8 +24,8 @@ std::span<const ColorRun> LineColorizer::colorsOf(const Rope& rope, Range lines)
     runs_.assign(1, {0, ColorRun::kKeep});
     std::string_view rest(text_.data(), lines.length());
     for (std::size_t lf = rest.find('\n'); lf != rest.npos; lf = rest.find('\n')) {
-        colorizeLine(rest.substr(0, lf + 1 - kBreak.size()));
-        paint(kBreak.size(), ColorRun::kKeep);
+        colorizeLine(rest.substr(0, lf + 1 - kLineBreak.size()));
+        paint(kLineBreak.size(), ColorRun::kKeep);
         rest.remove_prefix(lf + 1);
     }
     colorizeLine(rest);

@@ -98,7 +98,7 @@ struct StandardRow {
     int ascii;
 };
 
-constexpr StandardRow kOwnerCommands[] = {
+constexpr StandardRow kCommands[] = {
     {QKeySequence::Undo, kAsciiUndo},
     {QKeySequence::Copy, kAsciiCopy},
     {QKeySequence::Paste, kAsciiPaste},
@@ -128,7 +128,7 @@ int plainCodeOf(int key) {
     return lookUp(kNamedKeys, key);
 }
 
-int ownerCommandOf(const QKeyEvent& event) {
+int commandOf(const QKeyEvent& event) {
     struct Chord {
         int key;
         Qt::KeyboardModifier modifier;
@@ -139,7 +139,7 @@ int ownerCommandOf(const QKeyEvent& event) {
                                  {Qt::Key_Insert, Qt::ControlModifier, kAsciiCopy}};
     for (const Chord& chord : kChords)
         if (event.key() == chord.key && chordOf(event) == chord.modifier) return chord.ascii;
-    for (const StandardRow& row : kOwnerCommands)
+    for (const StandardRow& row : kCommands)
         if (event.matches(row.key)) return row.ascii;
     return 0;
 }
@@ -200,12 +200,17 @@ bool isCtrlLetter(const QKeyEvent& event) {
 
 int controlCodeOf(const QKeyEvent& event) {
     if (makesCharacters(event)) return 0;
-    if (const int command = ownerCommandOf(event)) return command;
+    if (const int command = commandOf(event)) return command;
     const auto modifiers = chordOf(event);
     if (modifiers == Qt::ControlModifier && isCtrlLetter(event)) return event.key() - Qt::Key_A + 1;
     if (modifiers & (Qt::AltModifier | Qt::MetaModifier)) return 0;
     const int ascii = lookUp(kControlKeys, event.key());
     return modifiers.testFlag(Qt::ControlModifier) ? withCtrl(ascii) : ascii;
+}
+
+bool isCommandCode(int ascii) {
+    return std::any_of(std::begin(kCommands), std::end(kCommands),
+                       [ascii](const StandardRow& row) { return row.ascii == ascii; });
 }
 
 }  // namespace brindlex

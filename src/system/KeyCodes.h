@@ -47,6 +47,9 @@ bool makesCharacters(const QKeyEvent& event);
 /// other keys.
 int controlCodeOf(const QKeyEvent& event);
 
+/// True for the values of KeyAscii that mean undo, copy, paste and cut: commands of the program.
+bool isCommandCode(int ascii);
+
 /// True for Ctrl with a letter, which may be a menu's shortcut.
 bool isCtrlLetter(const QKeyEvent& event);
 

@@ -36,7 +36,7 @@ bool hasOnlyPairs(const Rope& rope) {
 }
 
 bool isPair(std::string_view text, std::size_t at) {
-    return text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+    return text.substr(at, kLineBreak.size()) == kLineBreak;
 }
 
 std::string pairedCopy(std::string_view text) {
@@ -52,18 +52,13 @@ std::string pairedCopy(std::string_view text) {
         const std::size_t at = std::min(text.substr(0, lf).find('\r', begin), lf);
         if (at == std::string_view::npos) break;
         end = std::copy(text.data() + begin, text.data() + at, end);
-        *end++ = '\r';
-        *end++ = '\n';
-        begin = at + (isPair(text, at) ? 2 : 1);
+        end = std::copy(kLineBreak.begin(), kLineBreak.end(), end);
+        begin = at + (isPair(text, at) ? kLineBreak.size() : 1);
         if (lf < begin) lf = text.find('\n', begin);
     }
     end = std::copy(text.data() + begin, text.data() + text.size(), end);
     out.resize(static_cast<std::size_t>(end - out.data()));
     return out;
-}
-
-bool splitsBreak(const Rope& rope, Offset offset) {
-    return offset.value() < rope.size() && rope.at(offset) == '\n';
 }
 
 }  // namespace
@@ -98,6 +93,10 @@ Rope withCrLf(const Rope& rope) {
 std::string_view cutToRoom(std::string_view text, std::size_t room) {
     if (text.size() <= room) return text;
     return text.substr(0, text[room] == '\n' ? room - 1 : room);
+}
+
+bool splitsBreak(const Rope& rope, Offset offset) {
+    return offset.value() < rope.size() && rope.at(offset) == '\n';
 }
 
 Offset inFrontOfBreak(const Rope& rope, Offset offset) {

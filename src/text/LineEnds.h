@@ -9,6 +9,9 @@
 
 namespace brindlex {
 
+/// What ends a line. The texts of the engine hold no other break and no half of one.
+inline constexpr std::string_view kLineBreak = "\r\n";
+
 /// `text` with every lone CR and every lone LF made CR LF. Returns a view of `text` itself when it
 /// has no lone one, else a view of `storage`, which is overwritten. Cost: linear; near memory speed
 /// when there is no lone one.
@@ -20,6 +23,9 @@ Rope withCrLf(const Rope& rope);
 /// The longest beginning of `text`, whose breaks are all CR LF, that fits into `room` bytes without
 /// splitting a break.
 std::string_view cutToRoom(std::string_view text, std::size_t room);
+
+/// Whether `offset` lies between the CR and the LF of a break. All breaks of `rope` are CR LF.
+bool splitsBreak(const Rope& rope, Offset offset);
 
 /// Where an insertion at `offset` goes: `offset`, or in front of the break that it splits. All
 /// breaks of `rope` are CR LF.

@@ -219,8 +219,7 @@ Range RichTextBox::lineContent(LineIndex line) const {
     if (line.value() > rope_.breakCount()) return {end, end};
     const Offset begin = rope_.lineStart(line);
     if (line.value() == rope_.breakCount()) return {begin, end};
-    constexpr std::size_t kBreakLength = 2;
-    return {begin, rope_.lineStart(line + 1) - kBreakLength};
+    return {begin, rope_.lineStart(line + 1) - kLineBreak.size()};
 }
 
 // --- Conversions and checks ----------------------------------------------------------------------

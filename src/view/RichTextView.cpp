@@ -80,7 +80,7 @@ void RichTextView::formatChanged(Range range) {
 void RichTextView::selectionChanged() {
     const bool moved = box_.caret() != lastCaret_;
     lastCaret_ = box_.caret();
-    // colouring and other work with redraw off does not scroll
+    // colouring and other work with redraw off does not scroll, nor is its selection told
     if (moved && redraw_) followCaret();
     if (!layouts_->preedit().text.isEmpty())
         layouts_->setPreedit(layouts_->preedit(), box_.caret());
@@ -88,7 +88,7 @@ void RichTextView::selectionChanged() {
     changed();
     actions_->forgetColumn();
     inputMethod_->changed();
-    accessible_->selectionChanged();
+    if (redraw_) accessible_->selectionChanged();
     offerSelectAll();
 }
 

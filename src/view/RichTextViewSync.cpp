@@ -9,6 +9,7 @@
 
 #include "view/RichTextView.h"
 #include "view/Scrolling.h"
+#include "view/accessibility/AccessibleEvents.h"
 #include "view/layout/LayoutContext.h"
 #include "view/layout/LineLayouts.h"
 #include "view/layout/ShownLines.h"
@@ -73,6 +74,7 @@ void RichTextView::setRedraw(bool on) {
     redraw_ = on;
     if (!on) return;
     if (pending_ || !stale_.isEmpty()) changed();
+    accessible_->selectionChanged();
     offerSelectAll();
 }
 

@@ -20,7 +20,7 @@
 
 #include "support/MarkedText.h"
 #include "system/Twips.h"
-#include "view/input/TextMimeData.h"
+#include "view/TextMimeData.h"
 
 namespace brindlex {
 namespace {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "text/LineEnds.h"
 #include "text/Windows1252.h"
 #include "text/rtf/Rtf.h"
 #include "text/rtf/RtfTokens.h"
@@ -267,8 +268,8 @@ void RtfReader::put(char byte) {
 }
 
 void RtfReader::lineBreak() {
-    text_ += "\r\n";
-    runs_.append(2, state_.format);
+    text_ += kLineBreak;
+    runs_.append(kLineBreak.size(), state_.format);
     afterCr_ = false;
 }
 

@@ -201,7 +201,7 @@ RichTextBox& RichTextAccessible::box() const {
     return view().box();
 }
 
-CaretMotion RichTextAccessible::units() const {
+TextUnits RichTextAccessible::units() const {
     return {box().rope(), box().characters()};
 }
 
@@ -222,19 +222,19 @@ std::optional<Offset> RichTextAccessible::resolved(int offset) const {
 }
 
 Range RichTextAccessible::unitAt(Offset offset, Boundary type) const {
-    const CaretMotion motion = units();
-    const Offset at = motion.snapped(offset);
+    const TextUnits units = this->units();
+    const Offset at = units.snapped(offset);
     switch (type) {
         case QAccessible::CharBoundary:
-            return {at, motion.next(at)};
+            return {at, units.next(at)};
         case QAccessible::WordBoundary: {
-            const Range word = motion.wordAt(at);
-            return word.end() > at ? word : Range(at, motion.next(at));
+            const Range word = units.wordAt(at);
+            return word.end() > at ? word : Range(at, units.next(at));
         }
         case QAccessible::NoBoundary:
             return {Offset(0), Offset(box().length())};
         default:
-            return motion.lineAt(at);
+            return units.lineAt(at);
     }
 }
 

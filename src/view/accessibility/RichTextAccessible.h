@@ -3,8 +3,8 @@
 #include <QAccessibleWidget>
 #include <optional>
 
+#include "text/TextUnits.h"
 #include "text/Units.h"
-#include "view/input/CaretMotion.h"
 
 namespace brindlex {
 
@@ -62,7 +62,7 @@ class RichTextAccessible : public QAccessibleWidget,
   private:
     RichTextView& view() const;
     RichTextBox& box() const;
-    CaretMotion units() const;
+    TextUnits units() const;
     Offset clamped(int offset) const;
     Range clamped(int start, int end) const;
     std::optional<Offset> resolved(int offset) const;

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "view/RichTextView.h"
-#include "view/input/TextMimeData.h"
+#include "view/TextMimeData.h"
 
 namespace brindlex {
 namespace {
@@ -29,12 +29,12 @@ Long linesOf(Motion motion, Long page) {
 
 }  // namespace
 
-CaretMotion CaretActions::motion() const {
+TextUnits CaretActions::units() const {
     return {view_.box().rope(), view_.box().characters()};
 }
 
 Offset CaretActions::positionAt(QPoint point) const {
-    return motion().snapped(view_.positionAt(point));
+    return units().snapped(view_.positionAt(point));
 }
 
 void CaretActions::perform(const EditAction& action) {
@@ -48,7 +48,7 @@ void CaretActions::perform(const EditAction& action) {
         case Kind::Delete:
             return remove(action.motion);
         case Kind::DeleteLine:
-            replace(motion().lineAt(box.caret()), {});
+            replace(units().lineAt(box.caret()), {});
             return;
         case Kind::SelectAll:
             // without ensureCaretVisible: Select All does not scroll
@@ -66,7 +66,7 @@ void CaretActions::perform(const EditAction& action) {
 }
 
 void CaretActions::select(Offset anchor, Offset caret) {
-    const CaretMotion units = motion();
+    const TextUnits units = this->units();
     view_.box().select(units.snapped(anchor), units.snapped(caret));
     view_.ensureCaretVisible();
 }
@@ -85,7 +85,7 @@ bool CaretActions::insert(std::string_view bytes) {
 
 bool CaretActions::type(char byte) {
     const Offset caret = view_.box().caret();
-    const CaretMotion units = motion();
+    const TextUnits units = this->units();
     const bool overwrites =
         view_.overwriteMode() && view_.box().selection().empty() && caret < units.lineEnd(caret);
     // an edit of its own, so that undo brings the character back
@@ -99,7 +99,7 @@ void CaretActions::remove(Motion motion) {
         replace(selection, {});
         return;
     }
-    const Offset caret = shownCaret();
+    const Offset caret = snappedCaret();
     const Offset other = target(motion, caret);
     replace({std::min(caret, other), std::max(caret, other)}, {});
 }
@@ -112,7 +112,7 @@ void CaretActions::move(Motion motion, bool extend) {
     if (lines != 0)
         moveByLines(lines, extend);
     else
-        moveTo(extend ? target(motion, shownCaret()) : collapsed(motion), extend);
+        moveTo(extend ? target(motion, snappedCaret()) : collapsed(motion), extend);
     if (extend) offerPrimarySelection();
 }
 
@@ -120,26 +120,26 @@ Offset CaretActions::collapsed(Motion motion) const {
     const Range selection = view_.box().selection();
     if (!selection.empty() && motion == Motion::NextCharacter) return selection.end();
     if (!selection.empty() && motion == Motion::PreviousCharacter) return selection.begin();
-    return target(motion, shownCaret());
+    return target(motion, snappedCaret());
 }
 
 /// The caret as the user sees it: in front of a CR LF that code has put it into.
-Offset CaretActions::shownCaret() const {
-    return motion().snapped(view_.box().caret());
+Offset CaretActions::snappedCaret() const {
+    return units().snapped(view_.box().caret());
 }
 
 void CaretActions::moveByLines(Long lines, bool extend) {
     const int scrolled = view_.horizontalScrollBar()->value();
     const int column = column_ ? *column_ : view_.caretRect().left() + scrolled;
     const int x = column - view_.horizontalScrollBar()->value();
-    const Offset there = motion().snapped(view_.positionLinesAway(view_.box().caret(), lines, x));
+    const Offset there = units().snapped(view_.positionLinesAway(view_.box().caret(), lines, x));
     moveTo(there, extend);
     // a handler may have taken the caret elsewhere
     if (view_.box().caret() == there) column_ = column;
 }
 
 Offset CaretActions::target(Motion motion, Offset from) const {
-    const CaretMotion units = this->motion();
+    const TextUnits units = this->units();
     switch (motion) {
         case Motion::NextCharacter:
             return units.next(from);

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "text/TextUnits.h"
 #include "text/Units.h"
-#include "view/input/CaretMotion.h"
 #include "view/input/EditAction.h"
 
 namespace brindlex {
@@ -37,7 +37,7 @@ class CaretActions {
     /// Where the caret goes for a point of the viewport.
     Offset positionAt(QPoint point) const;
     /// The units of the view's text as it now is.
-    CaretMotion motion() const;
+    TextUnits units() const;
     /// Offers the selected text as the system's primary selection, which a middle click pastes.
     /// Nothing happens where nothing is selected or the system has no such selection. Cost: none
     /// that grows with the text, which is converted when somebody asks for it.
@@ -50,7 +50,7 @@ class CaretActions {
     Offset target(Motion motion, Offset from) const;
     /// Where a motion without Select ends: a step to the side goes to that end of a selection.
     Offset collapsed(Motion motion) const;
-    Offset shownCaret() const;
+    Offset snappedCaret() const;
 
     RichTextView& view_;
     std::optional<int> column_;  // pixels from the text's left edge

@@ -140,7 +140,7 @@ QVariant InputMethod::answer(Qt::InputMethodQuery query) {
 }
 
 Range InputMethod::surrounding() const {
-    const CaretMotion units = actions_.motion();
+    const TextUnits units = actions_.units();
     const Offset caret = units.snapped(view_.box().caret());
     const Offset start = units.lineStart(caret);
     const std::size_t half = kSurrounding / 2;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "system/KeyCodes.h"
+#include "text/LineEnds.h"
 #include "view/RichTextView.h"
 #include "view/input/CaretActions.h"
 
@@ -19,10 +20,6 @@ bool isLinefeed(const QKeyEvent& event) {
 QKeyEvent asEnter(const QKeyEvent& event) {
     return QKeyEvent(event.type(), Qt::Key_Return, event.modifiers(), QStringLiteral("\r"),
                      event.isAutoRepeat());
-}
-
-bool isOwnersCommand(int ascii) {
-    return ascii == kAsciiUndo || ascii == kAsciiCopy || ascii == kAsciiPaste || ascii == kAsciiCut;
 }
 
 bool isControlCode(int ascii) {
@@ -61,7 +58,7 @@ bool KeyInput::overridesShortcut(const QKeyEvent& event) const {
     if (makesCharacters(event)) return true;
     const int ascii = controlCodeOf(event);
     if (ascii == 0) return editActionOf(event).has_value();
-    return isOwnersCommand(ascii) || !isCtrlLetter(event);
+    return isCommandCode(ascii) || !isCtrlLetter(event);
 }
 
 void KeyInput::typeText(const QString& text) {
@@ -107,7 +104,7 @@ void KeyInput::act(QKeyEvent& event) {
 
 void KeyInput::put(int ascii) {
     if (ascii == kAsciiEnter || ascii == kAsciiCtrlEnter)
-        actions_.insert("\r\n");
+        actions_.insert(kLineBreak);
     else if (ascii == kAsciiBackspace)
         actions_.perform({EditAction::Kind::Delete, Motion::PreviousCharacter});
     else if (ascii == kAsciiTab || (ascii > 0 && ascii < 256 && !isControlCode(ascii)))

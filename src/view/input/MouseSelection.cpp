@@ -157,7 +157,7 @@ void MouseSelection::pastePrimary(QPoint at) {
 }
 
 Range MouseSelection::unitAt(QPoint at) const {
-    const CaretMotion units = actions_.motion();
+    const TextUnits units = actions_.units();
     const Offset position = actions_.positionAt(at);
     switch (unit_) {
         case Unit::Word:
@@ -171,7 +171,7 @@ Range MouseSelection::unitAt(QPoint at) const {
 
 Offset MouseSelection::characterUnder(QPoint at) const {
     const Offset nearest = actions_.positionAt(at);
-    const CaretMotion units = actions_.motion();
+    const TextUnits units = actions_.units();
     const bool behindIt =
         nearest > units.lineStart(nearest) && at.x() < view_.characterRect(nearest).left();
     return behindIt ? units.previous(nearest) : nearest;

@@ -10,8 +10,8 @@
 
 #include "system/LocalFile.h"
 #include "view/RichTextView.h"
+#include "view/TextMimeData.h"
 #include "view/input/CaretActions.h"
-#include "view/input/TextMimeData.h"
 
 namespace brindlex {
 namespace {
@@ -27,24 +27,26 @@ TextDragDrop::TextDragDrop(RichTextView& view, CaretActions& actions)
 }
 
 void TextDragDrop::start() {
-    const Range range = view_.box().selection();
-    const Rope text = view_.box().rope();
+    const Dragged dragged{view_.box().rope(), view_.box().selection()};
     const bool locked = view_.box().Locked();
-    dragged_ = range;
+    dragged_ = dragged;
     droppedHere_ = false;
     auto* drag = new QDrag(&view_);  // the toolkit deletes it
-    drag->setMimeData(new TextMimeData(text, range, view_.codePage()));
+    drag->setMimeData(new TextMimeData(dragged.text, dragged.range, view_.codePage()));
     const QPointer<QWidget> alive(&view_);
     const Qt::DropAction done =
         drag->exec(locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction,
                    locked ? Qt::CopyAction : Qt::MoveAction);
     if (!alive) return;
     dragged_.reset();
-    if (done != Qt::MoveAction || droppedHere_) return;
-    // other code may have edited while the drag was under way
+    if (done == Qt::MoveAction && !droppedHere_ && isInPlace(dragged))
+        actions_.replace(dragged.range, {});
+}
+
+bool TextDragDrop::isInPlace(const Dragged& dragged) const {
     const Rope& now = view_.box().rope();
-    if (range.end().value() <= now.size() && now.bytes(range) == text.bytes(range))
-        actions_.replace(range, {});
+    return dragged.range.end().value() <= now.size() &&
+           now.bytes(dragged.range) == dragged.text.bytes(dragged.range);
 }
 
 void TextDragDrop::enter(QDragEnterEvent& event) {
@@ -107,10 +109,9 @@ bool TextDragDrop::dropText(QDropEvent& event, Offset target) {
         const QString text = event.mimeData()->text();
         return insertAt(target, view_.codePage().fromUnicode(text));
     }
-    const Range range{std::min(dragged_->begin(), Offset(box.length())),
-                      std::min(dragged_->end(), Offset(box.length()))};
-    if (event.dropAction() == Qt::CopyAction) return insertAt(target, box.rope().bytes(range));
-    return box.userMove(range, target);
+    if (event.dropAction() == Qt::CopyAction || !isInPlace(*dragged_))
+        return insertAt(target, dragged_->text.bytes(dragged_->range));
+    return box.userMove(dragged_->range, target);
 }
 
 bool TextDragDrop::insertAt(Offset target, std::string_view bytes) {

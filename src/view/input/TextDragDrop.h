@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "text/Rope.h"
 #include "text/Units.h"
 #include "view/input/AutoScroll.h"
 
@@ -39,11 +40,18 @@ class TextDragDrop {
     void openFile(const QString& path);
     bool dropText(QDropEvent& event, Offset target);
     bool insertAt(Offset target, std::string_view bytes);
+    /// The text that is dragged and where it stood when the drag began.
+    struct Dragged {
+        Rope text;
+        Range range;
+    };
+    /// Whether it still stands there: other code may edit while a drag is under way.
+    bool isInPlace(const Dragged& dragged) const;
 
     RichTextView& view_;
     CaretActions& actions_;
     AutoScroll scroll_;
-    std::optional<Range> dragged_;  // set while a drag that began here is under way
+    std::optional<Dragged> dragged_;  // set while a drag that began here is under way
     bool droppedHere_ = false;
 };
 

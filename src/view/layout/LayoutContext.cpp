@@ -75,7 +75,7 @@ qreal LayoutContext::nearestPixel(qreal place) const {
     return std::round(place * pixelRatio_) / pixelRatio_;
 }
 
-QString LayoutContext::shown(std::string_view bytes) const {
+QString LayoutContext::glyphText(std::string_view bytes) const {
     QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
     std::transform(bytes.begin(), bytes.end(), text.data(), [this](char byte) {
         return QChar(characters_[static_cast<unsigned char>(byte)]);

@@ -26,7 +26,6 @@ class LayoutContext {
     /// no ligatures.
     const QFont& font() const { return font_; }
     void setDevicePixelRatio(qreal ratio) { pixelRatio_ = ratio; }
-    qreal devicePixelRatio() const { return pixelRatio_; }
     /// `height` rounded up to whole device pixels.
     qreal wholePixels(qreal height) const;
     /// `place` rounded to the nearest edge of a device pixel.
@@ -45,7 +44,7 @@ class LayoutContext {
 
     /// One UTF-16 unit for each byte: its character, or kStandIn for one that has no shape (a
     /// control, NUL, a byte that the code page leaves undefined).
-    QString shown(std::string_view bytes) const;
+    QString glyphText(std::string_view bytes) const;
     static constexpr char16_t kStandIn = u'\u00B7';
     bool isStandIn(unsigned char byte) const { return standIn_[byte]; }
     /// Whether the code page has letters that run from right to left.

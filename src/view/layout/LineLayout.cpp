@@ -113,10 +113,11 @@ void LineLayout::layOut(Piece& piece) const {
         return;
     }
     const Offset begin = line_.content.begin() + piece.begin;
-    const auto shown = [&] {
-        return context_.shown(line_.box.rope().bytes(Range::at(begin, piece.end - piece.begin)));
+    const auto glyphs = [&] {
+        return context_.glyphText(
+            line_.box.rope().bytes(Range::at(begin, piece.end - piece.begin)));
     };
-    piece.layout = piece.kind == Kind::Preedit ? preedit_ : oneRow(shown(), context_);
+    piece.layout = piece.kind == Kind::Preedit ? preedit_ : oneRow(glyphs(), context_);
     piece.right = piece.left + piece.layout->lineAt(0).horizontalAdvance();
 }
 

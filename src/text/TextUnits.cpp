@@ -1,26 +1,23 @@
-#include "view/input/CaretMotion.h"
+#include "text/TextUnits.h"
 
 #include <algorithm>
 #include <string_view>
 
+#include "text/LineEnds.h"
+
 namespace brindlex {
 
-CaretMotion::Kind CaretMotion::kindOf(char byte) const {
+TextUnits::Kind TextUnits::kindOf(char byte) const {
     if (byte == '\r' || byte == '\n') return Kind::Break;
     if (byte == ' ' || byte == '\t') return Kind::Blank;
     return characters_.isWord(byte) ? Kind::Word : Kind::Other;
 }
 
-CaretMotion::Kind CaretMotion::kindBehind(Offset offset) const {
+TextUnits::Kind TextUnits::kindBehind(Offset offset) const {
     return offset.value() < text_.size() ? kindOf(text_.at(offset)) : Kind::Break;
 }
 
-bool CaretMotion::isPairAt(Offset offset) const {
-    return offset.value() + 1 < text_.size() && text_.at(offset) == '\r' &&
-           text_.at(offset + 1) == '\n';
-}
-
-Offset CaretMotion::endOfRun(Offset from, Kind kind) const {
+Offset TextUnits::endOfRun(Offset from, Kind kind) const {
     Offset end = from;
     text_.visitPieces({from, Offset(text_.size())}, [&](std::string_view piece) {
         const auto stop = std::find_if(piece.begin(), piece.end(),
@@ -31,7 +28,7 @@ Offset CaretMotion::endOfRun(Offset from, Kind kind) const {
     return end;
 }
 
-Offset CaretMotion::startOfRun(Offset from, Kind kind) const {
+Offset TextUnits::startOfRun(Offset from, Kind kind) const {
     Offset start = from;
     text_.visitPiecesBackward({Offset(0), from}, [&](std::string_view piece) {
         const auto stop = std::find_if(piece.rbegin(), piece.rend(),
@@ -42,28 +39,27 @@ Offset CaretMotion::startOfRun(Offset from, Kind kind) const {
     return start;
 }
 
-Offset CaretMotion::snapped(Offset offset) const {
-    const Offset inside = std::min(offset, Offset(text_.size()));
-    return inside.value() > 0 && isPairAt(inside - 1) ? inside - 1 : inside;
+Offset TextUnits::snapped(Offset offset) const {
+    return inFrontOfBreak(text_, std::min(offset, Offset(text_.size())));
 }
 
-Offset CaretMotion::next(Offset offset) const {
+Offset TextUnits::next(Offset offset) const {
     if (offset.value() >= text_.size()) return Offset(text_.size());
-    return offset + (isPairAt(offset) ? 2 : 1);
+    return offset + (text_.at(offset) == kLineBreak.front() ? kLineBreak.size() : 1);
 }
 
-Offset CaretMotion::previous(Offset offset) const {
+Offset TextUnits::previous(Offset offset) const {
     if (offset.value() == 0) return offset;
     return snapped(offset - 1);
 }
 
-Offset CaretMotion::nextWord(Offset offset) const {
+Offset TextUnits::nextWord(Offset offset) const {
     const Kind kind = kindBehind(offset);
     if (kind == Kind::Break) return next(offset);
     return endOfRun(endOfRun(offset, kind), Kind::Blank);
 }
 
-Offset CaretMotion::previousWord(Offset offset) const {
+Offset TextUnits::previousWord(Offset offset) const {
     if (offset.value() == 0) return offset;
     if (kindBefore(offset) == Kind::Break) return previous(offset);
     const Offset end = startOfRun(offset, Kind::Blank);
@@ -71,7 +67,7 @@ Offset CaretMotion::previousWord(Offset offset) const {
     return startOfRun(end, kindBefore(end));
 }
 
-Range CaretMotion::wordAt(Offset offset) const {
+Range TextUnits::wordAt(Offset offset) const {
     const Offset at = snapped(offset);
     const bool atLineEnd = kindBehind(at) == Kind::Break;
     if (atLineEnd && (at.value() == 0 || kindBefore(at) == Kind::Break)) return {at, at};
@@ -79,17 +75,17 @@ Range CaretMotion::wordAt(Offset offset) const {
     return {startOfRun(at, kind), endOfRun(at, kind)};
 }
 
-Offset CaretMotion::lineStart(Offset offset) const {
+Offset TextUnits::lineStart(Offset offset) const {
     return lineAt(offset).begin();
 }
 
-Offset CaretMotion::lineEnd(Offset offset) const {
+Offset TextUnits::lineEnd(Offset offset) const {
     const Range line = lineAt(offset);
     const bool hasBreak = !line.empty() && text_.at(line.end() - 1) == '\n';
-    return hasBreak ? snapped(line.end() - 1) : line.end();
+    return hasBreak ? line.end() - kLineBreak.size() : line.end();
 }
 
-Range CaretMotion::lineAt(Offset offset) const {
+Range TextUnits::lineAt(Offset offset) const {
     const LineIndex line = text_.lineOf(offset);
     const bool last = line.value() == text_.breakCount();
     return {text_.lineStart(line), last ? Offset(text_.size()) : text_.lineStart(line + 1)};

@@ -1,4 +1,4 @@
-#include "view/input/CaretMotion.h"
+#include "text/TextUnits.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace brindlex {
 namespace {
 
 /// In each row '|' stands where moves by words stop.
-TEST(CaretMotion, StopsAtWordsAndNeverWithinALineBreak) {
+TEST(TextUnits, StopsAtWordsAndNeverWithinALineBreak) {
     for (const std::string row : {"|wait  |500 |{|\r\n|next_Z9\xE9 |(); \t|\r\n|\r\n|",
                                   "|\t |a|.|b\t|\r\n|  |_|!|", "|  |\r\n|a|", "|"}) {
         // wide ones cross the pieces that the rope is made of
@@ -24,37 +24,37 @@ TEST(CaretMotion, StopsAtWordsAndNeverWithinALineBreak) {
                     text.append(c == '\r' || c == '\n' ? 1 : width, c);
             }
             const Rope rope(text);
-            const CaretMotion motion(rope, CharacterTable::latin1());
+            const TextUnits units(rope, CharacterTable::latin1());
             std::vector<Offset> forward = {Offset(0)};
-            for (Offset at; at.value() < text.size();) forward.push_back(at = motion.nextWord(at));
+            for (Offset at; at.value() < text.size();) forward.push_back(at = units.nextWord(at));
             EXPECT_EQ(forward, stops);
             std::vector<Offset> backward = {Offset(text.size())};
             for (Offset at(text.size()); at.value() > 0;)
-                backward.insert(backward.begin(), at = motion.previousWord(at));
+                backward.insert(backward.begin(), at = units.previousWord(at));
             EXPECT_EQ(backward, stops);
-            for (Offset at; at.value() < text.size(); at = motion.next(at)) {
+            for (Offset at; at.value() < text.size(); at = units.next(at)) {
                 const bool isBreak = text[at.value()] == '\r';
-                ASSERT_EQ(motion.next(at), at + (isBreak ? 2 : 1));
-                ASSERT_EQ(motion.previous(motion.next(at)), at);
-                const Range word = motion.wordAt(at);
+                ASSERT_EQ(units.next(at), at + (isBreak ? 2 : 1));
+                ASSERT_EQ(units.previous(units.next(at)), at);
+                const Range word = units.wordAt(at);
                 if (isBreak) continue;
                 ASSERT_TRUE(word.begin() <= at && at < word.end()) << at << word;
-                ASSERT_EQ(motion.wordAt(word.begin()), word);
+                ASSERT_EQ(units.wordAt(word.begin()), word);
             }
         }
     }
 }
 
-TEST(CaretMotion, LeavesTheMiddleOfALineBreak) {
+TEST(TextUnits, LeavesTheMiddleOfALineBreak) {
     const Rope rope("a\r\nb");
-    const CaretMotion motion(rope, CharacterTable::latin1());
+    const TextUnits units(rope, CharacterTable::latin1());
     const Offset middle(2);
-    EXPECT_EQ(motion.snapped(middle), Offset(1));
-    EXPECT_EQ(motion.next(middle), Offset(3));
-    EXPECT_EQ(motion.previous(middle), Offset(1));
-    EXPECT_EQ(motion.lineStart(middle), Offset(0));
-    EXPECT_EQ(motion.lineEnd(middle), Offset(1));
-    EXPECT_EQ(motion.snapped(Offset(99)), Offset(4));
+    EXPECT_EQ(units.snapped(middle), Offset(1));
+    EXPECT_EQ(units.next(middle), Offset(3));
+    EXPECT_EQ(units.previous(middle), Offset(1));
+    EXPECT_EQ(units.lineStart(middle), Offset(0));
+    EXPECT_EQ(units.lineEnd(middle), Offset(1));
+    EXPECT_EQ(units.snapped(Offset(99)), Offset(4));
 }
 
 }  // namespace

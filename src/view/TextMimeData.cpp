@@ -1,4 +1,4 @@
-#include "view/input/TextMimeData.h"
+#include "view/TextMimeData.h"
 
 #include <QVariant>
 

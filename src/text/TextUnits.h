@@ -8,12 +8,13 @@ namespace brindlex {
 
 /// Where the units of a text begin and end: characters (a CR LF is one), words and lines. A word is
 /// a run of letters, digits and underscores, a run of blanks and tabs, or a run of other characters
-/// on one line. Costs O(log n) plus the bytes that lie between an offset and its answer.
+/// on one line. The text has whole breaks alone. Costs O(log n) plus the bytes that lie between an
+/// offset and its answer.
 ///
 /// Keeps references to the text and the table: to be used at once and thrown away.
-class CaretMotion {
+class TextUnits {
   public:
-    CaretMotion(const Rope& text, const CharacterTable& characters)
+    TextUnits(const Rope& text, const CharacterTable& characters)
         : text_(text), characters_(characters) {}
 
     /// The same offset, or the one before the pair if it lies between CR and LF. Cut at the end.
@@ -43,7 +44,6 @@ class CaretMotion {
     Kind kindBefore(Offset offset) const { return kindOf(text_.at(offset - 1)); }
     Offset endOfRun(Offset from, Kind kind) const;
     Offset startOfRun(Offset from, Kind kind) const;
-    bool isPairAt(Offset offset) const;
 
     const Rope& text_;
     const CharacterTable& characters_;
