@@ -67,7 +67,7 @@ void Document::showTitle() {
 }
 
 void Document::textChanged() {
-    hasText_ = true;
+    hasText_ = hasText_ || !editor_.box().rope().empty();
     if (!std::exchange(Dirty_, true)) showTitle();
     backup_.start();
 }
@@ -89,8 +89,7 @@ void Document::SaveBackup() {
 void Document::backUpWhenFree() {
     if (std::exchange(backupWaits_, true)) return;
     lock_.runWhenFree([this] {
-        backupWaits_ = false;
-        SaveBackup();
+        if (std::exchange(backupWaits_, false)) SaveBackup();
     });
 }
 
@@ -114,6 +113,7 @@ void Document::becomeUntitled() {
     name_ = QStringLiteral("Untitled");
     FileTitle_.clear();
     if (!Dirty_) backup_.stop();
+    backupWaits_ = false;  // the backup is still named after the last script
     showTitle();
 }
 
