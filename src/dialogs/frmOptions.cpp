@@ -42,7 +42,7 @@ frmOptions::frmOptions(AppState& state, SettingsStore& settings, OptionsCallback
       settings_(settings),
       mainWindow_(std::move(mainWindow)) {
     setObjectName(QStringLiteral("frmOptions"));
-    setWindowTitle(QStringLiteral("Options - Brindlex"));
+    setWindowTitle("Options - " + kProgram);
     makeControls();
     Form_Load();
 }

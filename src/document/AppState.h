@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QLatin1String>
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -11,6 +12,9 @@
 #include "text/Rope.h"
 
 namespace brindlex {
+
+/// The program's name, in titles and for the settings store.
+inline constexpr QLatin1String kProgram("Brindlex");
 
 /// The values of ShowTreeView: which side panel shows from the start. Any other shows none and
 /// leaves the choice of the options dialog as it is.

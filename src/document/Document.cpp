@@ -18,7 +18,6 @@
 namespace brindlex {
 namespace {
 
-const QString kProgram = QStringLiteral("Brindlex");
 constexpr qsizetype kExtensionLength = 7;  // of ".script"
 
 const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),

@@ -133,13 +133,13 @@ void writeAll(SettingsStore& store, ValueOf valueOf) {
     SettingsStore::Values values;
     for (const Setting& setting : kSettings)
         values.emplace_back(QString::fromLatin1(setting.key), valueOf(setting));
-    store.write(Settings::kApplication, Settings::kSection, values);
+    store.write(kProgram, Settings::kSection, values);
 }
 
 }  // namespace
 
 bool Settings::isFirstRun(const SettingsStore& store) {
-    return store.read(kApplication, kSection, kSettings[0].key).isEmpty();
+    return store.read(kProgram, kSection, kSettings[0].key).isEmpty();
 }
 
 void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
@@ -147,7 +147,7 @@ void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
 }
 
 void Settings::read(const SettingsStore& store, AppState& state) {
-    const SettingsStore::Section texts = store.readSection(kApplication, kSection);
+    const SettingsStore::Section texts = store.readSection(kProgram, kSection);
     for (const Setting& setting : kSettings) {
         const auto text = texts.constFind(setting.key);
         if (text != texts.cend() && std::visit(Taker{state, *text}, setting.field)) continue;

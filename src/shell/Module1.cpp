@@ -38,7 +38,7 @@ void askAtLogOut(frmMain& window, QSessionManager& session) {
 
 int runProgram(int argc, char** argv) {
     const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Brindlex"));
+    QCoreApplication::setApplicationName(kProgram);
     QtDesktop desktop;
     SettingsStore settings;
     Program program({.desktop = desktop,
