@@ -4,11 +4,11 @@
 #include <QLatin1String>
 #include <QString>
 #include <algorithm>
-#include <array>
 #include <deque>
 #include <string>
 #include <vector>
 
+#include "editor/ScriptSyntax.h"
 #include "text/Rope.h"
 
 namespace brindlex {
@@ -40,9 +40,8 @@ struct AppState {
     bool AutoBlockIndentEnabled = false;
     bool AutoCompleteEnabled = false;
     QString WolfDir;
-    /// Decimal text of 0x00BBGGRR: normal text, comments, strings, reserved words, operators.
-    std::array<QString, 5> ColorValues;
-    std::array<QString, 5> DefaultColors;
+    UserColorValues ColorValues;
+    UserColorValues DefaultColors;
     bool AutoBackupEnabled = false;
     int AutoBackupMins = 0;
     bool FontBold = false;

@@ -34,6 +34,10 @@ struct Setting {
     Field field;
 };
 
+Setting colorSetting(std::size_t index) {
+    return {kUserColors[index].key, nullptr, Color{index}};
+}
+
 const Setting kSettings[] = {
     {"GetPreset", "1", &AppState::GetPreset},
     {"WolfDir", Settings::kFirstWolfDir, &AppState::WolfDir},
@@ -44,11 +48,11 @@ const Setting kSettings[] = {
     {"AutoComplete", "1", &AppState::AutoComplete},
     {"AutoBackup", "1", &AppState::AutoBackup},
     {"AutoBackupMins", "3", Minutes{&AppState::AutoBackupMins}},
-    {"Color0", nullptr, Color{0}},
-    {"Color1", nullptr, Color{1}},
-    {"Color2", nullptr, Color{2}},
-    {"Color3", nullptr, Color{3}},
-    {"Color4", nullptr, Color{4}},
+    colorSetting(0),
+    colorSetting(1),
+    colorSetting(2),
+    colorSetting(3),
+    colorSetting(4),
     {"FontName", "Courier New", &AppState::FontName},
     {"FontSize", "10", Points{&AppState::FontSize}},
     {"FontBold", "0", LastingFlag{&AppState::FontBold}},

@@ -17,7 +17,8 @@ Program::Program(Environment environment) : environment_(std::move(environment))
 Program::~Program() = default;
 
 void Main(Program& program) {
-    program.state_.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
+    for (std::size_t i = 0; i < kUserColorCount; ++i)
+        program.state_.DefaultColors[i] = QString::fromLatin1(kUserColors[i].firstValue);
     program.state_.Keywords = scriptKeywords();
     program.state_.BlockNames = {"game_manager"};
     program.frmMain_ = std::make_unique<frmMain>(program.state_, program.environment_);
