@@ -45,7 +45,7 @@ Document::Document(const AppState& state, const Environment& environment, KELP_R
       lock_(lock),
       undo_(undo),
       events_(std::move(events)),
-      longWork_(environment.desktop, editor, events_.setLinePaneVisible),
+      longWork_(environment.desktop, editor, events_.loading),
       backup_(state, environment, editor, [this] { backUpWhenFree(); }) {}
 
 QString Document::displayName() const {

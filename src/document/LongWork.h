@@ -22,8 +22,8 @@ class LongWork {
         NormalPointer,
         HideEditor,
         ShowEditor,  ///< gives the focus back to the widget that had it
-        HideLinePane,
-        ShowLinePane,
+        TellLoading,
+        TellLoaded,
         Yield,
     };
     /// What comes before and after a kind of work, in order.
@@ -34,10 +34,9 @@ class LongWork {
     /// Putting a document into the editor.
     static const Order kLoad;
 
-    /// `desktop` and `editor` outlive this object. `setLinePaneVisible` shows or hides the line
-    /// number of the status bar.
-    LongWork(Desktop& desktop, KELP_RTBSyntax& editor,
-             std::function<void(bool)> setLinePaneVisible);
+    /// `desktop` and `editor` outlive this object. `loading` hears true when a text begins to load,
+    /// and false when it has.
+    LongWork(Desktop& desktop, KELP_RTBSyntax& editor, std::function<void(bool)> loading);
 
     void run(const Order& order, const std::function<void()>& work);
     /// Lets the window draw and answer other programs. What the user does meanwhile waits.
@@ -51,7 +50,7 @@ class LongWork {
 
     Desktop& desktop_;
     KELP_RTBSyntax& editor_;
-    std::function<void(bool)> setLinePaneVisible_;
+    std::function<void(bool)> loading_;
     bool editorReady_ = false;
     QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
 };

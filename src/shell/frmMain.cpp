@@ -118,7 +118,7 @@ Document::Events frmMain::documentEvents() {
                 setWindowTitle(title.replace(QLatin1String("[*]"), "[*][*]"));
             },
         .problem = [this](const QString& message) { UpdateError(message); },
-        .setLinePaneVisible = [this](bool visible) { statusPanes_.setLineVisible(visible); },
+        .loading = [this](bool loading) { statusPanes_.setLineVisible(!loading); },
         .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
         .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
         .opened = {},
