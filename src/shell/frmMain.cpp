@@ -70,15 +70,10 @@ frmMain::~frmMain() {
 KELP_RTBSyntax* frmMain::makeEditor() {
     auto* editor = new KELP_RTBSyntax(inner_);
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
-    QFont font(QStringLiteral("Courier New"));
-    font.setPointSizeF(9.75);
     editor->SetBorderStyle(0);
     editor->SetBulletIndent(1);
     editor->SetHideSelection(false);
     editor->SetRightMargin(100000);
-    editor->SetFont(font);
-    editor->SetColorOf_Comments(32768);
-    editor->SetColorOf_ProceduresORFunctions(128);
     editor->SetColorOf_Constants(128);
     return editor;
 }
