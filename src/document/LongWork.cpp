@@ -23,10 +23,6 @@ void LongWork::run(const Order& order, const std::function<void()>& work) {
     for (const Step step : order.after) take(step);
 }
 
-void LongWork::yield() {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
 void LongWork::take(Step step) {
     switch (step) {
         case Step::EditorNotReady:
@@ -50,7 +46,7 @@ void LongWork::take(Step step) {
             loading_(step == Step::TellLoading);
             break;
         case Step::Yield:
-            yield();
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             break;
     }
 }

@@ -24,7 +24,7 @@ class LongWork {
         ShowEditor,  ///< gives the focus back to the widget that had it
         TellLoading,
         TellLoaded,
-        Yield,
+        Yield,  ///< lets the window draw and answer other programs; what the user does waits
     };
     /// What comes before and after a kind of work, in order.
     struct Order {
@@ -39,8 +39,6 @@ class LongWork {
     LongWork(Desktop& desktop, KELP_RTBSyntax& editor, std::function<void(bool)> loading);
 
     void run(const Order& order, const std::function<void()>& work);
-    /// Lets the window draw and answer other programs. What the user does meanwhile waits.
-    static void yield();
 
     /// False during a load and before the first one. Starting with an empty text is no load.
     bool EditorReady() const { return editorReady_; }
