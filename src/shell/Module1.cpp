@@ -38,14 +38,19 @@ void askAtLogOut(frmMain& window, QSessionManager& session) {
 }  // namespace
 
 int runProgram(int argc, char** argv) {
-    const QApplication application(argc, argv);
+    // All arguments together are one path, which the toolkit must not take options out of. Only a
+    // session manager starts the program with an option, and without a path.
+    const QString commandLine = QCoreApplication(argc, argv).arguments().mid(1).join(' ');
+    const bool isSession = commandLine.startsWith(QLatin1String("-session "));
+    int toolkitArguments = isSession ? argc : 1;
+    const QApplication application(toolkitArguments, argv);
     QCoreApplication::setApplicationName(kProgram);
     QtDesktop desktop;
     SettingsStore settings;
     Program program({.desktop = desktop,
                      .settings = settings,
                      .programFolder = QCoreApplication::applicationDirPath(),
-                     .commandLine = QCoreApplication::arguments().mid(1).join(' '),
+                     .commandLine = isSession ? QString() : commandLine,
                      .endProgram = [] { QCoreApplication::exit(0); }});
     Main(program);
     QObject::connect(
