@@ -18,7 +18,6 @@
 namespace brindlex {
 namespace {
 
-const QString kProgram = QStringLiteral("Brindlex");
 constexpr qsizetype kExtensionLength = 7;  // of ".script"
 
 const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),
@@ -46,7 +45,7 @@ Document::Document(const AppState& state, const Environment& environment, KELP_R
       lock_(lock),
       undo_(undo),
       events_(std::move(events)),
-      longWork_(environment.desktop, editor, events_.setLinePaneVisible),
+      longWork_(environment.desktop, editor, events_.loading),
       backup_(state, environment, editor, [this] { backUpWhenFree(); }) {}
 
 QString Document::displayName() const {

@@ -76,15 +76,15 @@ class RichTextHost : public QWidget {
     // --- Formats of the whole text ---------------------------------------------------------------
     Long SelAlignment() const { return box().SelAlignment(); }
     void SetSelAlignment(Long alignment) { box().SetSelAlignment(alignment); }
-    std::optional<Long> SelIndent() const { return box().SelIndent(); }
+    Long SelIndent() const { return box().SelIndent(); }
     void SetSelIndent(Long twips) { box().SetSelIndent(twips); }
-    std::optional<Long> SelHangingIndent() const { return box().SelHangingIndent(); }
+    Long SelHangingIndent() const { return box().SelHangingIndent(); }
     void SetSelHangingIndent(Long twips) { box().SetSelHangingIndent(twips); }
-    std::optional<Long> SelRightIndent() const { return box().SelRightIndent(); }
+    Long SelRightIndent() const { return box().SelRightIndent(); }
     void SetSelRightIndent(Long twips) { box().SetSelRightIndent(twips); }
-    std::optional<Long> SelTabCount() const { return box().SelTabCount(); }
+    Long SelTabCount() const { return box().SelTabCount(); }
     void SetSelTabCount(Long count) { box().SetSelTabCount(count); }
-    std::optional<Long> SelTabs(Long index) const { return box().SelTabs(index); }
+    Long SelTabs(Long index) const { return box().SelTabs(index); }
     void SetSelTabs(Long index, Long twips) { box().SetSelTabs(index, twips); }
 
     // --- Selection -----------------------------------------------------------------------------

@@ -70,15 +70,10 @@ frmMain::~frmMain() {
 KELP_RTBSyntax* frmMain::makeEditor() {
     auto* editor = new KELP_RTBSyntax(inner_);
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
-    QFont font(QStringLiteral("Courier New"));
-    font.setPointSizeF(9.75);
     editor->SetBorderStyle(0);
     editor->SetBulletIndent(1);
     editor->SetHideSelection(false);
     editor->SetRightMargin(100000);
-    editor->SetFont(font);
-    editor->SetColorOf_Comments(32768);
-    editor->SetColorOf_ProceduresORFunctions(128);
     editor->SetColorOf_Constants(128);
     return editor;
 }
@@ -118,7 +113,7 @@ Document::Events frmMain::documentEvents() {
                 setWindowTitle(title.replace(QLatin1String("[*]"), "[*][*]"));
             },
         .problem = [this](const QString& message) { UpdateError(message); },
-        .setLinePaneVisible = [this](bool visible) { statusPanes_.setLineVisible(visible); },
+        .loading = [this](bool loading) { statusPanes_.setLineVisible(!loading); },
         .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
         .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
         .opened = {},

@@ -156,6 +156,13 @@ TEST_F(XPButtonInputTest, ClicksWhenPressedAndReleasedOnIt) {
 
 TEST_F(XPButtonInputTest, IsUpAgainWhenItsReleaseWentElsewhere) {
     button->events = {};
+    button->setFocus();
+    QTest::keyPress(button, Qt::Key_Space);
+    button->SetEnabled(false);
+    EXPECT_TRUE(isDown()) << "a disabled button stays as it was";
+    button->SetEnabled(true);
+    button->setFocus();
+    EXPECT_FALSE(isDown());
     pointAt(kOnButton);
     does("[", "");
     button->SetEnabled(false);
