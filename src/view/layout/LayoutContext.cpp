@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "system/ColorValue.h"
+
 namespace brindlex {
 namespace {
 
@@ -89,8 +91,7 @@ void LayoutContext::setBackground(const QColor& background) {
 }
 
 QColor LayoutContext::color(ColorRef color) const {
-    return readable_.shown(qRgb(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                                static_cast<int>(color >> 16 & 0xFF)));
+    return readable_.shown(ColorValue(color).rgb());
 }
 
 QColor LayoutContext::standInColor() const {
