@@ -64,12 +64,10 @@ void LayoutContext::setFont(const QFont& font) {
 }
 
 qreal LayoutContext::nextTabStop(qreal x) const {
-    constexpr qreal kRoundingError = 1e-6;
     return (std::floor(x / tabDistance_ + kRoundingError) + 1) * tabDistance_;
 }
 
 qreal LayoutContext::wholePixels(qreal height) const {
-    constexpr qreal kRoundingError = 1e-6;
     return std::ceil(height * pixelRatio_ - kRoundingError) / pixelRatio_;
 }
 
