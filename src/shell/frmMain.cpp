@@ -16,7 +16,7 @@
 #include "document/Environment.h"
 #include "editor/ScriptSyntax.h"
 #include "system/Desktop.h"
-#include "system/LocalFile.h"
+#include "system/DroppedFile.h"
 #include "system/Twips.h"
 
 namespace brindlex {
@@ -98,7 +98,6 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
-    editor_->rtb().onFileDropped = [this](const QString& path) { openDropped(path); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },

@@ -58,9 +58,6 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     std::function<void(int button, int shift, double x, double y)> onMouseDown;
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     std::function<void(int button, int shift, double x, double y)> onMouseUp;
-    /// A file was dropped, for the handler to open: it is never inserted. Raised when the drop is
-    /// over, so that the program it comes from need not wait for the handler.
-    std::function<void(const QString& path)> onFileDropped;
 
     // --- Properties of the product's interface -------------------------------------------------
     /// Only stored: the view has no menu of its own.
