@@ -20,6 +20,8 @@ constexpr int kOver = XPButtonState::kOver;
 
 struct Window : QWidget {
     bool takesKeys = false;
+    int keyUps = 0;
+    void keyReleaseEvent(QKeyEvent*) override { ++keyUps; }
     void keyPressEvent(QKeyEvent* event) override { event->setAccepted(takesKeys); }
 };
 
@@ -175,7 +177,9 @@ TEST_F(XPButtonInputTest, TakesSpaceAndLeavesArrowsToTheContainer) {
     QTest::keyClick(button, Qt::Key_Down);
     EXPECT_TRUE(button->hasFocus()) << "the container did something else with the key";
     button->events.KeyUp = [](int& KeyCode, int&) { KeyCode = 0; };
+    window.keyUps = 0;
     expect("sb", "keydown16 keydown66 key98 ", kDefault);
+    EXPECT_EQ(window.keyUps, 0) << "they are consumed";
     button->events.KeyDown = [](int& KeyCode, int&) { KeyCode = 0; };
     expect("b", "", kDefault);
 }
