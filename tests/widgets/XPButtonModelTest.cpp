@@ -220,6 +220,10 @@ TEST_F(XPButtonModelTest, ComesBackFromTheStoreAsItWasAndReadsNonsenseAsNothing)
         button.ReadProperties(bag);
         EXPECT_EQ(stored(button), "Caption=a&b||c;");
     }
+    for (const char* key : {"CapAlign", "Shape", "ImgSize", "mPointer"})
+        bag.writeProperty(key, 41, {});
+    button.ReadProperties(bag);
+    EXPECT_EQ(stored(button), "Caption=a&b||c;") << "outside of their tables";
 }
 
 }  // namespace
