@@ -235,6 +235,7 @@ TEST_F(XPButtonContentTest, StandsInItsRectanglesAndMovesWhenPressed) {
     EXPECT_EQ(boxOf(kPictureBlue, kPressed), blue.translated(1, 1));
     EXPECT_EQ(boxOf(kHoverInk, kHover), ink);
     button.SetButtonShape(4);
+    EXPECT_EQ(button.CaptionAlign(), kCaptionCentred);
     EXPECT_EQ(boxOf(kInk, kPressed), boxOf(kInk).translated(0, 1));
     button.SetButtonShape(5);
     EXPECT_TRUE(boxOf(kInk).isEmpty());
