@@ -40,7 +40,6 @@ TEST(BlockEditing, TextAndSelection) {
         {"Enter", kEnter, "\ta\r|\n b", "\ta\r\n\t|\r\n b"},
         {"Enter", kEnter, "^\ta|", "^\ta|"},
         {"Brace", kBrace, "a\r\n\t|b", "a\r\n\t{\r\n\t\t|\r\n\t}b"},
-        {"Brace", kBrace, "\t\t|", "\t\t{\r\n\t\t\t|\r\n\t\t}"},
         {"Brace", kBrace, "\t |", "\t {\r\n\t|\r\n}"},
         {"Brace", kBrace, "\ta^bc|", "\ta{\r\n\t|\r\n}bc"},
         {"Brace", kBrace, "|a", "|a"},
@@ -48,7 +47,6 @@ TEST(BlockEditing, TextAndSelection) {
         {"Tab", kTab, "a\r\nb^c\r\nd\r\n|e", "a\r\n^\tbc\r\n\td\r\n|e"},
         {"Tab", kTab, "a\r\nb^c|d", "a\r\nb\t|d"},
         {"Tab", kTab, "^a\r\n|b", "\t|b"},
-        {"Tab", kTab, "|a", "\t|a"},
         {"BackTab", kBackTab, "\ta^\r\n  b|\r\nc", "^a\r\n b\r\n|c"},
         {"BackTab", kBackTab, "^\ta\r\n|\tb\r\n", "^a\r|\n\tb\r\n"},
         {"BackTab", kBackTab, "^\ta\r\n\tb\r\nc|\r\n", "a\r\nb\r\n|c\r\n"},
@@ -94,7 +92,7 @@ TEST(BlockEditing, HandlersMayTakeTheLinesAway) {
                 host(editor);
                 within = false;
             };
-            EXPECT_NO_THROW(operation(editor));
+            operation(editor);
             EXPECT_TRUE(editor.rtb().redraw());
             editor.box().checkInvariants();
         }

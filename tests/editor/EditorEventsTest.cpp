@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QKeySequence>
 #include <QTest>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editor/KELP_RTBSyntax.h"
@@ -13,8 +15,6 @@ namespace brindlex::test {
 namespace {
 
 using Log = std::vector<std::string>;
-
-constexpr int kCtrlKey = 17;
 
 /// A shown editor with the script language's syntax, whose events are written down.
 class EditorEvents : public testing::Test {
@@ -27,18 +27,12 @@ class EditorEvents : public testing::Test {
         editor.setCommands(
             {[this] { log.emplace_back("undo"); }, [this] { log.emplace_back("copy"); },
              [this] { log.emplace_back("paste"); }, [this] { log.emplace_back("cut"); }});
-    }
-
-    void writeDown() {
         editor.onChange = [this] { log.emplace_back(editor.Colorizing() ? "Change!" : "Change"); };
         editor.onSelChange = [this] {
             log.push_back("SelChange " + std::to_string(editor.SelStart()));
         };
-    }
-
-    void writeDownKeys() {
         editor.onKeyDown = [this](int& KeyCode, int Shift) {
-            if (KeyCode == kCtrlKey) return;
+            if (KeyCode == 17) return;  // the key Ctrl itself
             log.push_back("KeyDown " + std::to_string(KeyCode) + ' ' + std::to_string(Shift));
             if (KeyCode == consumed) KeyCode = 0;
         };
@@ -46,6 +40,11 @@ class EditorEvents : public testing::Test {
             log.push_back("KeyPress " + std::to_string(KeyAscii));
             if (KeyAscii == '[') KeyAscii = '{';
         };
+    }
+
+    void put(const std::string& text) {
+        putMarked(editor.box(), text);
+        log.clear();
     }
 
     ColorRef colorAt(std::size_t offset) const {
@@ -68,15 +67,14 @@ class EditorEvents : public testing::Test {
 };
 
 TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
-    putMarked(editor.box(), "wai|");
-    writeDown();
+    put("wai|");
     ColorRef seen = 0;
     editor.onChange = [&] {
         log.emplace_back("Change");
         seen = colorAt(0);
     };
     QTest::keyClick(&editor.rtb(), 't');
-    EXPECT_EQ(log, (Log{"SelChange 4", "Change"}));
+    EXPECT_EQ(log, (Log{"KeyDown 84 0", "KeyPress 116", "SelChange 4", "Change"}));
     EXPECT_EQ(seen, 5U);
     EXPECT_EQ(colorAt(0), 3U);
     EXPECT_EQ(editor.PrevSelStart(), 4);
@@ -84,13 +82,10 @@ TEST_F(EditorEvents, ATypedCharacterReachesTheHostBeforeItIsColoured) {
 }
 
 TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
-    editor.SetText("one two");
-    editor.SetSelStart(3);
-    writeDown();
+    put("one| two");
     editor.SetText("wait");
     EXPECT_EQ(log, (Log{"SelChange 0", "Change!", "SelChange 4", "Change", "SelChange 0"}));
-    editor.SetSelStart(3);
-    log.clear();
+    put("wai|t");
     EXPECT_TRUE(editor.SetTextRTF("{\\rtf1 set\\par wait}"));
     EXPECT_EQ(log, (Log{"SelChange 0", "Change!", "SelChange 9", "Change", "SelChange 0"}));
     EXPECT_EQ(colorAt(0), 4U);
@@ -99,36 +94,33 @@ TEST_F(EditorEvents, AssigningTextRaisesChangeForTheTextAndForTheColours) {
 
 TEST_F(EditorEvents, KeysOfTheControlsOwnAreNotTheHosts) {
     const struct {
-        int key;
-        Qt::KeyboardModifiers modifiers;
+        QString key;
         int consumed;
         Log log;
-        std::string text;
+        std::string after;
     } rows[] = {
-        {Qt::Key_V, Qt::ControlModifier, -1, {"paste"}, "abcd"},
-        {Qt::Key_X, Qt::ControlModifier, -1, {"cut"}, "abcd"},
-        {Qt::Key_F5, Qt::ControlModifier, -1, {"KeyDown 116 2"}, "abcd"},
-        {Qt::Key_Tab, Qt::NoModifier, -1, {"KeyDown 9 0"}, "a\td"},
-        {Qt::Key_Tab, Qt::NoModifier, 9, {"KeyDown 9 0"}, "abcd"},
-        {Qt::Key_X, Qt::NoModifier, 88, {"KeyDown 88 0"}, "abcd"},
-        {Qt::Key_BracketLeft, Qt::NoModifier, -1, {"KeyDown 219 0", "KeyPress 91"}, "a{d"},
-        {Qt::Key_Delete, Qt::NoModifier, -1, {"KeyDown 46 0"}, "ad"},
+        {"Ctrl+V", -1, {"paste"}, "a^bc|d"},
+        {"Ctrl+X", -1, {"cut"}, "a^bc|d"},
+        {"Ctrl+F5", -1, {"KeyDown 116 2"}, "a^bc|d"},
+        {"Tab", -1, {"KeyDown 9 0", "SelChange 2", "Change"}, "a\t|d"},
+        {"Tab", 9, {"KeyDown 9 0"}, "a^bc|d"},
+        {"X", 88, {"KeyDown 88 0"}, "a^bc|d"},
+        {"[", -1, {"KeyDown 219 0", "KeyPress 91", "SelChange 2", "Change"}, "a{|d"},
+        {"Del", -1, {"KeyDown 46 0", "SelChange 1", "Change"}, "a|d"},
     };
-    writeDownKeys();
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.key);
-        putMarked(editor.box(), "a^bc|d");
+        SCOPED_TRACE(row.key.toStdString());
+        put("a^bc|d");
         consumed = row.consumed;
-        log.clear();
-        QTest::keyClick(&editor.rtb(), static_cast<Qt::Key>(row.key), row.modifiers);
+        const QKeyCombination key = QKeySequence::fromString(row.key)[0];
+        QTest::keyClick(&editor.rtb(), key.key(), key.keyboardModifiers());
         EXPECT_EQ(log, row.log);
-        EXPECT_EQ(editor.Text(), row.text);
+        EXPECT_EQ(marked(editor.box()), row.after);
     }
 }
 
 /// A control character may come without the key that made it.
 TEST_F(EditorEvents, ControlCharactersRunTheCommands) {
-    writeDownKeys();
     for (int character : {26, 3, 24, 22, 10}) editor.rtb().onKeyPress(character);
     EXPECT_EQ(log, (Log{"undo", "copy", "cut", "paste", "KeyPress 10"}));
     int character = 26;
@@ -162,11 +154,10 @@ TEST_F(EditorEvents, AHostMayEditWithinChange) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         editor.onChange = nullptr;
-        putMarked(editor.box(), "set\r\ntrigger tr|\r\nwait");
+        put("set\r\ntrigger tr|\r\nwait");
         editor.ReColorize();
-        int depth = 0;
-        editor.onChange = [&] {
-            if (depth++ == 0) row.edit(editor);
+        editor.onChange = [&, within = false]() mutable {
+            if (!std::exchange(within, true)) row.edit(editor);
         };
         QTest::keyClick(&editor.rtb(), 'i');
         EXPECT_EQ(marked(editor.box()), row.after);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <sstream>
@@ -60,14 +59,12 @@ RichText randomText(test::Random& random) {
 
 TEST(RtfTest, RandomTextsComeBackEqual) {
     for (const std::uint64_t seed : test::seeds(1000)) {
+        SCOPED_TRACE(seed);
         const CharacterTable* tables[] = {&western(), &cyrillic(), &CharacterTable::latin1()};
-        const CharacterTable& characters = *tables[seed % 3];
         test::Random random(seed);
         const RichText rich = randomText(random);
-        const std::string rtf = writeRtf(rich, characters);
-        const auto read = readRtf(rtf, characters);
-        ASSERT_TRUE(read.has_value()) << "seed " << seed << '\n' << rtf;
-        ASSERT_TRUE(*read == rich) << "seed " << seed << '\n' << rtf;
+        const std::string rtf = writeRtf(rich, *tables[seed % 3]);
+        ASSERT_TRUE(readRtf(rtf, *tables[seed % 3]) == rich) << rtf;
     }
 }
 
@@ -161,11 +158,11 @@ TEST(RtfTest, HostileSourcesCostNoMoreThanTheirSize) {
     const auto start = std::chrono::steady_clock::now();
     for (const std::string body :
          {"{\\b", "\\u1046", "\\bin1 x", "{\\colortbl;", "\\cf9 a", "{}"}) {
+        constexpr std::size_t kRounds = 300'000;
+        const bool opens = body.front() == '{' && body.back() != '}';
         std::string rtf = "{\\rtf1";
-        for (int round = 0; round < 300'000; ++round) rtf += body;
-        rtf.append(
-            static_cast<std::size_t>(std::ranges::count(rtf, '{') - std::ranges::count(rtf, '}')),
-            '}');
+        for (std::size_t round = 0; round < kRounds; ++round) rtf += body;
+        rtf.append(1 + (opens ? kRounds : 0), '}');
         EXPECT_TRUE(readRtf(rtf, western()).has_value()) << body;
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
