@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <set>
+#include <regex>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "text/LineEnds.h"
 #include "text/Random.h"
 
 namespace brindlex {
@@ -67,23 +67,17 @@ TYPED_TEST(RopeTest, BehavesAsAStringAndKeepsItsCopies) {
     }
 }
 
-/// So what is kept for undo costs little.
-TEST(RopeMemory, AKeptCopySharesAllButTheChangedChunks) {
-    Rope rope(test::Random(1).text(1'000'000, "some letters\n"));
-    const auto chunks = [&rope] {
-        std::set<const char*> begins;
-        rope.visitPieces(Range::at(Offset(0), rope.size()), [&](std::string_view piece) {
-            return begins.insert(piece.data()).second;
-        });
-        return begins;
-    };
-    for (std::size_t step = 0; step < 1000; ++step) {
-        const Rope kept = rope;
-        const std::set<const char*> before = chunks();
-        rope.replace(Range::at(Offset(500'000 + step), 0), "x");
-        const auto isNew = [&](const char* chunk) { return !before.contains(chunk); };
-        // now and then a chunk is full and becomes two
-        ASSERT_LE(std::ranges::count_if(chunks(), isNew), 2) << step;
+TEST(LineEnds, LongTextsOfAllMixesBecomePairs) {
+    for (const std::uint64_t seed : test::seeds(4)) {
+        test::Random random(seed);
+        for (const char* alphabet : {"ab\n", "ab\r", "a\r\n", "\r", "abcdefgh\r\n"}) {
+            const std::string text = random.text(20'000 + random.below(40'000), alphabet);
+            const auto expected = std::regex_replace(text, std::regex("\r\n?|\n"), "\r\n");
+            std::string storage;
+            ASSERT_EQ(withCrLf(text, storage), expected) << "seed " << seed;
+            ASSERT_EQ(withCrLf(expected, storage).data(), expected.data()) << "no copy";
+            ASSERT_TRUE(withCrLf(Rope(text)) == Rope(expected)) << "seed " << seed;
+        }
     }
 }
 
