@@ -80,6 +80,7 @@ class Model {
         const auto [from, to] = whole(cut(range.begin()), cut(range.end()));
         const std::string in = fitting(incoming, from, to);
         if (locked_ || (in.empty() && !incoming.empty())) return false;
+        if (from == to && in.empty()) return true;
         const std::string before = text;
         if (caret < from || caret > to || (begin() != from && !in.empty()))
             select(Offset(from), Offset(from));
@@ -101,8 +102,9 @@ class Model {
         const Offset behind(place < from ? place : place - moved.size());
         select(behind, behind);
         const std::size_t at = whole(caret, caret).first;
-        put(at, at, moved, kept, at + moved.size());
-        select(Offset(at), Offset(at + moved.size()));
+        const std::size_t end = at + moved.size();
+        put(at, at, moved, kept, end);
+        if (anchor == end && caret == end) select(Offset(at), Offset(end));
         return true;
     }
 

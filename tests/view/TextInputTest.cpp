@@ -158,8 +158,6 @@ TEST_F(Input, PagesKeepTheColumnAndScroll) {
     EXPECT_EQ(marked(), start);
 }
 
-// --- Motion of the caret -------------------------------------------------------------------------
-
 // --- Key events ----------------------------------------------------------------------------------
 
 TEST_F(Input, KeyEventsHaveTheirCodes) {
