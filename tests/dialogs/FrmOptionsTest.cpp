@@ -22,23 +22,15 @@ const std::string kFirstEntries =
     "|ShowTreeView=1|TypeOther=1|WolfDir=" +
     kFirstWolfDir.toStdString();
 
-std::string entriesOf(const SettingsStore& store) {
-    const SettingsStore::Section section = store.readSection("Brindlex", "Options");
-    QStringList entries;
-    for (const QString& key : section.keys()) entries += key + '=' + section[key];
-    entries.sort();
-    return entries.join('|').toStdString();
-}
-
 /// A store and a dialog over it; the dialog's calls to the main window are written down.
 class FrmOptionsTest : public SettingsTest {
   protected:
-    FrmOptionsTest() { state.DefaultColors = {"0", "32768", "192", "8388608", "16711935"}; }
-
-    std::unique_ptr<frmOptions> open() { return open(settings); }
-    std::unique_ptr<frmOptions> open(SettingsStore& store) {
+    /// Opens the dialog of a program that has just been started.
+    std::unique_ptr<frmOptions> open() {
+        state = {};
+        state.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
         return std::make_unique<frmOptions>(
-            state, store,
+            state, settings,
             OptionsCallbacks{[this] { calls += "hide "; }, [this] { calls += "commands "; },
                              [this] { calls += "entities "; }, [this] { calls += "resize "; }},
             nullptr);
@@ -47,6 +39,13 @@ class FrmOptionsTest : public SettingsTest {
     static Control& control(const frmOptions& form, const char* name) {
         return *form.findChild<Control*>(name);
     }
+    std::string entries() const {
+        const SettingsStore::Section section = stored();
+        QStringList entries;
+        for (const QString& key : section.keys()) entries += key + '=' + section[key];
+        entries.sort();
+        return entries.join('|').toStdString();
+    }
 
     AppState state;
     std::string calls;
@@ -54,7 +53,7 @@ class FrmOptionsTest : public SettingsTest {
 
 TEST_F(FrmOptionsTest, FillsAnEmptyStoreAndShowsIt) {
     const auto form = open();
-    EXPECT_EQ(entriesOf(settings), kFirstEntries);
+    EXPECT_EQ(entries(), kFirstEntries);
     EXPECT_EQ(calls, "hide commands resize ");
     EXPECT_TRUE(state.GetPresetEnabled && state.AutoIndentEnabled && state.AutoBlockIndentEnabled);
     EXPECT_TRUE(state.TypeOtherEnabled && state.AutoCompleteEnabled && state.AutoBackupEnabled);
@@ -66,29 +65,24 @@ TEST_F(FrmOptionsTest, FillsAnEmptyStoreAndShowsIt) {
 }
 
 TEST_F(FrmOptionsTest, TakesFirstValuesForMissingAndSenselessKeysAndWritesNothing) {
-    open();
-    const SettingsStore::Section firstValues = stored();
-    for (const QString& key : firstValues.keys()) {
-        const bool isText = key == "WolfDir" || key == "FontName";
-        // A text without a number means 0 minutes, so only a missing key falls back there.
-        const bool takesAnything = isText || key == "AutoBackupMins";
-        for (const QString& text : {QString(), QString("nonsense"), QString("99999999999")}) {
-            if (text.isEmpty() ? key == "GetPreset" : takesAnything) continue;
-            const TempFolder place;
-            SettingsStore store(place.path());
-            for (const QString& other : firstValues.keys())
-                if (other != key) store.write("Brindlex", "Options", other, firstValues[other]);
-            if (!text.isEmpty()) store.write("Brindlex", "Options", key, text);
-            const std::string before = entriesOf(store);
-            const auto form = open(store);
-            EXPECT_EQ(entriesOf(store), before);
+    put("GetPreset", "1");
+    auto form = open();
+    EXPECT_EQ(entries(), "GetPreset=1");
+    form->SaveChanges();
+    EXPECT_EQ(entries(), kFirstEntries);
+    for (const QString& key : stored().keys()) {
+        // Any text is a folder or a font, and one without a number means 0 minutes.
+        if (key == "WolfDir" || key == "FontName" || key == "AutoBackupMins") continue;
+        for (const char* text : {"nonsense", "99999999999"}) {
+            put(key, text);
+            form = open();
+            EXPECT_EQ(stored(key), text);
             form->SaveChanges();
-            EXPECT_EQ(entriesOf(store), kFirstEntries) << key.toStdString();
+            EXPECT_EQ(entries(), kFirstEntries) << key.toStdString();
         }
     }
-    SettingsStore broken("/dev/null");
-    state.AutoBackupMins = 9;
-    open(broken);
+    settings = SettingsStore("/dev/null");
+    open();
     EXPECT_EQ(state.AutoBackupMins, 3);
 }
 
@@ -115,7 +109,7 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
 }
 
 TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
-    const auto form = open();
+    auto form = open();
     control<QCheckBox>(*form, "Check1").setChecked(false);
     control<QCheckBox>(*form, "Check3").setChecked(false);
     control<QRadioButton>(*form, "Option3").setChecked(true);
@@ -131,13 +125,13 @@ TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
         "|Color1=32768|Color2=192|Color3=8388608|Color4=255|FontBold=0|FontItalic=0"
         "|FontName=Courier New|FontSize=14|FontStrikeThru=0|FontUnderline=1|GetPreset=0"
         "|ShowTreeView=-1|TypeOther=1|WolfDir=/maps; \\of = m\xC3\xADne ";
-    EXPECT_EQ(entriesOf(settings), saved);
+    EXPECT_EQ(entries(), saved);
     state.FontName = "Other";  // chosen, but not saved
     form->LoadOptions();
     EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").text(), "Courier New");
-    state = {};
-    open()->SaveChanges();
-    EXPECT_EQ(entriesOf(settings), saved);
+    form = open();
+    form->SaveChanges();
+    EXPECT_EQ(entries(), saved);
     control<QLineEdit>(*form, "Text1").clear();
     form->SaveChanges();
     open();
