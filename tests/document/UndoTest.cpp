@@ -13,10 +13,6 @@ using test::putMarked;
 
 class UndoTest : public ShellTest {
   protected:
-    void startWithText(const std::string& text) {
-        folder.put("scripts/battery.script", text);
-        startNamed();
-    }
     std::string after(const char* entry) {
         trigger(entry);
         return marked(editor().box());
@@ -34,18 +30,6 @@ class UndoTest : public ShellTest {
         type(other == caret ? random.text(1 + random.below(6), "ab \t{\n") : "");
     }
 };
-
-TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
-    startWithText("spawn");
-    type("a");
-    type("b");
-    desktop.expectBox(saveQuestion("Do you want to save battery.script?"), BoxAnswer::No);
-    trigger("funNew");
-    trigger("funUndo");
-    trigger("funRedo");
-    EXPECT_EQ(editor().Text(), "preset\r\n");
-    EXPECT_FALSE(document().Dirty());
-}
 
 /// Of a text that was replaced by another, only what was longer comes back.
 TEST_F(UndoTest, AStepIsWhatTheLengthsDifferBy) {
@@ -83,7 +67,8 @@ TEST_F(UndoTest, InsertionsAndDeletionsAreUndoneAndRedoneInTurn) {
     for (const std::uint64_t seed : test::seeds(3)) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
         test::Random random(seed);
-        startWithText("one\r\ntwo");
+        folder.put("scripts/battery.script", "one\r\ntwo");
+        startNamed();
         insertOrDelete(random);  // the first change stays
         std::vector<std::string> texts{editor().Text()};
         std::size_t shown = 0;

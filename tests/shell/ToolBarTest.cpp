@@ -148,26 +148,24 @@ TEST_F(ToolBarTest, TheTimerRestsWhereNothingIsHotAndMissesNoPointer) {
     }
     window.move(window.pos() - QPoint(100, 50));
     EXPECT_TRUE(becomesHot("tbCUT ")) << "the window moved";
-    QWidget cover;
+    QWidget cover;  // that gets the events of the pointer
     cover.setGeometry(window.geometry());
     cover.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&cover));
     pointTo({140, 5});
-    EXPECT_TRUE(becomesHot("tbPASTE ")) << "under another window";
+    EXPECT_TRUE(becomesHot("tbPASTE "));
 }
 
 TEST_F(ToolBarTest, PicturesFollowTheBackgroundAndLettersStandInForThem) {
     const std::string whole = jpeg(Qt::blue);
     folder.put(file("new"), jpeg(Qt::white));
     folder.put(file("open"), jpeg(Qt::black));
-    folder.put(file("save"), jpeg(QColor(0, 0, 100)));
     folder.put(file("cut"), whole.substr(0, whole.size() / 2));
     folder.put(file("copy"), whole.substr(0, 300) + whole.substr(whole.size() - 2));
-    std::filesystem::remove(folder.at(file("paste")));
-    const QColor background(40, 40, 40);
-    show(background);
+    folder.put(file("paste"), "");
+    show(QColor(40, 40, 40));
     hotAt(400, 5);
-    EXPECT_EQ(middle("tbNEW"), background);
+    EXPECT_EQ(middle("tbNEW"), QColor(40, 40, 40));
     EXPECT_EQ(middle("tbOPEN"), QColor(Qt::white));
     EXPECT_GT(middle("tbSAVE").blue(), 220);
     std::filesystem::remove_all(folder.at("Resources"));
@@ -185,14 +183,10 @@ TEST_F(ToolBarTest, PicturesFollowTheBackgroundAndLettersStandInForThem) {
 
 TEST_F(ShellTest, AButtonRunsTheCommandOfItsEntryAlsoWhileThatIsDisabled) {
     start();
-    type("abc");
     emit control<QMenu>("funEdit").aboutToShow();
     EXPECT_FALSE(control<QAction>("funCut").isEnabled());
     window().funSelectAll_Click();
-    control<QAbstractButton>("tbCUT").click();
-    EXPECT_EQ(editor().Text(), "");
-    control<QAbstractButton>("tbCOUNT").click();
-    control<QAbstractButton>("tbCOM").click();
+    for (const char* name : {"tbCUT", "tbCOUNT", "tbCOM"}) control<QAbstractButton>(name).click();
     EXPECT_EQ(editor().Text(), "//");
 }
 

@@ -46,7 +46,6 @@ TEST(Files, NamesAreFoundExactlyFirstThenButForCase) {
         {"Maps/Two.Script", "Maps/TWO.script"},
         {"Maps/A[1].SCRIPT", "Maps/a[1].script"},
         {"Maps/*.script", nullptr},
-        {"Maps/tw?.script", nullptr},
         {"Maps", nullptr},
         {"Maps/two.script/", nullptr},
         {"Maps/two.script/x", nullptr},
@@ -94,7 +93,7 @@ TEST(Files, WhatIsNoPlainFileIsNeitherReadNorWritten) {
                              "",
                              "/dev/zero",
                              "/dev/full",
-                             "C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps",
+                             "C:\\Games\\et\\etmain\\maps",
                              ":/qt-project.org/styles/commonstyle/images/closedock-16.png"};
     for (const QString& path : paths) {
         SCOPED_TRACE(path.toStdString());
@@ -124,9 +123,9 @@ TEST(Files, LinksAreWrittenThroughAlsoToAFileNotThereYet) {
 /// A user who is not root, so that permissions count.
 constexpr unsigned kNobody = 65534;
 
-void giveToNobody(const fs::path& path) {
-    if (getuid() != 0) return;
-    ASSERT_EQ(chown(path.c_str(), kNobody, kNobody), 0);
+void giveToNobody(const fs::path& path, mode_t mode) {
+    ASSERT_TRUE(getuid() != 0 || chown(path.c_str(), kNobody, kNobody) == 0);
+    ASSERT_EQ(chmod(path.c_str(), mode), 0);
 }
 
 TEST(Files, PermissionsAndOwnerStay) {
@@ -137,8 +136,7 @@ TEST(Files, PermissionsAndOwnerStay) {
         return std::tuple(now.st_mode, now.st_uid, now.st_gid);
     };
     folder.put("a.script", "old");
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0646), 0);
-    giveToNobody(folder.at("a.script"));
+    giveToNobody(folder.at("a.script"), 0646);
     const auto before = attributes();
     EXPECT_TRUE(Files::write(folder.path("a.script"), "new"));
     EXPECT_EQ(attributes(), before);
@@ -163,37 +161,14 @@ bool writesAsNobody(const QString& path, const std::string& bytes, rlim_t diskSp
     return status == 0;
 }
 
-constexpr std::size_t kOldSize = 100000;
-
-struct Fault {
-    const char* name;
-    mode_t folderMode;
-    mode_t fileMode;
-    rlim_t diskSpace;     ///< the most that a file may hold
-    std::size_t newSize;  ///< of the text written over a file of kOldSize
-    bool succeeds;
-};
-
-void expectWholeFile(const Fault& fault) {
-    SCOPED_TRACE(fault.name);
-    const TempFolder folder;
-    const std::string oldText(kOldSize, 'o');
-    const std::string newText(fault.newSize, 'n');
-    folder.put("a.script", oldText);
-    giveToNobody(folder.at("a.script"));
-    giveToNobody(folder.at());
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), fault.fileMode), 0);
-    ASSERT_EQ(chmod(folder.at().c_str(), fault.folderMode), 0);
-
-    EXPECT_EQ(writesAsNobody(folder.path("a.script"), newText, fault.diskSpace), fault.succeeds);
-    ASSERT_EQ(chmod(folder.at().c_str(), 0700), 0);
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0600), 0);
-    EXPECT_EQ(folder.get("a.script"), fault.succeeds ? newText : oldText);
-    EXPECT_EQ(folder.count(), 1) << "something is left in the folder";
-}
-
 TEST(Files, AFailingDiskLeavesTheOldFileWhole) {
-    const Fault faults[] = {
+    const struct {
+        const char* name;
+        mode_t folderMode, fileMode;
+        rlim_t diskSpace;
+        std::size_t newSize;
+        bool succeeds;
+    } faults[] = {
         {"no fault", 0700, 0600, RLIM_INFINITY, 5, true},
         {"nothing fits", 0700, 0600, 0, 5, false},
         {"full half-way", 0700, 0600, 50000, 60000, false},
@@ -204,12 +179,26 @@ TEST(Files, AFailingDiskLeavesTheOldFileWhole) {
         {"read-only folder, full, growing", 0500, 0600, 120000, 150000, false},
         {"read-only folder, full, shrinking", 0500, 0600, 20000, 50000, false},
     };
-    for (const Fault& fault : faults) expectWholeFile(fault);
+    const std::string oldText(100000, 'o');
+    for (const auto& fault : faults) {
+        SCOPED_TRACE(fault.name);
+        const TempFolder folder;
+        const std::string newText(fault.newSize, 'n');
+        folder.put("a.script", oldText);
+        giveToNobody(folder.at("a.script"), fault.fileMode);
+        giveToNobody(folder.at(), fault.folderMode);
+        EXPECT_EQ(writesAsNobody(folder.path("a.script"), newText, fault.diskSpace),
+                  fault.succeeds);
+        giveToNobody(folder.at(), 0700);
+        giveToNobody(folder.at("a.script"), 0600);
+        EXPECT_EQ(folder.get("a.script"), fault.succeeds ? newText : oldText);
+        EXPECT_EQ(folder.count(), 1) << "something is left in the folder";
+    }
 }
 
 TEST(Files, ANewFileOnAFullDiskIsNotLeftBehind) {
     const TempFolder folder;
-    giveToNobody(folder.at());
+    giveToNobody(folder.at(), 0700);
     const std::string longestName(255, 'n');
     for (const std::string& name : {std::string("a.script"), longestName})
         EXPECT_FALSE(writesAsNobody(folder.path(name), std::string(20, 'x'), 10));

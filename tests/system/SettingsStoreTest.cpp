@@ -35,17 +35,6 @@ TEST(SettingsStore, AnyTextComesBack) {
     }
 }
 
-TEST(SettingsStore, KeepsApplicationsAndKeysApartAndMakesNothingToRead) {
-    const TempFolder folder;
-    SettingsStore store(folder.path("not/there/yet"));
-    EXPECT_EQ(store.read(kApp, kOptions, "A"), "");
-    EXPECT_EQ(folder.count(), 0);
-    store.write(kApp, kOptions, {{"A", "1"}, {"a", "2"}, {"A", "3"}});
-    store.write("Another", kOptions, "A", "5");
-    EXPECT_EQ(store.read(kApp, kOptions, "A"), "3");
-    EXPECT_EQ(store.read(kApp, kOptions, "a"), "2");
-}
-
 /// The lines are those that the program wrote before it left the file to the toolkit, and others.
 TEST(SettingsStore, ReadsOlderFilesAndPassesOverNonsense) {
     const TempFolder folder;
@@ -59,14 +48,6 @@ TEST(SettingsStore, ReadsOlderFilesAndPassesOverNonsense) {
     EXPECT_EQ(store.read(kApp, kOptions, "Color1"), "32768");
     EXPECT_EQ(store.read(kApp, kOptions, "WolfDir"), "C:\\Games\\et, 2.60\\maps");
     EXPECT_EQ(store.read(kApp, kOptions, "FontName"), QString::fromUtf8("Übung"));
-}
-
-TEST(SettingsStore, AFolderInPlaceOfTheFileIsSilence) {
-    const TempFolder folder;
-    folder.put("Brindlex.ini/x", "");
-    SettingsStore store(folder.path());
-    store.write(kApp, kOptions, "A", "1");
-    EXPECT_EQ(store.read(kApp, kOptions, "A"), "");
 }
 
 }  // namespace
