@@ -54,10 +54,7 @@ TEST_P(SaveQuestionTest, SavesOrLeavesAsAnswered) {
     const bool closes = command.then.empty();
     desktop.expectBox(
         saveQuestion(row.isNamed ? command.questionNamed : command.question, command.boxTitle),
-        row.answer, [this, closes] {
-            QCloseEvent again;  // asks nothing
-            if (closes) QCoreApplication::sendEvent(&window(), &again);
-        });
+        row.answer);
     if (row.answer == kYes && !row.isNamed)
         desktop.expectFile(saveDialog(), row.savedTo.empty()
                                              ? FileAnswer(Cancelled{})
@@ -83,6 +80,18 @@ TEST_P(SaveQuestionTest, SavesOrLeavesAsAnswered) {
 INSTANTIATE_TEST_SUITE_P(Rows, SaveQuestionTest,
                          testing::Combine(testing::ValuesIn(kCommands),
                                           testing::ValuesIn(kAnswers)));
+
+TEST_F(ShellTest, ASecondCloseWhileTheQuestionIsOpenAsksNothing) {
+    startNamed();
+    type("x");
+    const auto close = [this] {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(&window(), &event);
+    };
+    desktop.expectBox(saveQuestion(kCommands[2].questionNamed, "Brindlex"), kCancel, close);
+    close();
+    EXPECT_EQ(ends, 0);
+}
 
 TEST_F(ShellTest, AComposedTextBelongsToTheDocumentThatACommandFinds) {
     startNamed();

@@ -40,7 +40,6 @@ TEST_F(UndoTest, AStepIsWhatTheLengthsDifferBy) {
         {"a|d", "bc", "a|d", "a^bc|d"},
         {"a|b", "\r\nx", "a|b", "a^\r\nx|b"},
         {"a|\r\nb", "Delete", "a\r\n|b", "a|b"},
-        {"a|bc^d", "", "a^bc|d", "a|d"},
         {"^ab\r\nc|", "", "^ab\r\nc|", "|"},
         // replaced by something longer, shorter, of the same length
         {"a^b|c", "xyz", "ax|c", "ax^yz|c"},

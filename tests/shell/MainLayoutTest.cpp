@@ -40,7 +40,6 @@ TEST_F(MainLayoutTest, EveryPanelHasItsPlaces) {
         {1, "TreeView1", {583, 23, 217, 566}},
         {1, "Picture1", {583, 588, 217, 153}},
         {0, "KELP_RTBSyntax1", {0, 24, 583, 719}},
-        {0, "SB2", {0, 741, 800, 41}},
         {0, "TreeView2", {583, 23, 217, 718}},
         // alone only the editor moves
         {-1, "KELP_RTBSyntax1", {0, 24, 800, 800}},

@@ -46,8 +46,8 @@ TEST_F(MainWindowTest, AtMostOneSidePanelShows) {
 TEST_F(MainWindowTest, TheClipboardTakesAndGivesPlainTextWithWholeLineBreaks) {
     start();
     type("a\r\nb\xA4");
-    editor().SetSelStart(2);
-    editor().SetSelLength(2);
+    editor().SetSelStart(1);
+    editor().SetSelLength(3);
     window().funCopy_Click();
     EXPECT_EQ(desktop.clipboardText(), "\nb");
     window().funCut_Click();
@@ -57,6 +57,13 @@ TEST_F(MainWindowTest, TheClipboardTakesAndGivesPlainTextWithWholeLineBreaks) {
     EXPECT_EQ(editor().Text(), "ax\r\ny\xA4preset\r\n");
     EXPECT_EQ(control<QLabel>("SB1_Pane1").text(), "Line: 2");
     EXPECT_EQ(window().CaretPosition(), 5);
+    // Half a line break is copied as a whole one.
+    editor().SetSelStart(1);
+    editor().SetSelLength(2);
+    window().funCut_Click();
+    EXPECT_EQ(editor().Text(), "ay\xA4preset\r\n");
+    window().funPaste_Click();
+    EXPECT_EQ(editor().Text(), "ax\r\ny\xA4preset\r\n");
 }
 
 TEST_F(MainWindowTest, TheEditMenuEnablesWhatHasSomethingToWorkOn) {

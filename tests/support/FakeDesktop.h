@@ -65,15 +65,14 @@ class FakeDesktop : public Desktop {
     };
 
     static std::string describe(const MessageBox& box) {
-        return QStringLiteral("a box titled \"%1\", icon %2, buttons %3: \"%4\"")
-            .arg(box.title, QString::number(int(box.icon)), QString::number(int(box.buttons)),
-                 box.text)
-            .toStdString();
+        const QString kind =
+            QStringLiteral("icon %1, buttons %2").arg(int(box.icon)).arg(int(box.buttons));
+        return QStringList{"a box", box.title, box.text, kind}.join(" | ").toStdString();
     }
     static std::string describe(const FileQuestion& question) {
-        return QStringLiteral("a file to %1, titled \"%2\", from \"%3\", filters \"%4\"")
-            .arg(question.save ? "save" : "open", question.title, question.folder,
-                 question.filters.join('|'))
+        const QString kind = question.save ? "a file to save" : "a file to open";
+        return QStringList{kind, question.title, question.folder, question.filters.join(", ")}
+            .join(" | ")
             .toStdString();
     }
     template <typename T>

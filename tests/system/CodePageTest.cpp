@@ -41,7 +41,6 @@ TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
         {1255, "את\u200E", "\xE0\xFA\xFD", true},
         {1256, "پے", "\x81\xFF", true},
         {4711, "€", "\x80", true},
-        {1252, "ĄęŁ Şő", "AeL So"},
         {1251, "café Ærø “x” – …", "cafe AEro \x93x\x94 \x96 \x85"},
         {874, "„x‚ ‹y› −", "\"x' <y> -"},
         {1252, "ﬁ ２ ½ Ⅷ", "fi 2 \xBD VIII"},
@@ -49,7 +48,6 @@ TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
         {1252, "日本 При", "?? ???"},
         {1252, "x\U0001F600y", "x?y"},
         {1252, "cafe\u0301", "caf\xE9", true},  // an accent of its own
-        {1252, "z\u0302", "z"},
         {1252, "a\u200B\u200C\u200D\u2060\uFEFFb", "ab"},
         {1256, "\u200C\u200D", "\x9D\x9E", true},
         {1252, "\u0301", "?"},
