@@ -11,8 +11,6 @@ namespace {
 
 class AutoBackupTest : public ShellTest {
   protected:
-    AutoBackupTest() { folder.put("program/Backups/keep", ""); }
-
     std::string backup() { return folder.get("program/Backups/battery_backup.script"); }
     std::string pane() { return control<QLabel>("SB1_Pane2").text().toStdString(); }
     /// Lets the timer fire as after so many minutes.

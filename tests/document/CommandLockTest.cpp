@@ -15,8 +15,6 @@ enum class Wait { OpenDialog, SaveDialog, SaveQuestion, PresetQuestion, FirstYie
 class CommandLockTest : public ShellTest, public testing::WithParamInterface<Wait> {
   protected:
     CommandLockTest() {
-        folder.put("scripts/next.script", "next");
-        folder.put("program/Backups/keep", "");
         put("AutoBackupMins", "1");
         startNamed();
         type("one");

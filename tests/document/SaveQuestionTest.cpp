@@ -1,8 +1,4 @@
-#include <QCloseEvent>
-#include <QDropEvent>
 #include <QInputMethodEvent>
-#include <QMimeData>
-#include <QUrl>
 #include <tuple>
 
 #include "shell/ShellTest.h"
@@ -46,7 +42,6 @@ class SaveQuestionTest : public ShellTest,
 
 TEST_P(SaveQuestionTest, SavesOrLeavesAsAnswered) {
     const auto& [command, row] = GetParam();
-    folder.put("scripts/next.script", "next");
     start(row.isNamed ? folder.path(kOwn) : QString());
     type("x");
     const std::string before = title();
@@ -84,12 +79,9 @@ INSTANTIATE_TEST_SUITE_P(Rows, SaveQuestionTest,
 TEST_F(ShellTest, ASecondCloseWhileTheQuestionIsOpenAsksNothing) {
     startNamed();
     type("x");
-    const auto close = [this] {
-        QCloseEvent event;
-        QCoreApplication::sendEvent(&window(), &event);
-    };
-    desktop.expectBox(saveQuestion(kCommands[2].questionNamed, "Brindlex"), kCancel, close);
-    close();
+    desktop.expectBox(saveQuestion(kCommands[2].questionNamed, "Brindlex"), kCancel,
+                      [this] { window().close(); });
+    window().close();
     EXPECT_EQ(ends, 0);
 }
 
@@ -110,7 +102,6 @@ TEST_F(ShellTest, AComposedTextBelongsToTheDocumentThatACommandFinds) {
 
 TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
     startNamed();
-    folder.put("scripts/next.script", "next");
     type("x");
     const struct {
         QWidget& target;

