@@ -34,7 +34,6 @@ TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
         std::string bytes;
         bool exact = false;  ///< the bytes stand for the letters, and a search looks for them
     } rows[] = {
-        {874, "€กฺ฿๛", "\x80\xA1\xDA\xDF\xFB", true},
         {1251, "При", "\xCF\xF0\xE8", true},
         {1252, "€\u0081Ÿÿ", "\x80\x81\x9F\xFF", true},
         {1253, "ΡΣώ", "\xD1\xD3\xFE", true},  // behind a byte that the page leaves undefined
@@ -42,16 +41,12 @@ TEST(CodePage, TheNearestLetterStandsForWhatThePageLacks) {
         {1256, "پے", "\x81\xFF", true},
         {4711, "€", "\x80", true},
         {1251, "café Ærø “x” – …", "cafe AEro \x93x\x94 \x96 \x85"},
-        {874, "„x‚ ‹y› −", "\"x' <y> -"},
         {1252, "ﬁ ２ ½ Ⅷ", "fi 2 \xBD VIII"},
-        {1250, "½", "1/2"},
         {1252, "日本 При", "?? ???"},
-        {1252, "x\U0001F600y", "x?y"},
         {1252, "cafe\u0301", "caf\xE9", true},  // an accent of its own
         {1252, "a\u200B\u200C\u200D\u2060\uFEFFb", "ab"},
         {1256, "\u200C\u200D", "\x9D\x9E", true},
         {1252, "\u0301", "?"},
-        {1252, "\u0661\u06F9", "19"},
         {1258, "\u1EBF", "\xEA\xEC", true},  // the page holds the accent alone
         {1253, "Ò", "O"},                    // an undefined byte is no letter
     };

@@ -19,8 +19,6 @@ TEST(PropertyBag, LeavesOutWhatEqualsItsDefaultAndIgnoresTheCaseOfKeys) {
         {"same number of another type", 5, 5LL, false},
         {"text of other case", "a", "A", true},
         {"same picture drawn twice", picture(Qt::red), picture(Qt::red).toImage(), false},
-        {"other picture", picture(Qt::red), picture(Qt::blue), true},
-        {"no picture over none", QPixmap(), QVariant(), false},
         {"none over picture", QVariant(), picture(Qt::red), true},
     };
     for (const auto& [name, value, defaultValue, stored] : rows) {

@@ -16,10 +16,7 @@ TEST(SettingsStore, AnyTextComesBack) {
                              "  leading and trailing \t",
                              "\"quoted\"; a=b, [c] #d @e %f",
                              "@Invalid()",
-                             "a, b",
                              "line\r\nbreak\n[x]\nvalue=9",
-                             "=",
-                             ";",
                              QString::fromUtf8("Übung Карта 地図 \U0001F600 \uFEFF\u2028"),
                              QString("a") + QChar(0) + QChar(1),
                              QString(100000, 'x')};
