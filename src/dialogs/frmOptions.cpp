@@ -30,9 +30,6 @@ QColor colorOf(const QString& text, const QPalette& palette) {
     return ColorValue(static_cast<std::uint32_t>(text.toInt())).resolve(palette);
 }
 
-constexpr const char* kColorNames[] = {"Normal text", "Comments", "Strings", "Reserved words",
-                                       "Operators"};
-
 }  // namespace
 
 frmOptions::frmOptions(AppState& state, SettingsStore& settings, OptionsCallbacks mainWindow,
@@ -42,7 +39,7 @@ frmOptions::frmOptions(AppState& state, SettingsStore& settings, OptionsCallback
       settings_(settings),
       mainWindow_(std::move(mainWindow)) {
     setObjectName(QStringLiteral("frmOptions"));
-    setWindowTitle(QStringLiteral("Options - Brindlex"));
+    setWindowTitle("Options - " + kProgram);
     makeControls();
     Form_Load();
 }
@@ -63,10 +60,11 @@ void frmOptions::makeControls() {
     txtFontName_->setReadOnly(true);
     txtFontSize_ = make<QLineEdit>(this, "txtFontSize", "Font size");
     txtFontSize_->setReadOnly(true);
-    for (std::size_t i = 0; i < picCol_.size(); ++i) {
-        picCol_[i] = make<QFrame>(this, QStringLiteral("picCol%1").arg(i), kColorNames[i]);
+    for (std::size_t i = 0; i < kUserColorCount; ++i) {
+        const char* const name = kUserColors[i].name;
+        picCol_[i] = make<QFrame>(this, QStringLiteral("picCol%1").arg(i), name);
         picCol_[i]->setAutoFillBackground(true);
-        txtCol_[i] = make<QLineEdit>(this, QStringLiteral("txtCol%1").arg(i), kColorNames[i]);
+        txtCol_[i] = make<QLineEdit>(this, QStringLiteral("txtCol%1").arg(i), name);
     }
 }
 
@@ -111,7 +109,7 @@ void frmOptions::setControls() {
         each.box.setChecked(flagOf(each.number).value_or(each.box.isChecked()));
     for (const auto& [option, ShowTreeView] : panelOptions())
         if (state_.ShowTreeView == ShowTreeView) option->setChecked(true);
-    for (std::size_t i = 0; i < picCol_.size(); ++i) {
+    for (std::size_t i = 0; i < kUserColorCount; ++i) {
         const QColor color = colorOf(state_.ColorValues[i], palette());
         setColor(*picCol_[i], QPalette::Window, color);
         setColor(*txtCol_[i], QPalette::Text, color);

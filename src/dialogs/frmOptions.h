@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "editor/ScriptSyntax.h"
+
 class QCheckBox;
 class QFrame;
 class QLineEdit;
@@ -68,8 +70,8 @@ class frmOptions : public QWidget {
     QLineEdit* txtAutoBackupMins_;
     QLineEdit* txtFontName_;
     QLineEdit* txtFontSize_;
-    std::array<QFrame*, 5> picCol_;
-    std::array<QLineEdit*, 5> txtCol_;
+    std::array<QFrame*, kUserColorCount> picCol_;
+    std::array<QLineEdit*, kUserColorCount> txtCol_;
 };
 
 }  // namespace brindlex

@@ -1,16 +1,20 @@
 #pragma once
 
 #include <QFont>
+#include <QLatin1String>
 #include <QString>
 #include <algorithm>
-#include <array>
 #include <deque>
 #include <string>
 #include <vector>
 
+#include "editor/ScriptSyntax.h"
 #include "text/Rope.h"
 
 namespace brindlex {
+
+/// The program's name, in titles and for the settings store.
+inline constexpr QLatin1String kProgram("Brindlex");
 
 /// The values of ShowTreeView: which side panel shows from the start. Any other shows none and
 /// leaves the choice of the options dialog as it is.
@@ -36,9 +40,8 @@ struct AppState {
     bool AutoBlockIndentEnabled = false;
     bool AutoCompleteEnabled = false;
     QString WolfDir;
-    /// Decimal text of 0x00BBGGRR: normal text, comments, strings, reserved words, operators.
-    std::array<QString, 5> ColorValues;
-    std::array<QString, 5> DefaultColors;
+    UserColorValues ColorValues;
+    UserColorValues DefaultColors;
     bool AutoBackupEnabled = false;
     int AutoBackupMins = 0;
     bool FontBold = false;

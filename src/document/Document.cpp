@@ -18,7 +18,6 @@
 namespace brindlex {
 namespace {
 
-const QString kProgram = QStringLiteral("Brindlex");
 constexpr qsizetype kExtensionLength = 7;  // of ".script"
 
 const QStringList kFilters = {QStringLiteral("Script files (*.script)"), QStringLiteral("*.script"),
@@ -46,7 +45,7 @@ Document::Document(const AppState& state, const Environment& environment, KELP_R
       lock_(lock),
       undo_(undo),
       events_(std::move(events)),
-      longWork_(environment.desktop, editor, events_.setLinePaneVisible),
+      longWork_(environment.desktop, editor, events_.loading),
       backup_(state, environment, editor, [this] { backUpWhenFree(); }) {}
 
 QString Document::displayName() const {
@@ -67,7 +66,7 @@ void Document::showTitle() {
 }
 
 void Document::textChanged() {
-    hasText_ = true;
+    hasText_ = hasText_ || !editor_.box().rope().empty();
     if (!std::exchange(Dirty_, true)) showTitle();
     backup_.start();
 }
@@ -89,8 +88,7 @@ void Document::SaveBackup() {
 void Document::backUpWhenFree() {
     if (std::exchange(backupWaits_, true)) return;
     lock_.runWhenFree([this] {
-        backupWaits_ = false;
-        SaveBackup();
+        if (std::exchange(backupWaits_, false)) SaveBackup();
     });
 }
 
@@ -114,6 +112,7 @@ void Document::becomeUntitled() {
     name_ = QStringLiteral("Untitled");
     FileTitle_.clear();
     if (!Dirty_) backup_.stop();
+    backupWaits_ = false;  // the backup is still named after the last script
     showTitle();
 }
 

@@ -28,8 +28,9 @@ class Document {
         std::function<void(const QString& title)> titleChanged;
         /// A problem that deserves no message box.
         std::function<void(const QString& message)> problem;
-        /// Shows or hides the pane with the line number.
-        std::function<void(bool visible)> setLinePaneVisible;
+        /// A text begins to load (true) or has been loaded (false). The caret's line means nothing
+        /// in between.
+        std::function<void(bool loading)> loading;
         /// Another text is in the editor; the caret is at its start.
         std::function<void()> textReplaced;
         std::function<void(QTime time)> backedUp;

@@ -11,21 +11,16 @@ namespace brindlex {
 using Step = LongWork::Step;
 
 const LongWork::Order LongWork::kLoad{
-    {Step::EditorNotReady, Step::BusyPointer, Step::HideEditor, Step::HideLinePane, Step::Yield},
-    {Step::EditorReady, Step::NormalPointer, Step::ShowEditor, Step::ShowLinePane, Step::Yield}};
+    {Step::EditorNotReady, Step::BusyPointer, Step::HideEditor, Step::TellLoading, Step::Yield},
+    {Step::EditorReady, Step::NormalPointer, Step::ShowEditor, Step::TellLoaded, Step::Yield}};
 
-LongWork::LongWork(Desktop& desktop, KELP_RTBSyntax& editor,
-                   std::function<void(bool)> setLinePaneVisible)
-    : desktop_(desktop), editor_(editor), setLinePaneVisible_(std::move(setLinePaneVisible)) {}
+LongWork::LongWork(Desktop& desktop, KELP_RTBSyntax& editor, std::function<void(bool)> loading)
+    : desktop_(desktop), editor_(editor), loading_(std::move(loading)) {}
 
 void LongWork::run(const Order& order, const std::function<void()>& work) {
     for (const Step step : order.before) take(step);
     work();
     for (const Step step : order.after) take(step);
-}
-
-void LongWork::yield() {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void LongWork::take(Step step) {
@@ -46,12 +41,12 @@ void LongWork::take(Step step) {
             editor_.show();
             if (focus_) focus_->setFocus();
             break;
-        case Step::HideLinePane:
-        case Step::ShowLinePane:
-            setLinePaneVisible_(step == Step::ShowLinePane);
+        case Step::TellLoading:
+        case Step::TellLoaded:
+            loading_(step == Step::TellLoading);
             break;
         case Step::Yield:
-            yield();
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             break;
     }
 }

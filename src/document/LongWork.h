@@ -22,9 +22,9 @@ class LongWork {
         NormalPointer,
         HideEditor,
         ShowEditor,  ///< gives the focus back to the widget that had it
-        HideLinePane,
-        ShowLinePane,
-        Yield,
+        TellLoading,
+        TellLoaded,
+        Yield,  ///< lets the window draw and answer other programs; what the user does waits
     };
     /// What comes before and after a kind of work, in order.
     struct Order {
@@ -34,14 +34,11 @@ class LongWork {
     /// Putting a document into the editor.
     static const Order kLoad;
 
-    /// `desktop` and `editor` outlive this object. `setLinePaneVisible` shows or hides the line
-    /// number of the status bar.
-    LongWork(Desktop& desktop, KELP_RTBSyntax& editor,
-             std::function<void(bool)> setLinePaneVisible);
+    /// `desktop` and `editor` outlive this object. `loading` hears true when a text begins to load,
+    /// and false when it has.
+    LongWork(Desktop& desktop, KELP_RTBSyntax& editor, std::function<void(bool)> loading);
 
     void run(const Order& order, const std::function<void()>& work);
-    /// Lets the window draw and answer other programs. What the user does meanwhile waits.
-    static void yield();
 
     /// False during a load and before the first one. Starting with an empty text is no load.
     bool EditorReady() const { return editorReady_; }
@@ -51,7 +48,7 @@ class LongWork {
 
     Desktop& desktop_;
     KELP_RTBSyntax& editor_;
-    std::function<void(bool)> setLinePaneVisible_;
+    std::function<void(bool)> loading_;
     bool editorReady_ = false;
     QPointer<QWidget> focus_;  // hiding the editor takes the focus from it
 };

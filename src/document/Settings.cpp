@@ -34,6 +34,10 @@ struct Setting {
     Field field;
 };
 
+Setting colorSetting(std::size_t index) {
+    return {kUserColors[index].key, nullptr, Color{index}};
+}
+
 const Setting kSettings[] = {
     {"GetPreset", "1", &AppState::GetPreset},
     {"WolfDir", Settings::kFirstWolfDir, &AppState::WolfDir},
@@ -44,11 +48,11 @@ const Setting kSettings[] = {
     {"AutoComplete", "1", &AppState::AutoComplete},
     {"AutoBackup", "1", &AppState::AutoBackup},
     {"AutoBackupMins", "3", Minutes{&AppState::AutoBackupMins}},
-    {"Color0", nullptr, Color{0}},
-    {"Color1", nullptr, Color{1}},
-    {"Color2", nullptr, Color{2}},
-    {"Color3", nullptr, Color{3}},
-    {"Color4", nullptr, Color{4}},
+    colorSetting(0),
+    colorSetting(1),
+    colorSetting(2),
+    colorSetting(3),
+    colorSetting(4),
     {"FontName", "Courier New", &AppState::FontName},
     {"FontSize", "10", Points{&AppState::FontSize}},
     {"FontBold", "0", LastingFlag{&AppState::FontBold}},
@@ -133,13 +137,13 @@ void writeAll(SettingsStore& store, ValueOf valueOf) {
     SettingsStore::Values values;
     for (const Setting& setting : kSettings)
         values.emplace_back(QString::fromLatin1(setting.key), valueOf(setting));
-    store.write(Settings::kApplication, Settings::kSection, values);
+    store.write(kProgram, Settings::kSection, values);
 }
 
 }  // namespace
 
 bool Settings::isFirstRun(const SettingsStore& store) {
-    return store.read(kApplication, kSection, kSettings[0].key).isEmpty();
+    return store.read(kProgram, kSection, kSettings[0].key).isEmpty();
 }
 
 void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
@@ -147,7 +151,7 @@ void Settings::writeFirstRun(SettingsStore& store, const AppState& state) {
 }
 
 void Settings::read(const SettingsStore& store, AppState& state) {
-    const SettingsStore::Section texts = store.readSection(kApplication, kSection);
+    const SettingsStore::Section texts = store.readSection(kProgram, kSection);
     for (const Setting& setting : kSettings) {
         const auto text = texts.constFind(setting.key);
         if (text != texts.cend() && std::visit(Taker{state, *text}, setting.field)) continue;

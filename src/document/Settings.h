@@ -13,7 +13,6 @@ struct AppState;
 /// writes, all as text.
 namespace Settings {
 
-inline constexpr const char* kApplication = "Brindlex";
 inline constexpr const char* kSection = "Options";
 inline constexpr const char* kFirstWolfDir =
     "C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps";

@@ -10,7 +10,8 @@
 namespace brindlex {
 
 /// A widget round one rich text view that forwards the view's properties and methods; only
-/// SetSelStart does more. Their contracts stand with RichTextView and RichTextBox.
+/// SetSelStart does more. Their contracts stand with RichTextView and RichTextBox. What the view
+/// has no use for is only stored: it has no menu of its own and no bullets, and never wraps a line.
 class RichTextHost : public QWidget {
   public:
     explicit RichTextHost(QWidget* parent = nullptr) : QWidget(parent) {}
@@ -21,14 +22,14 @@ class RichTextHost : public QWidget {
     const RichTextBox& box() const { return rtb_.box(); }
 
     // --- Appearance and state ------------------------------------------------------------------
-    bool AutoVerbMenu() const { return rtb_.AutoVerbMenu(); }
-    void SetAutoVerbMenu(bool on) { rtb_.SetAutoVerbMenu(on); }
+    bool AutoVerbMenu() const { return autoVerbMenu_; }
+    void SetAutoVerbMenu(bool on) { autoVerbMenu_ = on; }
     ColorValue BackColor() const { return rtb_.BackColor(); }
     void SetBackColor(ColorValue color) { rtb_.SetBackColor(color); }
     Long BorderStyle() const { return rtb_.BorderStyle(); }
     void SetBorderStyle(Long style) { rtb_.SetBorderStyle(style); }
-    double BulletIndent() const { return rtb_.BulletIndent(); }
-    void SetBulletIndent(double twips) { rtb_.SetBulletIndent(twips); }
+    double BulletIndent() const { return bulletIndent_; }
+    void SetBulletIndent(double twips) { bulletIndent_ = twips; }
     /// Of the view itself, whatever its parents are.
     bool Enabled() const { return !rtb_.testAttribute(Qt::WA_ForceDisabled); }
     void SetEnabled(bool on) { rtb_.setEnabled(on); }
@@ -46,8 +47,8 @@ class RichTextHost : public QWidget {
     void SetMouseIcon(const QPixmap& icon) { rtb_.SetMouseIcon(icon); }
     Long MousePointer() const { return rtb_.MousePointer(); }
     void SetMousePointer(Long pointer) { rtb_.SetMousePointer(pointer); }
-    double RightMargin() const { return rtb_.RightMargin(); }
-    void SetRightMargin(double twips) { rtb_.SetRightMargin(twips); }
+    double RightMargin() const { return rightMargin_; }
+    void SetRightMargin(double twips) { rightMargin_ = twips; }
 
     // --- Text ----------------------------------------------------------------------------------
     std::string Text() const { return box().Text(); }
@@ -76,15 +77,15 @@ class RichTextHost : public QWidget {
     // --- Formats of the whole text ---------------------------------------------------------------
     Long SelAlignment() const { return box().SelAlignment(); }
     void SetSelAlignment(Long alignment) { box().SetSelAlignment(alignment); }
-    std::optional<Long> SelIndent() const { return box().SelIndent(); }
+    Long SelIndent() const { return box().SelIndent(); }
     void SetSelIndent(Long twips) { box().SetSelIndent(twips); }
-    std::optional<Long> SelHangingIndent() const { return box().SelHangingIndent(); }
+    Long SelHangingIndent() const { return box().SelHangingIndent(); }
     void SetSelHangingIndent(Long twips) { box().SetSelHangingIndent(twips); }
-    std::optional<Long> SelRightIndent() const { return box().SelRightIndent(); }
+    Long SelRightIndent() const { return box().SelRightIndent(); }
     void SetSelRightIndent(Long twips) { box().SetSelRightIndent(twips); }
-    std::optional<Long> SelTabCount() const { return box().SelTabCount(); }
+    Long SelTabCount() const { return box().SelTabCount(); }
     void SetSelTabCount(Long count) { box().SetSelTabCount(count); }
-    std::optional<Long> SelTabs(Long index) const { return box().SelTabs(index); }
+    Long SelTabs(Long index) const { return box().SelTabs(index); }
     void SetSelTabs(Long index, Long twips) { box().SetSelTabs(index, twips); }
 
     // --- Selection -----------------------------------------------------------------------------
@@ -119,6 +120,9 @@ class RichTextHost : public QWidget {
 
   private:
     RichTextView rtb_{this};
+    bool autoVerbMenu_ = false;
+    double bulletIndent_ = 0;  // twips
+    double rightMargin_ = 0;   // twips
 };
 
 }  // namespace brindlex

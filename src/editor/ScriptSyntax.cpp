@@ -7,6 +7,8 @@
 namespace brindlex {
 namespace {
 
+using Editor = KELP_RTBSyntax;
+
 // The vocabulary, in groups of words with blanks between them. The blanks at the ends count: the
 // words for completion are made by joining the groups as they stand.
 constexpr std::string_view kEvents =
@@ -42,33 +44,33 @@ std::string wordList(std::string_view group) {
     return list;
 }
 
-enum ColorIndex : std::size_t { kNormal, kComments, kStrings, kReservedWords, kOperators };
-
-struct ColorTarget {
-    ColorIndex index;
-    void (KELP_RTBSyntax::*set)(Long);
-};
-constexpr std::array kColorTargets = {
-    ColorTarget{kNormal, &KELP_RTBSyntax::SetColorOf_Normal},
-    ColorTarget{kReservedWords, &KELP_RTBSyntax::SetColorOf_ReservedWords},
-    ColorTarget{kReservedWords, &KELP_RTBSyntax::SetColorOf_ProceduresORFunctions},
-    ColorTarget{kComments, &KELP_RTBSyntax::SetColorOf_Comments},
-    ColorTarget{kStrings, &KELP_RTBSyntax::SetColorOf_Strings},
-    ColorTarget{kOperators, &KELP_RTBSyntax::SetColorOf_LogicalOperators},
-    ColorTarget{kOperators, &KELP_RTBSyntax::SetColorOf_Operators},
-};
-
-void applyColors(KELP_RTBSyntax& editor, const std::array<QString, 5>& colorValues) {
-    for (const ColorTarget& target : kColorTargets) {
+void applyColors(KELP_RTBSyntax& editor, const UserColorValues& colorValues) {
+    for (std::size_t i = 0; i < kUserColorCount; ++i) {
         bool isNumber = false;
-        const Long color = colorValues[target.index].toLongLong(&isNumber);
-        if (isNumber) (editor.*target.set)(color);
+        const Long color = colorValues[i].toLongLong(&isNumber);
+        if (isNumber) kUserColors[i].give(editor, color);
     }
 }
 
 }  // namespace
 
-void applyScriptSyntax(KELP_RTBSyntax& editor, const std::array<QString, 5>& colorValues) {
+constinit const std::array<UserColor, kUserColorCount> kUserColors = {{
+    {"Normal text", "Color0", "0", [](Editor& e, Long color) { e.SetColorOf_Normal(color); }},
+    {"Comments", "Color1", "32768", [](Editor& e, Long color) { e.SetColorOf_Comments(color); }},
+    {"Strings", "Color2", "192", [](Editor& e, Long color) { e.SetColorOf_Strings(color); }},
+    {"Reserved words", "Color3", "8388608",
+     [](Editor& e, Long color) {
+         e.SetColorOf_ReservedWords(color);
+         e.SetColorOf_ProceduresORFunctions(color);
+     }},
+    {"Operators", "Color4", "16711935",
+     [](Editor& e, Long color) {
+         e.SetColorOf_LogicalOperators(color);
+         e.SetColorOf_Operators(color);
+     }},
+}};
+
+void applyScriptSyntax(KELP_RTBSyntax& editor, const UserColorValues& colorValues) {
     applyColors(editor, colorValues);
     editor.SetSyntax_CommentChar("//");
     editor.SetSyntax_StringChar("\"");

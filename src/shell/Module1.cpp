@@ -17,7 +17,8 @@ Program::Program(Environment environment) : environment_(std::move(environment))
 Program::~Program() = default;
 
 void Main(Program& program) {
-    program.state_.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
+    for (std::size_t i = 0; i < kUserColorCount; ++i)
+        program.state_.DefaultColors[i] = QString::fromLatin1(kUserColors[i].firstValue);
     program.state_.Keywords = scriptKeywords();
     program.state_.BlockNames = {"game_manager"};
     program.frmMain_ = std::make_unique<frmMain>(program.state_, program.environment_);
@@ -37,14 +38,19 @@ void askAtLogOut(frmMain& window, QSessionManager& session) {
 }  // namespace
 
 int runProgram(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Brindlex"));
+    // All arguments together are one path, which the toolkit must not take options out of. Only a
+    // session manager starts the program with an option, and without a path.
+    const QString commandLine = QCoreApplication(argc, argv).arguments().mid(1).join(' ');
+    const bool isSession = commandLine.startsWith(QLatin1String("-session "));
+    int toolkitArguments = isSession ? argc : 1;
+    const QApplication application(toolkitArguments, argv);
+    QCoreApplication::setApplicationName(kProgram);
     QtDesktop desktop;
     SettingsStore settings;
     Program program({.desktop = desktop,
                      .settings = settings,
                      .programFolder = QCoreApplication::applicationDirPath(),
-                     .commandLine = QCoreApplication::arguments().mid(1).join(' '),
+                     .commandLine = isSession ? QString() : commandLine,
                      .endProgram = [] { QCoreApplication::exit(0); }});
     Main(program);
     QObject::connect(

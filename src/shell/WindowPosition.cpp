@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "document/AppState.h"
 #include "document/Settings.h"
 #include "system/SettingsStore.h"
 #include "system/Twips.h"
@@ -100,8 +101,7 @@ void WindowPosition::setFirstSize(QSize size) {
 }
 
 void WindowPosition::restore() {
-    const SettingsStore::Section saved =
-        settings_.readSection(Settings::kApplication, Settings::kSection);
+    const SettingsStore::Section saved = settings_.readSection(kProgram, Settings::kSection);
     if (saved.value("FormPos_Top").isEmpty()) return;
     QRect frame(window_.pos(), window_.frameGeometry().size());
     const auto pixels = [&saved](const char* key, int least) {
@@ -120,8 +120,7 @@ void WindowPosition::restore() {
 }
 
 void WindowPosition::restoreState(const QString& state) {
-    if (state.isEmpty())
-        settings_.write(Settings::kApplication, Settings::kSection, "FormPos_State", "0");
+    if (state.isEmpty()) settings_.write(kProgram, Settings::kSection, "FormPos_State", "0");
     window_.setWindowState(statesFor(state.toInt()));
 }
 
@@ -140,7 +139,7 @@ void WindowPosition::setFrame(const QRect& pixels) {
 
 void WindowPosition::funSavePos_Click() {
     const QRect frame = window_.frameGeometry();
-    settings_.write(Settings::kApplication, Settings::kSection,
+    settings_.write(kProgram, Settings::kSection,
                     {{"FormPos_Top", textOf(frame.top())},
                      {"FormPos_Left", textOf(frame.left())},
                      {"FormPos_Width", textOf(frame.width())},

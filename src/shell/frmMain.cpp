@@ -16,7 +16,7 @@
 #include "document/Environment.h"
 #include "editor/ScriptSyntax.h"
 #include "system/Desktop.h"
-#include "system/LocalFile.h"
+#include "system/DroppedFile.h"
 #include "system/Twips.h"
 
 namespace brindlex {
@@ -70,15 +70,10 @@ frmMain::~frmMain() {
 KELP_RTBSyntax* frmMain::makeEditor() {
     auto* editor = new KELP_RTBSyntax(inner_);
     editor->setObjectName(QStringLiteral("KELP_RTBSyntax1"));
-    QFont font(QStringLiteral("Courier New"));
-    font.setPointSizeF(9.75);
     editor->SetBorderStyle(0);
     editor->SetBulletIndent(1);
     editor->SetHideSelection(false);
     editor->SetRightMargin(100000);
-    editor->SetFont(font);
-    editor->SetColorOf_Comments(32768);
-    editor->SetColorOf_ProceduresORFunctions(128);
     editor->SetColorOf_Constants(128);
     return editor;
 }
@@ -103,7 +98,6 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
-    editor_->rtb().onFileDropped = [this](const QString& path) { openDropped(path); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },
@@ -118,7 +112,7 @@ Document::Events frmMain::documentEvents() {
                 setWindowTitle(title.replace(QLatin1String("[*]"), "[*][*]"));
             },
         .problem = [this](const QString& message) { UpdateError(message); },
-        .setLinePaneVisible = [this](bool visible) { statusPanes_.setLineVisible(visible); },
+        .loading = [this](bool loading) { statusPanes_.setLineVisible(!loading); },
         .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
         .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
         .opened = {},

@@ -50,9 +50,7 @@ ColorValue ColorValue::of(const QColor& color) {
 }
 
 QColor ColorValue::resolve(const QPalette& palette) const {
-    const int low = value_ & 0xFF;
-    if (isSystem()) return systemColor(static_cast<std::uint32_t>(low), palette);
-    return QColor(low, value_ >> 8 & 0xFF, value_ >> 16 & 0xFF);
+    return isSystem() ? systemColor(value_ & 0xFF, palette) : QColor(rgb());
 }
 
 ColorValue ColorValue::plain(const QPalette& palette) const {

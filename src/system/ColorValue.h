@@ -16,6 +16,11 @@ class ColorValue {
     static ColorValue of(const QColor& color);
     constexpr std::uint32_t value() const { return value_; }
     constexpr bool isSystem() const { return (value_ & 0x80000000U) != 0; }
+    /// The channels of a plain colour.
+    constexpr QRgb rgb() const {
+        return qRgb(static_cast<int>(value_ & 0xFF), static_cast<int>(value_ >> 8 & 0xFF),
+                    static_cast<int>(value_ >> 16 & 0xFF));
+    }
     /// The colour on the screen; an unknown system index gives black.
     QColor resolve(const QPalette& palette) const;
     /// A system colour as the plain colour that it is now; any other value unchanged.

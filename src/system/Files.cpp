@@ -45,6 +45,12 @@ bool readOpened(QFile& file, const std::function<void(std::string_view)>& take) 
     return true;
 }
 
+/// Whether a system whose separator is the slash has a file of exactly this name. It is not opened:
+/// its path also leads to another place.
+bool hasBackslashInName(const QString& path) {
+    return QDir::separator() == '/' && path.contains('\\') && isThere(path);
+}
+
 }  // namespace
 
 QString Files::toSystemPath(const QString& path) {
@@ -58,7 +64,7 @@ QString Files::toSystemPath(const QString& path) {
 
 std::optional<QString> Files::resolve(const QString& path) {
     const QString asked = QDir::fromNativeSeparators(toSystemPath(path));
-    if (asked.isEmpty()) return std::nullopt;
+    if (asked.isEmpty() || hasBackslashInName(path)) return std::nullopt;
     if (isThere(asked)) return QDir::toNativeSeparators(asked);
     QString found;
     const QStringList components = asked.split('/');

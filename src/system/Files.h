@@ -22,7 +22,7 @@ QString toSystemPath(const QString& path);
 
 /// The entry on the disk that a path leads to, as a system path: an exact hit first, else, for each
 /// component, the first name (by character code) that differs in case alone. Nothing when there is
-/// no such entry.
+/// no such entry, or when a file has a backslash in its name, which cannot be told from a path.
 std::optional<QString> resolve(const QString& path);
 
 /// Whether the path resolves to a plain file that is not hidden. False for an empty path, a folder,

@@ -26,17 +26,19 @@ constexpr Qt::CursorShape kCursors[] = {
 };
 static_assert(std::size(kCursors) == kLastPointer);
 
-}  // namespace
-
-Qt::CursorShape cursorOf(std::int64_t pointer) {
-    return kCursors[pointer - 1];
+QCursor customCursor(const QPixmap& icon) {
+    const QSize size = icon.size();
+    if (size.boundedTo(kLargestCursor) == size) return QCursor(icon);
+    const QSize smaller = size.scaled(kLargestCursor, Qt::KeepAspectRatio).expandedTo({1, 1});
+    return QCursor(icon.scaled(smaller, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
-QCursor cursorOf(const QPixmap& picture) {
-    const QSize size = picture.size();
-    if (size.boundedTo(kLargestCursor) == size) return QCursor(picture);
-    const QSize smaller = size.scaled(kLargestCursor, Qt::KeepAspectRatio).expandedTo({1, 1});
-    return QCursor(picture.scaled(smaller, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}  // namespace
+
+std::optional<QCursor> cursorOf(std::int64_t pointer, const QPixmap& icon) {
+    if (pointer == kCustomPointer && !icon.isNull()) return customCursor(icon);
+    if (pointer <= kDefaultPointer || pointer > kLastPointer) return std::nullopt;
+    return kCursors[pointer - 1];
 }
 
 }  // namespace brindlex

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QPixmap>
 #include <cstdint>
+#include <optional>
 
 namespace brindlex {
 
@@ -16,11 +17,10 @@ constexpr bool isMousePointer(std::int64_t value) {
     return (value >= kDefaultPointer && value <= kLastPointer) || value == kCustomPointer;
 }
 
-/// The cursor of a value from 1 to kLastPointer; no other value may be asked for.
-Qt::CursorShape cursorOf(std::int64_t pointer);
-
-/// A picture as a cursor, with its hot spot in the middle. A larger one than 32 x 32 is made
-/// smaller in its proportions: a display server may end the program that hands it a huge one.
-QCursor cursorOf(const QPixmap& picture);
+/// The cursor that a value asks for; unset for the one that fits the control, which a value outside
+/// the table and a custom pointer without an icon stand for as well. An icon has its hot spot in
+/// the middle. A larger one than 32 x 32 is made smaller in its proportions: a display server may
+/// end the program that hands it a huge one.
+std::optional<QCursor> cursorOf(std::int64_t pointer, const QPixmap& icon);
 
 }  // namespace brindlex

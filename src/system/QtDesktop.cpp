@@ -139,6 +139,12 @@ BoxAnswer QtDesktop::showBox(QWidget* owner, const MessageBox& box) {
     return answerOf(clicked ? dialog.standardButton(clicked) : set.escape);
 }
 
+bool QtDesktop::mayReplace(QWidget* owner, const QString& title, const QString& path) {
+    const MessageBox box{"\"" + path + "\" already exists.\nDo you want to replace it?", title,
+                         BoxIcon::Warning, BoxButtons::YesNo};
+    return showBox(owner, box) == BoxAnswer::Yes;
+}
+
 FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
     const NormalPointer pointer;
     QFileDialog dialog(owner, question.title, firstFolder(question.folder));
@@ -147,9 +153,16 @@ FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filterLines(question.filters));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const QString path = Files::toSystemPath(dialog.selectedFiles().constFirst());
+        const QString selected = dialog.selectedFiles().constFirst();
+        const QString path = Files::toSystemPath(selected);
         const QFileInfo file(path);
-        if (!question.save || (file.dir().exists() && !file.isDir())) return path;
+        if (!question.save) return path;
+        if (file.dir().exists() && !file.isDir()) {
+            // The toolkit has asked about the name that was typed.
+            const bool isOther = QDir::fromNativeSeparators(path) != selected;
+            if (!isOther || !file.exists() || mayReplace(owner, question.title, path)) return path;
+            continue;
+        }
         const QString reason = file.isDir() ? "\"" + path + "\" is a folder."
                                             : "The folder of \"" + path + "\" does not exist.";
         showBox(owner, {reason, question.title, BoxIcon::Warning});

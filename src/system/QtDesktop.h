@@ -26,6 +26,8 @@ class QtDesktop : public Desktop {
     void setBusyPointer(bool busy) override;
 
   private:
+    bool mayReplace(QWidget* owner, const QString& title, const QString& path);
+
     bool busy_ = false;
 };
 

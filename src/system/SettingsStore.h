@@ -11,7 +11,7 @@ namespace brindlex {
 /// was. Nothing reports a failure: what cannot be read is the empty text, and what cannot be
 /// written is dropped, with the store on the disk left as it was.
 ///
-/// An application has one file, "Brindlex.ini", in the toolkit's format.
+/// An application has one file, its name with ".ini" behind it, in the toolkit's format.
 class SettingsStore {
   public:
     using Values = std::vector<std::pair<QString, QString>>;

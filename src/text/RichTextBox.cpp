@@ -123,7 +123,6 @@ void RichTextBox::SetMaxLength(Long length) {
 }
 
 std::size_t RichTextBox::roomWithout(Range removed) const {
-    constexpr std::size_t kMostBytes = 0x7FFFFFFF;
     const std::size_t limit = maxLength_ == 0 ? kMostBytes : static_cast<std::size_t>(maxLength_);
     const std::size_t most = std::min(limit, kMostBytes);
     return most - std::min(most, rope_.size() - removed.length());

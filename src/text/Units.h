@@ -12,6 +12,9 @@ namespace brindlex {
 /// to hold the negative numbers that callers may pass and are refused.
 using Long = std::int64_t;
 
+/// No text is longer.
+inline constexpr std::size_t kMostBytes = 0x7FFFFFFF;
+
 /// A position between two bytes of a text, 0-based. A line break CR LF counts two.
 class Offset {
   public:

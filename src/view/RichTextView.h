@@ -58,22 +58,13 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     std::function<void(int button, int shift, double x, double y)> onMouseDown;
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     std::function<void(int button, int shift, double x, double y)> onMouseUp;
-    /// A file was dropped, for the handler to open: it is never inserted. Raised when the drop is
-    /// over, so that the program it comes from need not wait for the handler.
-    std::function<void(const QString& path)> onFileDropped;
 
     // --- Properties of the product's interface -------------------------------------------------
-    /// Only stored: the view has no menu of its own.
-    bool AutoVerbMenu() const { return autoVerbMenu_; }
-    void SetAutoVerbMenu(bool on) { autoVerbMenu_ = on; }
     ColorValue BackColor() const { return backColor_; }
     void SetBackColor(ColorValue color);
     /// 0 none, 1 a single border.
     Long BorderStyle() const;
     void SetBorderStyle(Long style);
-    /// Only stored, in twips: the view shows no bullets.
-    double BulletIndent() const { return bulletIndent_; }
-    void SetBulletIndent(double twips) { bulletIndent_ = twips; }
     /// The path of the file last given; setting it to a path that can be read loads that file.
     QString FileName() const { return fileName_; }
     void SetFileName(const QString& path);
@@ -89,9 +80,6 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// 0 default (the I-beam), 1 arrow, 2 cross, 3 I-beam, 11 hourglass, 99 MouseIcon ...
     Long MousePointer() const { return mousePointer_; }
     void SetMousePointer(Long pointer);
-    /// Only stored, in twips: lines never wrap.
-    double RightMargin() const { return rightMargin_; }
-    void SetRightMargin(double twips) { rightMargin_ = twips; }
 
     // --- The window messages -------------------------------------------------------------------
     /// Stops all repainting (false), or allows it again and schedules what is due.
@@ -234,15 +222,12 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     std::optional<Offset> dropCaret_;
     bool overwrite_ = false;
 
-    bool autoVerbMenu_ = false;
     ColorValue backColor_{0x80000005};
-    double bulletIndent_ = 0;
     QString fileName_;
     std::optional<QFont> font_;
     bool hideSelection_ = true;
     QPixmap mouseIcon_;
     Long mousePointer_ = 0;
-    double rightMargin_ = 0;
 };
 
 }  // namespace brindlex

@@ -55,11 +55,7 @@ void RichTextView::SetMouseIcon(const QPixmap& icon) {
 
 void RichTextView::SetMousePointer(Long pointer) {
     mousePointer_ = pointer;
-    const bool known = pointer > kDefaultPointer && pointer <= kLastPointer;
-    if (pointer == kCustomPointer && !mouseIcon_.isNull())
-        viewport()->setCursor(cursorOf(mouseIcon_));
-    else
-        viewport()->setCursor(known ? cursorOf(pointer) : Qt::IBeamCursor);
+    viewport()->setCursor(cursorOf(pointer, mouseIcon_).value_or(Qt::IBeamCursor));
 }
 
 bool RichTextView::LoadFile(const QString& path, int type) {

@@ -211,7 +211,6 @@ void Scrolling::wheel(QWheelEvent& event) {
                                     : QPointF(notches.x() * lines * 3 * context_.averageAdvance(),
                                               notches.y() * lines * context_.rowHeight());
     wheel_ -= pixels;
-    constexpr qreal kRoundingError = 1e-6;
     const qreal rows =
         std::trunc(wheel_.y() / context_.rowHeight() + std::copysign(kRoundingError, wheel_.y()));
     const int columns = static_cast<int>(wheel_.x());

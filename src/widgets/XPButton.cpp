@@ -66,13 +66,15 @@ void XPButton::UserControl_AmbientChanged(const QString& name) {
 }
 
 void XPButton::focusInEvent(QFocusEvent*) {
+    if (!leftHeld_) lift();  // a key that was held when the button was disabled
     liftIfReleased();
     followDefault();
 }
 
-/// The release of a held key goes elsewhere.
+/// The release of a held key goes elsewhere. A button that is disabled loses the focus, too, but
+/// stays as it was.
 void XPButton::focusOutEvent(QFocusEvent*) {
-    if (!leftHeld_) lift();
+    if (!leftHeld_ && isEnabled()) lift();
     followDefault();
 }
 

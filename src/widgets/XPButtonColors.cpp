@@ -12,18 +12,18 @@ struct Channels {
     double blue = 0;
 };
 
-/// The divisors make a full green or blue 256, not 255.
+/// A full green or blue is 256, not 255.
 Channels channelsOf(Bgr color) {
-    return {static_cast<double>(color & 0xFF), (color & 0xFF00) / 255.0,
-            (color & 0xFF0000) / 65280.0};
+    const QRgb rgb = ColorValue(color).rgb();
+    return {static_cast<double>(qRed(rgb)), qGreen(rgb) * 256 / 255.0, qBlue(rgb) * 256 / 255.0};
 }
 
-Bgr compose(std::int64_t red, std::int64_t green, std::int64_t blue) {
-    return static_cast<Bgr>(red | green << 8 | blue << 16);
+Bgr compose(int red, int green, int blue) {
+    return ColorValue::of(qRgb(red, green, blue)).value();
 }
 
-std::int64_t clamped(std::int64_t channel) {
-    return std::clamp<std::int64_t>(channel, 0, 255);
+int clamped(std::int64_t channel) {
+    return static_cast<int>(std::clamp<std::int64_t>(channel, 0, 255));
 }
 
 Bgr shifted(Bgr color, std::int64_t shift, bool scaleBlue, bool invert) {
@@ -59,11 +59,11 @@ std::vector<Bgr> GradientColors(Bgr from, Bgr to, int count) {
     const double blue = (std::round(end.blue) - now.blue) / steps;
     const auto move = [](double& channel, double step) {
         channel = std::clamp(channel + step, 0.0, 255.0);
-        return static_cast<std::int64_t>(channel);
+        return static_cast<int>(channel);
     };
     for (int i = 1; i < count; ++i) {
-        const std::int64_t r = move(now.red, red);
-        const std::int64_t g = move(now.green, green);
+        const int r = move(now.red, red);
+        const int g = move(now.green, green);
         colors.push_back(compose(r, g, move(now.blue, blue)));
     }
     return colors;

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "system/ColorValue.h"
+
 namespace brindlex {
 
 /// A colour of the screen: 0x00BBGGRR, red in the low byte.
@@ -24,7 +26,7 @@ Bgr AdjustColor(Bgr color, int shift, bool scaleBlue = true, bool avoidExtremes 
 std::vector<Bgr> GradientColors(Bgr from, Bgr to, int count);
 
 inline QColor qColor(Bgr color) {
-    return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+    return ColorValue(color).rgb();
 }
 
 }  // namespace brindlex

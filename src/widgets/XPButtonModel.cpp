@@ -44,7 +44,7 @@ void XPButtonModel::setMembers(const XPButtonMembers& members) {
 
 /// Changes a member along with the one that is set.
 template <typename T>
-void XPButtonModel::follow(T& member, const T& value, QLatin1String key) {
+void XPButtonModel::setAlong(T& member, const T& value, QLatin1String key) {
     if (member == value) return;
     member = value;
     tell(key);
@@ -79,7 +79,7 @@ void XPButtonModel::SetCaptionAlign(int align) {
 }
 
 void XPButtonModel::centreCaption() {
-    follow(members_.CaptionAlign, kCaptionCentred, storekey::kCaptionAlign);
+    setAlong(members_.CaptionAlign, kCaptionCentred, storekey::kCaptionAlign);
 }
 
 void XPButtonModel::SetCaptionStyle(int style) {
@@ -96,7 +96,7 @@ void XPButtonModel::SetButtonShape(int shape) {
     if (shape == kCustomShape) {
         const ButtonPicture& picture = members_.Picture;
         if (picture.isNone() || picture.isIcon()) return adviseDesigner(kNeedsBitmap);
-        follow(members_.PicturePixels, kFittedSize, storekey::kPictureSize);
+        setAlong(members_.PicturePixels, kFittedSize, storekey::kPictureSize);
     }
     members_.ButtonShape = shape;
     centreCaption();
@@ -109,13 +109,13 @@ void XPButtonModel::SetPicture(const ButtonPicture& picture) {
     const bool refused = members_.ButtonShape == kCustomShape && picture.isIcon();
     members_.Picture = picture;
     if (members_.PicturePixels == 0)
-        follow(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
+        setAlong(members_.PicturePixels, pixelsOf(0), storekey::kPictureSize);
     if (members_.ButtonShape < kCustomShape) {
         ComputeLayout();
         Redraw();
     } else {
         if (picture.isNone() || picture.isIcon())
-            follow(members_.ButtonShape, 0, storekey::kButtonShape);
+            setAlong(members_.ButtonShape, 0, storekey::kButtonShape);
         UserControl_Resize();
     }
     tell(storekey::kPicture);
@@ -176,7 +176,7 @@ ColorValue XPButtonModel::followedBack() const {
 
 void XPButtonModel::followBack() {
     if (hoverBackFollows())
-        follow(members_.HoverBackColor, followedBack(), storekey::kHoverBackColor);
+        setAlong(members_.HoverBackColor, followedBack(), storekey::kHoverBackColor);
 }
 
 void XPButtonModel::changedColor(QLatin1String key) {
@@ -241,20 +241,22 @@ void XPButtonModel::SetHoverColorLocks(int locks) {
     members_.HoverColorLocks = locks;
     followBack();
     if (hoverForeFollows())
-        follow(members_.HoverForeColor, members_.ForeColor, storekey::kHoverForeColor);
+        setAlong(members_.HoverForeColor, members_.ForeColor, storekey::kHoverForeColor);
     changedColor(storekey::kHoverColorLocks);
 }
 
 void XPButtonModel::SetHoverForeColor(ColorValue color) {
     if (color != members_.HoverForeColor && color != members_.ForeColor)
-        follow(members_.HoverColorLocks, members_.HoverColorLocks | 2, storekey::kHoverColorLocks);
+        setAlong(members_.HoverColorLocks, members_.HoverColorLocks | 2,
+                 storekey::kHoverColorLocks);
     members_.HoverForeColor = color;
     changedColor(storekey::kHoverForeColor);
 }
 
 void XPButtonModel::SetHoverBackColor(ColorValue color) {
     if (color != members_.HoverBackColor && color != members_.BackColor)
-        follow(members_.HoverColorLocks, members_.HoverColorLocks | 1, storekey::kHoverColorLocks);
+        setAlong(members_.HoverColorLocks, members_.HoverColorLocks | 1,
+                 storekey::kHoverColorLocks);
     members_.HoverBackColor = color;
     changedColor(storekey::kHoverBackColor);
 }

@@ -104,7 +104,7 @@ class XPButtonModel {
   private:
     void adviseDesigner(const char* text);
     template <typename T>
-    void follow(T& member, const T& value, QLatin1String key);
+    void setAlong(T& member, const T& value, QLatin1String key);
     Bgr ResolveColor(ColorValue color) const;
     bool hoverBackFollows() const { return (members_.HoverColorLocks & 1) == 0; }
     bool hoverForeFollows() const { return (members_.HoverColorLocks & 2) == 0; }

@@ -31,13 +31,10 @@ void XPButtonView::SetMousePointer(int pointer) {
 }
 
 void XPButtonView::showPointer() {
-    const bool custom = pointer_ == kCustomPointer;
-    if (custom && !mouseIcon_.isNone())
-        setCursor(cursorOf(QPixmap::fromImage(mouseIcon_.image())));
-    else if (custom || pointer_ == kDefaultPointer)
-        unsetCursor();
+    if (const auto cursor = cursorOf(pointer_, QPixmap::fromImage(mouseIcon_.image())))
+        setCursor(*cursor);
     else
-        setCursor(cursorOf(pointer_));
+        unsetCursor();
 }
 
 void XPButtonView::SetMouseIcon(const ButtonPicture& icon) {

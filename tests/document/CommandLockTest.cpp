@@ -73,7 +73,7 @@ class CommandLockTest : public ShellTest, public testing::WithParamInterface<Wai
             if (button->objectName().startsWith("tb")) button->click();
         for (const Qt::Key key : {Qt::Key_Z, Qt::Key_Y, Qt::Key_X, Qt::Key_C, Qt::Key_V})
             QTest::keyClick(&editor().rtb(), key, Qt::ControlModifier);
-        editor().rtb().onFileDropped(folder.path("scripts/next.script"));
+        drop(window(), "scripts/next.script");
     }
 };
 

@@ -113,20 +113,17 @@ TEST_F(ShellTest, ADroppedFileIsOpenedBehindTheQuestion) {
     startNamed();
     folder.put("scripts/next.script", "next");
     type("x");
-    const std::pair<BoxAnswer, const char*> rows[] = {{kCancel, "battery.script - Brindlex*"},
-                                                      {kYes, "next.script - Brindlex"}};
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(folder.path("scripts/next.script"))});
-    for (const auto& [answer, titleThen] : rows) {
-        desktop.expectBox(saveQuestion(kCommands[1].questionNamed), answer);
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&window(), &enter);
-        QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-        drop.ignore();
-        QCoreApplication::sendEvent(&window(), &drop);
-        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    const struct {
+        QWidget& target;
+        BoxAnswer answer;
+        const char* titleThen;
+    } rows[] = {{window(), kCancel, "battery.script - Brindlex*"},
+                {*editor().rtb().viewport(), kYes, "next.script - Brindlex"}};
+    for (const auto& row : rows) {
+        desktop.expectBox(saveQuestion(kCommands[1].questionNamed), row.answer);
+        drop(row.target, "scripts/next.script");
         QCoreApplication::processEvents();
-        EXPECT_EQ(title(), titleThen);
+        EXPECT_EQ(title(), row.titleThen);
     }
     EXPECT_EQ(document().MapName(), "next.map");
     EXPECT_EQ(editor().Text(), "next");

@@ -2,7 +2,10 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 #include <functional>
 #include <optional>
 
@@ -52,6 +55,17 @@ class ShellTest : public SettingsTest {
     void open(const std::string& name, std::function<void()> meanwhile = {}) {
         desktop.expectFile(openDialog(), folder.path(name), std::move(meanwhile));
         trigger("funOpen");
+    }
+    /// A script is dropped on a widget; the event loop opens it.
+    void drop(QWidget& target, const std::string& name) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(folder.path(name))});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&target, &enter);
+        QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        drop.ignore();
+        QCoreApplication::sendEvent(&target, &drop);
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
     }
     /// `work` runs in the first yield of a load, or, when nested, in the one after it.
     void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }

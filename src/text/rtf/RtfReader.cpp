@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view kStart = "{\\rtf";
 constexpr std::string_view kMayFollow(" \t\r\n\v\f\0", 7);
-constexpr std::size_t kMostBytes = 0x7FFFFFFF;
 
 enum class Action : std::uint8_t {
     Bold,

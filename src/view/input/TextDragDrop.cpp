@@ -5,10 +5,9 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPointer>
-#include <QTimer>
 #include <algorithm>
 
-#include "system/LocalFile.h"
+#include "system/DroppedFile.h"
 #include "view/RichTextView.h"
 #include "view/TextMimeData.h"
 #include "view/input/CaretActions.h"
@@ -50,11 +49,10 @@ bool TextDragDrop::isInPlace(const Dragged& dragged) const {
 }
 
 void TextDragDrop::enter(QDragEnterEvent& event) {
-    if (acceptedFile(event).isEmpty()) acceptText(event);
+    acceptText(event);
 }
 
 void TextDragDrop::move(QDragMoveEvent& event) {
-    if (!acceptedFile(event).isEmpty()) return leave();
     if (!acceptText(event)) return;
     const QPoint at = event.position().toPoint();
     scroll_.follow(at);
@@ -68,16 +66,11 @@ void TextDragDrop::leave() {
 
 void TextDragDrop::drop(QDropEvent& event) {
     leave();
-    if (const QString path = acceptedFile(event); !path.isEmpty()) return openFile(path);
     if (!acceptText(event)) return;
     droppedHere_ = dragged_.has_value();
     if (!dropText(event, actions_.positionAt(event.position().toPoint()))) return event.ignore();
     view_.activateWindow();
     view_.setFocus(Qt::OtherFocusReason);
-}
-
-QString TextDragDrop::acceptedFile(QDropEvent& event) const {
-    return view_.onFileDropped ? acceptFile(event) : QString();
 }
 
 bool TextDragDrop::acceptText(QDropEvent& event) const {
@@ -94,13 +87,6 @@ bool TextDragDrop::acceptText(QDropEvent& event) const {
 Qt::DropAction TextDragDrop::actionFor(const QDropEvent& event) const {
     if (!dragged_) return event.proposedAction();
     return event.modifiers().testFlag(Qt::ControlModifier) ? Qt::CopyAction : Qt::MoveAction;
-}
-
-void TextDragDrop::openFile(const QString& path) {
-    // later: the program that the file comes from waits for the drop to end, and opening may ask
-    QTimer::singleShot(0, &view_, [&view = view_, path] {
-        if (view.onFileDropped) view.onFileDropped(path);
-    });
 }
 
 bool TextDragDrop::dropText(QDropEvent& event, Offset target) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <optional>
 #include <string_view>
 
@@ -18,7 +17,8 @@ class CaretActions;
 class RichTextView;
 
 /// Text dragged out of a RichTextView and into it. A drag within the view moves the text, with Ctrl
-/// it copies; text from elsewhere is inserted and selected; a file is handed to the view's owner.
+/// it copies; text from elsewhere is inserted and selected; a file is left to
+/// the widgets around the view.
 class TextDragDrop {
   public:
     /// Both outlive this object.
@@ -33,11 +33,8 @@ class TextDragDrop {
     void drop(QDropEvent& event);
 
   private:
-    /// The path of a file that the view's owner takes; empty for anything else.
-    QString acceptedFile(QDropEvent& event) const;
     bool acceptText(QDropEvent& event) const;
     Qt::DropAction actionFor(const QDropEvent& event) const;
-    void openFile(const QString& path);
     bool dropText(QDropEvent& event, Offset target);
     bool insertAt(Offset target, std::string_view bytes);
     /// The text that is dragged and where it stood when the drag began.

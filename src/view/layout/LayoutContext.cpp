@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "system/ColorValue.h"
+
 namespace brindlex {
 namespace {
 
@@ -62,12 +64,10 @@ void LayoutContext::setFont(const QFont& font) {
 }
 
 qreal LayoutContext::nextTabStop(qreal x) const {
-    constexpr qreal kRoundingError = 1e-6;
     return (std::floor(x / tabDistance_ + kRoundingError) + 1) * tabDistance_;
 }
 
 qreal LayoutContext::wholePixels(qreal height) const {
-    constexpr qreal kRoundingError = 1e-6;
     return std::ceil(height * pixelRatio_ - kRoundingError) / pixelRatio_;
 }
 
@@ -89,8 +89,7 @@ void LayoutContext::setBackground(const QColor& background) {
 }
 
 QColor LayoutContext::color(ColorRef color) const {
-    return readable_.shown(qRgb(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                                static_cast<int>(color >> 16 & 0xFF)));
+    return readable_.shown(ColorValue(color).rgb());
 }
 
 QColor LayoutContext::standInColor() const {

@@ -12,6 +12,9 @@
 
 namespace brindlex {
 
+/// Less than that beside a whole number is the computer's inaccuracy.
+inline constexpr qreal kRoundingError = 1e-6;
+
 /// What all lines of a view have in common: the font, the height of a row, the tab stops, the
 /// characters of the code page and how colours show on the background. Lengths are in logical
 /// pixels.

@@ -1,4 +1,4 @@
-#include "system/LocalFile.h"
+#include "system/DroppedFile.h"
 
 #include <QDropEvent>
 #include <QMimeData>
