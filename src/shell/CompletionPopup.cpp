@@ -14,7 +14,7 @@
 namespace brindlex {
 namespace {
 
-constexpr int kMostRows = 8;       // of the list; more scroll
+constexpr int kMostRows = 8;        // of the list; more scroll
 constexpr double kBelowLine = 100;  // twips between the caret's line and the list
 
 QListWidget* makeList(QWidget* parent) {
@@ -43,8 +43,7 @@ CompletionPopup::CompletionPopup(KELP_RTBSyntax& editor,
       List4_(makeList(parent)),
       Picture2_(new CompletionTip(parent)) {
     editor_.rtb().installEventFilter(this);
-    for (QScrollBar* bar :
-         {editor_.rtb().verticalScrollBar(), editor_.rtb().horizontalScrollBar()})
+    for (QScrollBar* bar : {editor_.rtb().verticalScrollBar(), editor_.rtb().horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, [this] { changed(); });
     connect(List4_, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* item) { select(List4_->row(item)); });

@@ -22,8 +22,8 @@ class KELP_RTBSyntax;
 /// text scrolls, the editor loses the focus, or the window is left or changes its size.
 class CompletionPopup : public QObject {
   public:
-    /// Words are ASCII. `usage` gives the usage line of one, empty when there is none. `editor` outlives the
-    /// popup; the widgets are children of `parent`, which holds the editor.
+    /// Words are ASCII. `usage` gives the usage line of one, empty when there is none. `editor`
+    /// outlives the popup; the widgets are children of `parent`, which holds the editor.
     CompletionPopup(KELP_RTBSyntax& editor, std::function<QString(const std::string&)> usage,
                     QWidget* parent);
 

@@ -101,6 +101,11 @@ void TypingAids::Click() {
     popup_.hide();
 }
 
+void TypingAids::List4_DblClick() {
+    int KeyCode = kAsciiEnter;
+    KeyDown(KeyCode, 0);
+}
+
 void TypingAids::Change(bool isTyped) {
     rest_ = {};
     if (isTyped)

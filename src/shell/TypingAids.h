@@ -26,6 +26,8 @@ class TypingAids {
     void KeyDown(int& KeyCode, int Shift);
     void KeyPress(int& KeyAscii);
     void Click();
+    /// A double click on a word of the list: as Enter.
+    void List4_DblClick();
     /// Behind each change, once it is recorded. `isTyped`: the change is neither a replay of undo
     /// nor part of a load.
     void Change(bool isTyped);

@@ -20,17 +20,7 @@
 #include "system/Twips.h"
 
 namespace brindlex {
-namespace {
-
-QListWidget* makeCompletionList(QWidget* parent) {
-    auto* list = new QListWidget(parent);
-    list->setObjectName(QStringLiteral("List4"));
-    list->setAccessibleName(QStringLiteral("Words that fit"));
-    list->hide();
-    return list;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 // Of two controls that overlap, the one made later lies above.
 frmMain::frmMain(AppState& state, const Environment& environment)
@@ -45,8 +35,9 @@ frmMain::frmMain(AppState& state, const Environment& environment)
       picToolBar_(makeToolBar()),
       errorLine_(environment.desktop, lock_, *this, inner_),
       statusPanes_(inner_),
-      List4_(makeCompletionList(inner_)),
-      Picture2_(new CompletionTip(inner_)),
+      completionPopup_(
+          *editor_, [](const std::string&) { return QString(); }, inner_),
+      typingAids_(state, *editor_, completionPopup_),
       undo_(state, *editor_),
       document_(state, environment, *editor_, lock_, undo_, documentEvents()),
       editCommands_(environment, *editor_, document_),
@@ -98,6 +89,10 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
+    editor_->onKeyDown = [this](int& KeyCode, int Shift) { typingAids_.KeyDown(KeyCode, Shift); };
+    editor_->onKeyPress = [this](int& KeyAscii) { typingAids_.KeyPress(KeyAscii); };
+    editor_->onClick = [this] { typingAids_.Click(); };
+    completionPopup_.onTake = [this] { typingAids_.List4_DblClick(); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },
@@ -147,7 +142,7 @@ void frmMain::Form_Load() {
     errorLine_.clear();
     position_.restore();
     FormLoaded_ = true;
-    List4_->hide();
+    completionPopup_.hide();
     makeOptions();
     editor_->SetFont(editorFont(state_));
     InitSyntaxEditor();
@@ -269,8 +264,9 @@ void frmMain::InitSyntaxEditor() {
 
 void frmMain::KELP_RTBSyntax1_Change() {
     document_.textChanged();
-    if (!document_.EditorReady() || !state_.UndoRecording) return;
-    undo_.record();
+    const bool isTyped = document_.EditorReady() && state_.UndoRecording;
+    if (isTyped) undo_.record();
+    typingAids_.Change(isTyped);
 }
 
 void frmMain::KELP_RTBSyntax1_SelChange() {
@@ -301,6 +297,19 @@ void frmMain::funEdit_Click() {
     for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
     commands_.enable("funPaste", environment_.desktop.hasClipboardText());
     commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
+}
+
+void frmMain::funPaste_Click() {
+    typingAids_.takeOutRest();
+    editCommands_.funPaste_Click();
+}
+
+void frmMain::funInsMap_Click() {
+    typingAids_.exactly([this] { editCommands_.funInsMap_Click(); });
+}
+
+void frmMain::funInsTD_Click() {
+    typingAids_.exactly([this] { editCommands_.funInsTD_Click(); });
 }
 
 void frmMain::togglePanel(SidePanel panel) {

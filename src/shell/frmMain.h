@@ -9,16 +9,16 @@
 #include "document/UndoHistory.h"
 #include "editor/KELP_RTBSyntax.h"
 #include "shell/Commands.h"
-#include "shell/CompletionTip.h"
+#include "shell/CompletionPopup.h"
 #include "shell/ErrorLine.h"
 #include "shell/LoadedForms.h"
 #include "shell/MainLayout.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
 #include "shell/ToolBar.h"
+#include "shell/TypingAids.h"
 #include "shell/WindowPosition.h"
 
-class QListWidget;
 class QMenuBar;
 
 namespace brindlex {
@@ -80,11 +80,11 @@ class frmMain : public QWidget {
     void funRedo_Click() { Redo(); }
     void funCut_Click() { editCommands_.funCut_Click(); }
     void funCopy_Click() { editCommands_.funCopy_Click(); }
-    void funPaste_Click() { editCommands_.funPaste_Click(); }
+    void funPaste_Click();
     void funDelete_Click() { editCommands_.funDelete_Click(); }
     void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
-    void funInsMap_Click() { editCommands_.funInsMap_Click(); }
-    void funInsTD_Click() { editCommands_.funInsTD_Click(); }
+    void funInsMap_Click();
+    void funInsTD_Click();
     // --- Menu Tools ----------------------------------------------------------------------------
     void funComBlock_Click() { editor_->CommentBlock(); }
     void funUnComBlock_Click() { editor_->UnCommentBlock(); }
@@ -140,8 +140,8 @@ class frmMain : public QWidget {
     ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
-    QListWidget* List4_;
-    CompletionTip* Picture2_;
+    CompletionPopup completionPopup_;
+    TypingAids typingAids_;
     UndoHistory undo_;
     Document document_;
     EditCommands editCommands_;
