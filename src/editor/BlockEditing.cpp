@@ -36,6 +36,10 @@ class BlockEdit {
     RedrawPause pause_;
 };
 
+Long toLong(Offset offset) {
+    return static_cast<Long>(offset.value());
+}
+
 // --- What stands where ---------------------------------------------------------------------------
 
 /// The lines of the selected characters. With nothing selected the character before the caret is
@@ -44,6 +48,11 @@ LineSpan linesOfSelection(const RichTextBox& box) {
     const Long start = box.SelStart();
     const Long lastSelected = start + box.SelLength() - 1;
     return {box.GetLineFromChar(start), lastSelected < 0 ? -1 : box.GetLineFromChar(lastSelected)};
+}
+
+/// Where the selection starts, or in front of the break that this splits.
+Offset snappedStart(const RichTextBox& box) {
+    return inFrontOfBreak(box.rope(), box.selection().begin());
 }
 
 /// The lines of both ends of the selection and all between.
@@ -130,7 +139,7 @@ void removeMark(RichTextBox& box) {
     const Rope& rope = box.rope();
     const Offset mark = endOfBlanks(rope, {box.caret(), Offset(rope.size())});
     if (bytesWithin(rope, Range::at(mark, kMark.size())) != kMark) return;
-    box.SetSelStart(static_cast<Long>(mark.value()));
+    box.SetSelStart(toLong(mark));
     removeAhead(box, static_cast<Long>(kMark.size()));
 }
 
@@ -143,8 +152,9 @@ void insertTabs(RichTextBox& box, Long count) {
 void KELP_RTBSyntax::AutoIndent(int intKeyCode) {
     if (intKeyCode != kAsciiEnter || SelStart() == 0) return;
     const Rope& rope = box().rope();
-    const Offset caret = box().selection().begin();
-    const Offset line = rope.lineStart(rope.lineOf(caret - 1));
+    const Offset caret = snappedStart(box());
+    const Offset above = caret == Offset() ? caret : caret - 1;
+    const Offset line = rope.lineStart(rope.lineOf(above));
     const Offset behindCaret = std::min(caret + 1, Offset(rope.size()));
     const Offset end = endOfBlanks(rope, {line, behindCaret});
     SetSelText(std::string(kLineBreak) + rope.bytes({line, end}));
@@ -154,7 +164,7 @@ void KELP_RTBSyntax::BlockIndent(int intKeyCode) {
     if (intKeyCode != int{'{'} || SelStart() == 0) return;
     constexpr Long kBreakAndBrace = kLineBreak.size() + 1;
     const BlockEdit edit(rtb());
-    const auto tabs = static_cast<Long>(tabsBefore(box().rope(), box().selection().begin()));
+    const auto tabs = static_cast<Long>(tabsBefore(box().rope(), snappedStart(box())));
     SetSelLength(0);
     SetSelText(std::string("{").append(kLineBreak));
     insertTabs(box(), tabs + 1);
@@ -191,8 +201,8 @@ void KELP_RTBSyntax::BackTab() {
 
 void KELP_RTBSyntax::CommentBlock() {
     const LineSpan lines = linesOfEnds(box());
-    const Long start = SelStart();
     const Long length = SelLength();
+    const Long start = length > 0 ? SelStart() : toLong(snappedStart(box()));
     const BlockEdit edit(rtb());
     editLines(box(), lines, [this] { SetSelText(kMark); });
     SetSelStart(start);

@@ -86,6 +86,7 @@ bool RichTextBox::userReplace(Range range, std::string_view text) {
     std::string storage;
     const std::string_view fits = fitting(removed, text, storage);
     if (locked_ || (fits.empty() && !text.empty())) return false;
+    if (removed.empty() && fits.empty()) return true;
     const bool isElsewhere = caret_ < removed.begin() || caret_ > removed.end();
     const bool isBehindStart = selection().begin() != removed.begin();
     if (isElsewhere || (isBehindStart && !fits.empty())) {
@@ -113,7 +114,8 @@ bool RichTextBox::userMove(Range range, Offset target) {
     const Offset landing = inFrontOfBreak(rope_, caret_);
     const Offset end = landing + moved.text.size();
     edit({landing, landing}, moved.text, moved.runs, end);
-    select(landing, end);
+    // a handler of the change may have selected something of its own
+    if (anchor_ == end && caret_ == end) select(landing, end);
     return true;
 }
 

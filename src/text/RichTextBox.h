@@ -115,13 +115,13 @@ class RichTextBox {
     /// each edit at the caret; before an insertion it also does so from within the range. Text that
     /// MaxLength leaves no room for is cut. False, and the text as it was, when the box is locked,
     /// when there is no room for any of the text, and when a handler changes the text as the caret
-    /// moves.
+    /// moves. True, and nothing else, when there is nothing to remove and nothing to put in.
     bool userReplace(Range range, std::string_view text);
     /// Moves text, which keeps its formats: the drop of a drag inside the box. `target` is an
     /// offset before the move; within or beside `range` the text stays. The moved text is selected
-    /// afterwards. A move is two edits with their events, a removal and an insertion, so that both
-    /// can be undone; the text comes in again whatever the handlers do. False when it is refused as
-    /// by userReplace.
+    /// afterwards, unless a handler has selected something else. A move is two edits with their
+    /// events, a removal and an insertion, so that both can be undone; the text comes in again
+    /// whatever the handlers do. False when it is refused as by userReplace.
     bool userMove(Range range, Offset target);
 
     bool Locked() const { return locked_; }

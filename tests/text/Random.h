@@ -37,10 +37,6 @@ class Random {
     explicit Random(std::uint64_t seed) : engine_(seed) {}
     /// A number from 0 to `count` - 1; `count` is not 0.
     std::size_t below(std::size_t count) { return static_cast<std::size_t>(engine_() % count); }
-    /// A number from `first` to `last`, both included.
-    std::size_t between(std::size_t first, std::size_t last) {
-        return first + below(last - first + 1);
-    }
     bool oneIn(std::size_t chances) { return below(chances) == 0; }
     /// Characters out of `alphabet`.
     std::string text(std::size_t length, const std::string& alphabet) {

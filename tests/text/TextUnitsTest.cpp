@@ -36,25 +36,14 @@ TEST(TextUnits, StopsAtWordsAndNeverWithinALineBreak) {
                 const bool isBreak = text[at.value()] == '\r';
                 ASSERT_EQ(units.next(at), at + (isBreak ? 2 : 1));
                 ASSERT_EQ(units.previous(units.next(at)), at);
-                const Range word = units.wordAt(at);
-                if (isBreak) continue;
-                ASSERT_TRUE(word.begin() <= at && at < word.end()) << at << word;
-                ASSERT_EQ(units.wordAt(word.begin()), word);
+                if (!isBreak) continue;
+                for (const Offset left :
+                     {units.snapped(at + 1), units.previous(at + 1), units.lineEnd(at + 1)})
+                    ASSERT_EQ(left, at) << "from its middle";
+                ASSERT_EQ(units.next(at + 1), at + 2);
             }
         }
     }
-}
-
-TEST(TextUnits, LeavesTheMiddleOfALineBreak) {
-    const Rope rope("a\r\nb");
-    const TextUnits units(rope, CharacterTable::latin1());
-    const Offset middle(2);
-    EXPECT_EQ(units.snapped(middle), Offset(1));
-    EXPECT_EQ(units.next(middle), Offset(3));
-    EXPECT_EQ(units.previous(middle), Offset(1));
-    EXPECT_EQ(units.lineStart(middle), Offset(0));
-    EXPECT_EQ(units.lineEnd(middle), Offset(1));
-    EXPECT_EQ(units.snapped(Offset(99)), Offset(4));
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QHash>
 #include <QInputMethodEvent>
-#include <QMainWindow>
 #include <QMimeData>
 #include <QStyleHints>
 #include <QTest>
@@ -16,6 +16,7 @@
 #include <QUrl>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "support/MarkedText.h"
@@ -24,6 +25,13 @@
 
 namespace brindlex {
 namespace {
+
+constexpr auto kShift = Qt::ShiftModifier;
+constexpr auto kCtrl = Qt::ControlModifier;
+constexpr auto kPress = QEvent::MouseButtonPress;
+constexpr auto kRelease = QEvent::MouseButtonRelease;
+constexpr auto kDouble = QEvent::MouseButtonDblClick;
+constexpr auto kMove = QEvent::MouseMove;
 
 /// Texts are marked, with '\n' for a line break.
 class Input : public testing::Test {
@@ -43,9 +51,22 @@ class Input : public testing::Test {
         std::erase(text, '\r');
         return text;
     }
-    void strike(const std::vector<QKeyCombination>& keys) {
-        for (const QKeyCombination& key : keys)
-            QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
+    /// Plays what stands between blanks: keys as menus name them, and gestures of the mouse on the
+    /// left half of the character at an offset, as "press:3".
+    void play(const QString& actions) {
+        static const QHash<QString, QEvent::Type> kGestures = {
+            {"press", kPress}, {"release", kRelease}, {"double", kDouble},
+            {"move", kMove},   {"shift", kPress},     {"right", kPress}};
+        for (const QString& action : actions.split(' ')) {
+            const QString name = action.section(':', 0, 0);
+            const QKeyCombination key = QKeySequence::fromString(action)[0];
+            if (kGestures.contains(name))
+                mouse(kGestures[name], pixel(action.section(':', 1).toUInt()),
+                      name == "right" ? Qt::RightButton : Qt::LeftButton,
+                      name == "shift" ? kShift : Qt::NoModifier);
+            else
+                QTest::keyClick(&view_, key.key(), key.keyboardModifiers());
+        }
     }
     /// A pixel on the left half of the character at `offset`.
     QPoint pixel(std::size_t offset) {
@@ -57,63 +78,61 @@ class Input : public testing::Test {
         QMouseEvent event(type, at, view_.viewport()->mapToGlobal(at), button, button, modifiers);
         QApplication::sendEvent(view_.viewport(), &event);
     }
-    void mouse(QEvent::Type type, std::size_t at, Qt::MouseButton button = Qt::LeftButton) {
-        mouse(type, pixel(at), button);
-    }
 
     const CodePage page_ = CodePage::windows(1252);
     RichTextView view_{nullptr, page_};
 };
 
-constexpr auto kShift = Qt::ShiftModifier;
-constexpr auto kCtrl = Qt::ControlModifier;
-constexpr auto kPress = QEvent::MouseButtonPress;
-constexpr auto kRelease = QEvent::MouseButtonRelease;
-constexpr auto kDouble = QEvent::MouseButtonDblClick;
-constexpr auto kMove = QEvent::MouseMove;
-
 // --- Keys ----------------------------------------------------------------------------------------
 
-TEST_F(Input, KeysMoveSelectAndEdit) {
-    const std::tuple<const char*, std::vector<QKeyCombination>, const char*> rows[] = {
+TEST_F(Input, KeysAndMouseMoveSelectAndEdit) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         // characters, line breaks, overwriting
-        {"a|b", {Qt::Key_Enter | Qt::KeypadModifier}, "a\n|b"},
-        {"a|b", {Qt::Key_Tab, Qt::Key_Escape}, "a\t|b"},
-        {"a|bc\nd", {Qt::Key_Insert, Qt::Key_X, Qt::Key_Y, Qt::Key_Z}, "axyz|\nd"},
-        {"a|bc", {Qt::Key_Insert, Qt::Key_Insert, Qt::Key_X}, "ax|bc"},
+        {"a|b", "Num+Enter", "a\n|b"},
+        {"a|b", "Tab Esc", "a\t|b"},
+        {"a|bcd", "Ins X Ins Y", "axy|cd"},
         // deleting
-        {"a\n|b", {Qt::Key_Backspace}, "a|b"},
-        {"ab|c", {kShift | Qt::Key_Backspace}, "a|c"},
-        {"a|\nb", {Qt::Key_Delete}, "a|b"},
-        {"wait sound|", {kCtrl | Qt::Key_Backspace}, "wait |"},
-        {"wait |sound {", {kCtrl | Qt::Key_Delete}, "wait |{"},
-        {"one ^two| three", {kCtrl | Qt::Key_Delete}, "one | three"},
+        {"a\nb|c", "Shift+Backspace Backspace", "a|c"},
+        {"a|\nb", "Del", "a|b"},
+        {"wait sound|", "Ctrl+Backspace", "wait |"},
+        {"wait |sound {", "Ctrl+Del", "wait |{"},
+        {"one ^two| three", "Ctrl+Del", "one | three"},
         // steps
-        {"a|\nb", {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left}, "a\n|b"},
-        {"a^bc|d", {Qt::Key_Left}, "a|bcd"},
-        {"wait  500|", {kCtrl | Qt::Key_Left, kCtrl | Qt::Key_Left}, "|wait  500"},
-        {"x\n\t\ta|b", {Qt::Key_Home, Qt::Key_Home}, "x\n|\t\tab"},
-        {"a|bc\nd", {Qt::Key_End}, "abc|\nd"},
-        {"ab\nc|d\nef", {kCtrl | Qt::Key_Home}, "|ab\ncd\nef"},
-        {"ab\nc|d\nef", {kCtrl | Qt::Key_End}, "ab\ncd\nef|"},
-        {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Down}, "abcd\nx\nabcd|"},
-        {"abcd|\nx\nabcd", {Qt::Key_Down, Qt::Key_Left, Qt::Key_Down}, "abcd\nx\n|abcd"},
-        {"abcd\nx|\nabcd", {Qt::Key_Up, Qt::Key_Y, Qt::Key_Down}, "aybcd\nx|\nabcd"},
+        {"a|\nb", "Right Right Left", "a\n|b"},
+        {"a^bc|d", "Left", "a|bcd"},
+        {"wait  500|", "Ctrl+Left Ctrl+Left", "|wait  500"},
+        {"x\n\t\ta|b", "Home Home", "x\n|\t\tab"},
+        {"ab\nc|d\nef", "Ctrl+Home End", "ab|\ncd\nef"},
+        {"ab\nc|d\nef", "Ctrl+End", "ab\ncd\nef|"},
+        {"abcd|\nx\nabcd", "Down Down", "abcd\nx\nabcd|"},
+        {"abcd|\nx\nabcd", "Down Left Down", "abcd\nx\n|abcd"},
+        {"abcd\nx|\nabcd", "Up Y Down", "aybcd\nx|\nabcd"},
         // selecting
-        {"a^b|c", {kShift | Qt::Key_Left, kShift | Qt::Key_Left}, "|a^bc"},
-        {"|wait 5", {kShift | kCtrl | Qt::Key_Right}, "^wait |5"},
-        {"ab|\ncd", {kShift | Qt::Key_Down}, "ab^\ncd|"},
-        {"a|b\nc", {kCtrl | Qt::Key_A}, "^ab\nc|"},
+        {"a^b|c", "Shift+Left Shift+Left", "|a^bc"},
+        {"|wait 5\nab", "Ctrl+Shift+Right Shift+Down", "^wait 5\nab|"},
+        {"a|b\nc", "Ctrl+A", "^ab\nc|"},
         // the clipboard and undo belong to the owner; menu shortcuts that no menu took do nothing
-        {"a^b|c", {kCtrl | Qt::Key_X, kCtrl | Qt::Key_Z, kShift | Qt::Key_Delete}, "a^b|c"},
-        {"a^b|c", {kCtrl | Qt::Key_H, kCtrl | Qt::Key_J, kCtrl | Qt::Key_U}, "a^b|c"},
+        {"a^b|c", "Ctrl+X Ctrl+Z Shift+Del Ctrl+H Ctrl+J Ctrl+U", "a^b|c"},
+        // the mouse selects characters
+        {"|first line\nsecond", "press:3 move:14", "fir^st line\nse|cond"},
+        {"|first line", "press:3 release:3 move:6", "fir|st line"},
+        {"fir^st| line", "shift:1", "f|ir^st line"},
+        {"f|ir^st line", "right:2", "f|ir^st line"},
+        {"f|ir^st line", "right:6", "first |line"},
+        // it is on the selection, that might be dragged
+        {"one ^two| three", "press:5 move:5", "one ^two| three"},
+        {"one ^two| three", "press:5 move:5 release:5", "one t|wo three"},
+        // it selects words, and lines with their breaks
+        {"wait |500 {one}\nnext", "double:6 move:12", "wait ^500 {one|}\nnext"},
+        {"wait |500 {one}\nnext", "double:6 move:1", "|wait 500^ {one}\nnext"},
+        {"|a\nbc\nd", "double:3 release:3 press:3 move:0", "|a\nbc\n^d"},
+        {"|a\nbc\nd", "double:3 release:3 press:3 move:7", "a\n^bc\nd|"},
     };
 
-    for (const auto& [start, keys, expected] : rows) {
-        view_.setOverwriteMode(false);
+    for (const auto& [start, actions, expected] : rows) {
         put(start);
-        strike(keys);
-        EXPECT_EQ(marked(), expected) << "from " << start;
+        play(actions);
+        EXPECT_EQ(marked(), expected) << "from " << start << " by " << actions;
     }
 }
 
@@ -123,20 +142,18 @@ TEST_F(Input, OverwritingIsARemovalAndAnInsertion) {
     view_.setOverwriteMode(true);
     put("a|bc\nd");
     log.clear();
-    strike({Qt::Key_X, Qt::Key_Y, Qt::Key_Z});
+    play("X Y Z");
     EXPECT_EQ(log, "a|c\nd ax|c\nd ax|\nd axy|\nd axyz|\nd ");
-    view_.setOverwriteMode(false);
 }
 
 TEST_F(Input, PagesKeepTheColumnAndScroll) {
     put("abc|def" + QStringLiteral("\n\nabcdef\nabcdef").repeated(33));
     const std::string start = marked();
-    strike({Qt::Key_PageDown, Qt::Key_PageDown});
-    const Long line = view_.box().GetLineFromChar(view_.box().SelStart());
-    EXPECT_EQ(line, 2 * (view_.linesPerPage() - 1));
-    strike({Qt::Key_PageUp, Qt::Key_PageUp});
+    play("PgDown PgDown");
+    EXPECT_EQ(view_.box().GetLineFromChar(view_.box().SelStart()), 2 * (view_.linesPerPage() - 1));
+    play("PgUp PgUp");
     EXPECT_EQ(view_.firstVisibleLine().value(), 0U);
-    strike({kCtrl | Qt::Key_Down});
+    play("Ctrl+Down Ctrl+Down Ctrl+Up");
     EXPECT_EQ(view_.firstVisibleLine().value(), 1U);
     EXPECT_EQ(marked(), start);
 }
@@ -145,7 +162,6 @@ TEST_F(Input, PagesKeepTheColumnAndScroll) {
 
 TEST_F(Input, KeyEventsHaveTheirCodes) {
     const std::tuple<int, Qt::KeyboardModifiers, const char16_t*, const char*> rows[] = {
-        {Qt::Key_A, kShift, u"A", "down 65 1 press 65 up 65 1 "},
         {Qt::Key_5, Qt::KeypadModifier, u"5", "down 101 0 press 53 up 101 0 "},
         {Qt::Key_ParenLeft, kShift, u"(", "down 57 1 press 40 up 57 1 "},
         {Qt::Key_Delete, {}, u"\x7f", "down 46 0 up 46 0 "},
@@ -153,7 +169,6 @@ TEST_F(Input, KeyEventsHaveTheirCodes) {
         {'\n', {}, u"\n", "down 13 0 press 13 up 13 0 "},  // the key Linefeed
         // commands
         {Qt::Key_Z, kCtrl, u"\x1a", "down 90 2 press 26 up 90 2 "},
-        {Qt::Key_C, kCtrl | kShift, u"\x03", "down 67 3 up 67 3 "},
         {Qt::Key_Insert, kShift, u"", "down 45 1 press 22 up 45 1 "},
         {Qt::Key_F, Qt::AltModifier, u"f", "down 70 4 up 70 4 "},
         // AltGr in its two forms, a key of no own code, several characters, some that do not fit
@@ -172,118 +187,62 @@ TEST_F(Input, KeyEventsHaveTheirCodes) {
     view_.onKeyDown = note("down ");
     view_.onKeyPress = [&](int& ascii) { log += "press " + std::to_string(ascii) + ' '; };
     view_.onKeyUp = note("up ");
+    const auto send = [&](int key, Qt::KeyboardModifiers modifiers, QString text, bool repeats) {
+        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(kind, key, modifiers, text, repeats);
+            QApplication::sendEvent(&view_, &event);
+        }
+    };
     for (const auto& [key, modifiers, text, events] : rows) {
         log.clear();
-        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(kind, key, modifiers, QString::fromUtf16(text));
-            QApplication::sendEvent(&view_, &event);
-        }
+        send(key, modifiers, QString::fromUtf16(text), false);
         EXPECT_EQ(log, events);
     }
-}
-
-TEST_F(Input, AutoRepeatRaisesKeyUpOnce) {
-    int ups = 0;
-    view_.onKeyUp = [&](int&, int) { ++ups; };
-    for (const bool repeats : {true, true, false}) {
-        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(kind, Qt::Key_A, {}, "a", repeats);
-            QApplication::sendEvent(&view_, &event);
-        }
-    }
-    EXPECT_EQ(marked(), "aaa|");
-    EXPECT_EQ(ups, 1);
+    log.clear();
+    send(Qt::Key_A, {}, "a", true);
+    send(Qt::Key_A, {}, "a", false);
+    EXPECT_EQ(log, "down 65 0 press 97 down 65 0 press 97 up 65 0 ");
 }
 
 TEST_F(Input, HandlersMayShortenTheText) {
     view_.onKeyDown = [&](int&, int) { view_.box().SetText("short"); };
     put("a much longer text with the caret at its end|");
-    strike({Qt::Key_Backspace});
+    play("Backspace");
     EXPECT_EQ(marked(), "|short");
     view_.onMouseDown = [&](int, int, double, double) { view_.box().SetText(""); };
-    mouse(kPress, 5);
-    mouse(kRelease, 0);
+    play("press:5 release:0");
     EXPECT_EQ(marked(), "|");
 }
 
 // --- Shortcuts and focus -------------------------------------------------------------------------
 
-TEST(Shortcuts, GoToTheMenuOrTheView) {
-    const std::pair<const char*, bool> cases[] = {
-        {"Ctrl+J", true},     {"Ctrl+H", true}, {"Ctrl+A", true},     {"Alt+F", true},
-        {"Ctrl+Z", false},    {"Del", false},   {"X", false},         {"Return", false},
-        {"Ctrl+Left", false}, {"Esc", false},   {"Shift+Ins", false},
+TEST_F(Input, ShortcutsGoToTheMenuOrTheView) {
+    const std::pair<QString, bool> rows[] = {
+        {"Ctrl+J Ctrl+H Ctrl+A Alt+F", true},
+        {"Ctrl+Z Del X Return Ctrl+Left Esc Shift+Ins", false},
     };
-    QMainWindow window;
-    auto* view = new RichTextView(&window);
-    window.setCentralWidget(view);
-    QAction entry(&window);
+    QAction entry;
     bool triggered = false;
     QObject::connect(&entry, &QAction::triggered, [&] { triggered = true; });
-    window.addAction(&entry);
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    view->setFocus();
-    for (const auto& [shortcut, menuGetsIt] : cases) {
-        entry.setShortcut(QKeySequence::fromString(shortcut));
-        triggered = false;
-        const QKeyCombination key = entry.shortcut()[0];
-        QTest::keyClick(view, key.key(), key.keyboardModifiers());
-        EXPECT_EQ(triggered, menuGetsIt) << shortcut;
+    view_.addAction(&entry);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view_));
+    for (const auto& [shortcuts, menuGetsThem] : rows) {
+        for (const QString& shortcut : shortcuts.split(' ')) {
+            entry.setShortcut(QKeySequence::fromString(shortcut));
+            triggered = false;
+            play(shortcut);
+            EXPECT_EQ(triggered, menuGetsThem) << shortcut.toStdString();
+        }
     }
 }
 
 // --- Mouse ---------------------------------------------------------------------------------------
 
-TEST_F(Input, GesturesSelectCharactersWordsAndLines) {
-    using Gestures = std::vector<std::pair<QEvent::Type, std::size_t>>;
-    const std::tuple<const char*, Gestures, const char*> rows[] = {
-        {"|first line\nsecond", {{kPress, 3}}, "fir|st line\nsecond"},
-        {"|first line\nsecond", {{kPress, 3}, {kMove, 14}}, "fir^st line\nse|cond"},
-        {"|first line", {{kPress, 3}, {kRelease, 3}, {kMove, 6}}, "fir|st line"},
-        // on the selection, that might be dragged
-        {"one ^two| three", {{kPress, 5}, {kMove, 5}}, "one ^two| three"},
-        {"one ^two| three", {{kPress, 5}, {kMove, 5}, {kRelease, 5}}, "one t|wo three"},
-        // by words
-        {"wait |500 {one}\nnext", {{kDouble, 6}, {kMove, 12}}, "wait ^500 {one|}\nnext"},
-        {"wait |500 {one}\nnext", {{kDouble, 6}, {kMove, 1}}, "|wait 500^ {one}\nnext"},
-        {"wait |500 {one}\nnext", {{kDouble, 9}}, "wait 500 ^{|one}\nnext"},
-        {"|wait 500\nnext_one", {{kDouble, 18}}, "wait 500\n^next_one|"},
-        // by lines with their breaks
-        {"|one\ntwo\nthree", {{kDouble, 6}, {kRelease, 6}, {kPress, 6}}, "one\n^two\n|three"},
-        {"|one\ntwo\nthree",
-         {{kDouble, 6}, {kRelease, 6}, {kPress, 6}, {kMove, 1}},
-         "|one\ntwo\n^three"},
-        {"|one\ntwo\nthree",
-         {{kDouble, 6}, {kRelease, 6}, {kPress, 6}, {kMove, 12}},
-         "one\n^two\nthree|"},
-    };
-    for (const auto& [start, gestures, expected] : rows) {
-        put(start);
-        for (const auto& [type, at] : gestures) mouse(type, at);
-        EXPECT_EQ(marked(), expected) << "from " << start;
-    }
-}
-
-TEST_F(Input, OtherClicks) {
-    put("fir^st| line");
-    mouse(kPress, pixel(1), Qt::LeftButton, kShift);
-    EXPECT_EQ(marked(), "f|ir^st line");
-    mouse(kRelease, 1);
-    mouse(kPress, 2, Qt::RightButton);
-    EXPECT_EQ(marked(), "f|ir^st line");
-    mouse(kPress, 6, Qt::RightButton);
-    EXPECT_EQ(marked(), "first |line");
-}
-
 TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
-    put("|one two");
     QString log;
-    double x = 0;
-    const auto note = [&](const char* name) {
-        return [&log, &x, name](int button, int shift, double atX, double) {
-            log += QString("%1 %2 %3 ").arg(name).arg(button).arg(shift);
-            x = atX;
+    const auto note = [&log](const char* name) {
+        return [&log, name](int button, int shift, double x, double) {
+            log += QString("%1 %2 %3 %4 ").arg(name).arg(button).arg(shift).arg(Twips::toPixels(x));
         };
     };
     view_.onMouseDown = note("down");
@@ -292,29 +251,28 @@ TEST_F(Input, MouseEventsComeInTwipsAndInOrder) {
     view_.onClick = [&] { log += "click "; };
     view_.onDblClick = [&] { log += "double "; };
     mouse(kPress, QPoint(30, 5), Qt::LeftButton, kShift | Qt::AltModifier);
-    EXPECT_DOUBLE_EQ(x, Twips::fromPixels(30));
     mouse(kMove, QPoint(31, 5));
     mouse(kRelease, QPoint(31, 5));
-    log += "| ";
+    EXPECT_EQ(std::exchange(log, {}), "down 1 5 30 move 1 0 31 up 1 0 31 click ");
     mouse(kPress, QPoint(30, 5));
     mouse(kRelease, QPoint(-30, 5));
-    mouse(kPress, 1, Qt::RightButton);
-    mouse(kRelease, 1, Qt::RightButton);
-    mouse(kDouble, 1);
-    mouse(kRelease, 1);
-    EXPECT_EQ(log,
-              "down 1 5 move 1 0 up 1 0 click | down 1 0 up 1 0 down 2 0 up 2 0 double up 1 0 ");
+    mouse(kPress, QPoint(30, 5), Qt::RightButton);
+    mouse(kRelease, QPoint(30, 5), Qt::RightButton);
+    EXPECT_EQ(std::exchange(log, {}), "down 1 0 30 up 1 0 -30 down 2 0 30 up 2 0 30 ");
+    mouse(kDouble, QPoint(30, 5));
+    mouse(kRelease, QPoint(30, 5));
+    EXPECT_EQ(log, "double up 1 0 30 ");
 }
 
 TEST_F(Input, DraggingBeyondTheEdgeScrollsOn) {
     put("|start" + QStringLiteral("\nline").repeated(300));
-    mouse(kPress, 0);
+    play("press:0");
     mouse(kMove, QPoint(5, view_.viewport()->height() + 60));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() > 40; }, 5000));
     EXPECT_GT(view_.box().SelLength(), 40 * 6);
     mouse(kMove, QPoint(5, -200));
     EXPECT_TRUE(QTest::qWaitFor([&] { return view_.firstVisibleLine().value() == 0; }, 5000));
-    mouse(kRelease, 0);
+    play("release:0");
     EXPECT_LT(view_.box().selection().length(), 6U);
 }
 
@@ -323,7 +281,6 @@ TEST(TextMimeDataTest, KeepsTheTextOfItsTime) {
     Rope text("a\r\n\x80 c");
     const TextMimeData data(text, {Offset(1), Offset(5)}, page);
     text.replace({Offset(0), Offset(4)}, "");
-    EXPECT_TRUE(data.hasText());
     EXPECT_EQ(data.text().remove('\r'), QString::fromUtf8("\n\u20ac "));
 }
 
@@ -338,7 +295,7 @@ class Drops : public Input {
         QApplication::sendEvent(view_.viewport(), &enter);
         QDragMoveEvent move(at, kActions, &data, Qt::LeftButton, modifiers);
         QApplication::sendEvent(view_.viewport(), &move);
-        if (!move.isAccepted()) return false;
+        if (!enter.isAccepted() || !move.isAccepted()) return false;
         QDropEvent drop(at, kActions, &data, Qt::LeftButton, modifiers);
         QApplication::sendEvent(view_.viewport(), &drop);
         return drop.isAccepted();
@@ -394,7 +351,7 @@ TEST_F(InnerDrags, MoveOrCopyTheSelection) {
         put("one ^two |three\nfour");
         target_ = target;
         modifiers_ = modifiers;
-        mouse(kPress, 5);
+        play("press:5");
         mouse(kMove, pixel(5) + QPoint(QApplication::styleHints()->startDragDistance() + 1, 0));
         EXPECT_EQ(marked(), expected);
     }
@@ -404,8 +361,8 @@ TEST_F(InnerDrags, MoveOrCopyTheSelection) {
 
 class Composing : public Input {
   protected:
-    void compose(const QString& preedit) {
-        QInputMethodEvent event(preedit, {});
+    void compose(const QString& preedit, int cursor) {
+        QInputMethodEvent event(preedit, {{QInputMethodEvent::Cursor, cursor, 1, QVariant()}});
         QApplication::sendEvent(&view_, &event);
     }
     void commit(const QString& text, int from = 0, int length = 0) {
@@ -423,8 +380,10 @@ TEST_F(Composing, CommitsLikeTyping) {
         if (ascii == 'x') ascii = 0;
     };
     put("a^bc|d");
-    compose("ni");
+    const int before = view_.caretRect().left();
+    compose("ni", 1);
     EXPECT_EQ(marked(), "a^bc|d");
+    EXPECT_GT(view_.caretRect().left(), before);
     commit(QString::fromUtf8("\u00e9x\u4e2d"));
     EXPECT_EQ(marked(), "a\xE9?|d");
     EXPECT_EQ(seen, "\xE9x?");
@@ -439,12 +398,11 @@ TEST_F(Composing, CommitsLikeTyping) {
 
 TEST_F(Composing, ClickAndLossOfFocusCommit) {
     put("abc|");
-    compose("xy");
-    mouse(kPress, 0);
-    mouse(kRelease, 0);
+    compose("xy", 2);
+    play("press:0 release:0");
     EXPECT_EQ(marked(), "|abcxy");
     EXPECT_EQ(view_.preedit(), "");
-    compose("z");
+    compose("z", 1);
     QFocusEvent lost(QEvent::FocusOut);
     QApplication::sendEvent(&view_, &lost);
     EXPECT_EQ(marked(), "z|abcxy");
@@ -464,10 +422,7 @@ TEST_F(Composing, AnswersAboutTheCaretsLine) {
     EXPECT_TRUE(ask(Qt::ImCursorRectangle).toRect().intersects(view_.rect()));
     view_.box().SetLocked(true);
     EXPECT_FALSE(ask(Qt::ImEnabled).toBool());
-    EXPECT_TRUE(ask(Qt::ImReadOnly).toBool());
-}
-
-TEST_F(Composing, AnswersForAHugeLineStaySmall) {
+    // of a huge line it tells no more than it may
     view_.box().SetText(std::string(300000, 'a') + std::string(300000, 'b'));
     view_.box().SetSelStart(300000);
     EXPECT_EQ(ask(Qt::ImSurroundingText).toString(), QString(500, 'a') + QString(500, 'b'));

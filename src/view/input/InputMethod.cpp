@@ -73,7 +73,8 @@ void InputMethod::handle(QInputMethodEvent& event) {
 void InputMethod::replaceRelative(const QInputMethodEvent& event) {
     if (!view_.box().selection().empty()) actions_.insert({});
     const std::size_t length = view_.box().length();
-    const Offset begin = clamped(number(view_.box().caret()) + event.replacementStart(), length);
+    const Offset caret = actions_.units().snapped(view_.box().caret());
+    const Offset begin = clamped(number(caret) + event.replacementStart(), length);
     const Offset end = clamped(number(begin) + event.replacementLength(), length);
     // the first character of the new text replaces what is selected: one edit instead of two
     if (view_.codePage().fromUnicode(event.commitString()).empty())
