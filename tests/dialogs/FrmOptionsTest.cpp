@@ -1,8 +1,7 @@
 #include "dialogs/frmOptions.h"
 
-#include <QCheckBox>
+#include <QAbstractButton>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <memory>
 #include <string>
 
@@ -12,83 +11,66 @@
 namespace brindlex {
 namespace {
 
-const QString kFirstWolfDir =
-    QStringLiteral("C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps");
-
 const std::string kFirstEntries =
     "AutoBackup=1|AutoBackupMins=3|AutoBlockIndent=1|AutoComplete=1|AutoIndent=1|Color0=0"
     "|Color1=32768|Color2=192|Color3=8388608|Color4=16711935|FontBold=0|FontItalic=0"
     "|FontName=Courier New|FontSize=10|FontStrikeThru=0|FontUnderline=0|GetPreset=1"
-    "|ShowTreeView=1|TypeOther=1|WolfDir=" +
-    kFirstWolfDir.toStdString();
+    "|ShowTreeView=1|TypeOther=1"
+    "|WolfDir=C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps";
 
-std::string entriesOf(const SettingsStore& store) {
-    const SettingsStore::Section section = store.readSection("Brindlex", "Options");
-    QStringList entries;
-    for (const QString& key : section.keys()) entries += key + '=' + section[key];
-    entries.sort();
-    return entries.join('|').toStdString();
-}
-
-/// A store and a dialog over it; the dialog's calls to the main window are written down.
 class FrmOptionsTest : public SettingsTest {
   protected:
-    FrmOptionsTest() { state.DefaultColors = {"0", "32768", "192", "8388608", "16711935"}; }
-
-    std::unique_ptr<frmOptions> open() { return open(settings); }
-    std::unique_ptr<frmOptions> open(SettingsStore& store) {
-        return std::make_unique<frmOptions>(
-            state, store,
-            OptionsCallbacks{[this] { calls += "hide "; }, [this] { calls += "commands "; },
-                             [this] { calls += "entities "; }, [this] { calls += "resize "; }},
-            nullptr);
+    /// Opens the dialog of a program that has just been started.
+    std::unique_ptr<frmOptions> open() {
+        state = {};
+        state.DefaultColors = {"0", "32768", "192", "8388608", "16711935"};
+        const auto nothing = [] {};
+        const OptionsCallbacks mainWindow{nothing, nothing, nothing, nothing};
+        return std::make_unique<frmOptions>(state, settings, mainWindow, nullptr);
     }
-    template <typename Control>
-    static Control& control(const frmOptions& form, const char* name) {
-        return *form.findChild<Control*>(name);
+    static QLineEdit& edit(const frmOptions& form, const char* name) {
+        return *form.findChild<QLineEdit*>(name);
+    }
+    std::string entries() const {
+        const SettingsStore::Section section = stored();
+        QStringList entries;
+        for (const QString& key : section.keys()) entries += key + '=' + section[key];
+        entries.sort();
+        return entries.join('|').toStdString();
     }
 
     AppState state;
-    std::string calls;
 };
 
 TEST_F(FrmOptionsTest, FillsAnEmptyStoreAndShowsIt) {
     const auto form = open();
-    EXPECT_EQ(entriesOf(settings), kFirstEntries);
-    EXPECT_EQ(calls, "hide commands resize ");
+    EXPECT_EQ(entries(), kFirstEntries);
     EXPECT_TRUE(state.GetPresetEnabled && state.AutoIndentEnabled && state.AutoBlockIndentEnabled);
     EXPECT_TRUE(state.TypeOtherEnabled && state.AutoCompleteEnabled && state.AutoBackupEnabled);
-    EXPECT_EQ(control<QLineEdit>(*form, "Text1").text(), kFirstWolfDir);
-    EXPECT_EQ(control<QLineEdit>(*form, "txtAutoBackupMins").text(), "3");
-    EXPECT_EQ(control<QLineEdit>(*form, "txtCol1").palette().color(QPalette::Text),
-              QColor(0, 128, 0));
-    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").font().family(), "Courier New");
+    EXPECT_EQ(edit(*form, "Text1").text().toStdString(), stored("WolfDir"));
+    EXPECT_EQ(edit(*form, "txtCol1").palette().color(QPalette::Text), QColor(0, 128, 0));
+    EXPECT_EQ(edit(*form, "txtFontName").font().family(), "Courier New");
 }
 
 TEST_F(FrmOptionsTest, TakesFirstValuesForMissingAndSenselessKeysAndWritesNothing) {
-    open();
-    const SettingsStore::Section firstValues = stored();
-    for (const QString& key : firstValues.keys()) {
-        const bool isText = key == "WolfDir" || key == "FontName";
-        // A text without a number means 0 minutes, so only a missing key falls back there.
-        const bool takesAnything = isText || key == "AutoBackupMins";
-        for (const QString& text : {QString(), QString("nonsense"), QString("99999999999")}) {
-            if (text.isEmpty() ? key == "GetPreset" : takesAnything) continue;
-            const TempFolder place;
-            SettingsStore store(place.path());
-            for (const QString& other : firstValues.keys())
-                if (other != key) store.write("Brindlex", "Options", other, firstValues[other]);
-            if (!text.isEmpty()) store.write("Brindlex", "Options", key, text);
-            const std::string before = entriesOf(store);
-            const auto form = open(store);
-            EXPECT_EQ(entriesOf(store), before);
+    put("GetPreset", "1");
+    auto form = open();
+    EXPECT_EQ(entries(), "GetPreset=1");
+    form->SaveChanges();
+    EXPECT_EQ(entries(), kFirstEntries);
+    for (const QString& key : stored().keys()) {
+        // Any text is a folder or a font, and one without a number means 0 minutes.
+        if (key == "WolfDir" || key == "FontName" || key == "AutoBackupMins") continue;
+        for (const char* text : {"nonsense", "99999999999"}) {
+            put(key, text);
+            form = open();
+            EXPECT_EQ(stored(key), text);
             form->SaveChanges();
-            EXPECT_EQ(entriesOf(store), kFirstEntries) << key.toStdString();
+            EXPECT_EQ(entries(), kFirstEntries) << key.toStdString();
         }
     }
-    SettingsStore broken("/dev/null");
-    state.AutoBackupMins = 9;
-    open(broken);
+    settings = SettingsStore("/dev/null");
+    open();
     EXPECT_EQ(state.AutoBackupMins, 3);
 }
 
@@ -96,7 +78,6 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
     const struct {
         const char *key, *text, *meant;
     } rows[] = {
-        {"AutoBackupMins", "12x", "12"},
         {"AutoBackupMins", " 2.9", "2"},
         {"AutoBackupMins", "-1.5", "-2"},
         {"AutoBackupMins", ".", "0"},
@@ -115,12 +96,12 @@ TEST_F(FrmOptionsTest, ReadsNumbersAsTheyAreMeant) {
 }
 
 TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
-    const auto form = open();
-    control<QCheckBox>(*form, "Check1").setChecked(false);
-    control<QCheckBox>(*form, "Check3").setChecked(false);
-    control<QRadioButton>(*form, "Option3").setChecked(true);
-    control<QLineEdit>(*form, "Text1").setText("/maps; \\of = m\xC3\xADne ");
-    control<QLineEdit>(*form, "txtAutoBackupMins").setText("7.");
+    auto form = open();
+    form->findChild<QAbstractButton*>("Check1")->setChecked(false);
+    form->findChild<QAbstractButton*>("Check3")->setChecked(false);
+    form->findChild<QAbstractButton*>("Option3")->setChecked(true);
+    edit(*form, "Text1").setText("/maps; \\of = m\xC3\xADne ");
+    edit(*form, "txtAutoBackupMins").setText("7.");
     state.ColorValues[4] = "255";
     state.FontSize = 14;
     state.FontUnderline = true;
@@ -131,14 +112,14 @@ TEST_F(FrmOptionsTest, SavesWhatTheControlsShowAndWhatTheStateHolds) {
         "|Color1=32768|Color2=192|Color3=8388608|Color4=255|FontBold=0|FontItalic=0"
         "|FontName=Courier New|FontSize=14|FontStrikeThru=0|FontUnderline=1|GetPreset=0"
         "|ShowTreeView=-1|TypeOther=1|WolfDir=/maps; \\of = m\xC3\xADne ";
-    EXPECT_EQ(entriesOf(settings), saved);
+    EXPECT_EQ(entries(), saved);
     state.FontName = "Other";  // chosen, but not saved
     form->LoadOptions();
-    EXPECT_EQ(control<QLineEdit>(*form, "txtFontName").text(), "Courier New");
-    state = {};
-    open()->SaveChanges();
-    EXPECT_EQ(entriesOf(settings), saved);
-    control<QLineEdit>(*form, "Text1").clear();
+    EXPECT_EQ(edit(*form, "txtFontName").text(), "Courier New");
+    form = open();
+    form->SaveChanges();
+    EXPECT_EQ(entries(), saved);
+    edit(*form, "Text1").clear();
     form->SaveChanges();
     open();
     EXPECT_TRUE(state.WolfDir.isEmpty()) << "saved by the user, and no missing key";

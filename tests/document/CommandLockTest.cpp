@@ -44,12 +44,11 @@ class CommandLockTest : public ShellTest, public testing::WithParamInterface<Wai
                 desktop.expectBox(kPresetQuestion, BoxAnswer::No, meanwhile);
                 return trigger("funSavePreset");
             case Wait::FirstYield:
+                desktop.expectBox(question, BoxAnswer::No);
+                return open("scripts/next.script", [&] { inAYield(meanwhile); });
             case Wait::LastYield:
                 desktop.expectBox(question, BoxAnswer::No);
-                return open("scripts/next.script", [&, meanwhile] {
-                    if (GetParam() == Wait::FirstYield) return inAYield(meanwhile);
-                    inAYield([this, meanwhile] { inAYield(meanwhile); });
-                });
+                return open("scripts/next.script", [&] { inAYield([&] { inAYield(meanwhile); }); });
         }
     }
 

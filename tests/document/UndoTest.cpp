@@ -13,10 +13,6 @@ using test::putMarked;
 
 class UndoTest : public ShellTest {
   protected:
-    void startWithText(const std::string& text) {
-        folder.put("scripts/battery.script", text);
-        startNamed();
-    }
     std::string after(const char* entry) {
         trigger(entry);
         return marked(editor().box());
@@ -35,30 +31,15 @@ class UndoTest : public ShellTest {
     }
 };
 
-TEST_F(UndoTest, ANewDocumentStartsAfreshAndALoadIsNoStep) {
-    startWithText("spawn");
-    type("a");
-    type("b");
-    desktop.expectBox(saveQuestion("Do you want to save battery.script?"), BoxAnswer::No);
-    trigger("funNew");
-    trigger("funUndo");
-    trigger("funRedo");
-    EXPECT_EQ(editor().Text(), "preset\r\n");
-    EXPECT_FALSE(document().Dirty());
-}
-
 /// Of a text that was replaced by another, only what was longer comes back.
 TEST_F(UndoTest, AStepIsWhatTheLengthsDifferBy) {
     const struct {
         std::string before, edit, undone, redone;
     } rows[] = {
         {"ab|", "c", "ab|", "abc|"},
-        {"|bc", "a", "|bc", "a|bc"},
         {"a|d", "bc", "a|d", "a^bc|d"},
         {"a|b", "\r\nx", "a|b", "a^\r\nx|b"},
-        {"a\r\n|b", "Backspace", "a\r\n|b", "a|b"},
         {"a|\r\nb", "Delete", "a\r\n|b", "a|b"},
-        {"a|bc^d", "", "a^bc|d", "a|d"},
         {"^ab\r\nc|", "", "^ab\r\nc|", "|"},
         // replaced by something longer, shorter, of the same length
         {"a^b|c", "xyz", "ax|c", "ax^yz|c"},
@@ -72,9 +53,8 @@ TEST_F(UndoTest, AStepIsWhatTheLengthsDifferBy) {
     for (const auto& [before, edit, undone, redone] : rows) {
         SCOPED_TRACE(testing::PrintToString(before) + " and " + testing::PrintToString(edit));
         putMarked(editor().box(), before);
-        const bool isDelete = edit == "Delete";
-        if (isDelete || edit == "Backspace")
-            QTest::keyClick(&editor().rtb(), isDelete ? Qt::Key_Delete : Qt::Key_Backspace);
+        if (edit == "Delete")
+            QTest::keyClick(&editor().rtb(), Qt::Key_Delete);
         else
             type(edit);
         EXPECT_EQ(after("funUndo"), undone);
@@ -86,26 +66,25 @@ TEST_F(UndoTest, InsertionsAndDeletionsAreUndoneAndRedoneInTurn) {
     for (const std::uint64_t seed : test::seeds(3)) {
         SCOPED_TRACE(testing::Message() << "seed " << seed);
         test::Random random(seed);
-        startWithText("one\r\ntwo");
+        folder.put("scripts/battery.script", "one\r\ntwo");
+        startNamed();
         insertOrDelete(random);  // the first change stays
         std::vector<std::string> texts{editor().Text()};
         std::size_t shown = 0;
-        for (int round = 0; round < 150; ++round) {
-            const std::size_t what = random.below(3);
-            for (std::size_t count = random.below(9); count > 0; --count) {
-                if (what == 0) {
-                    trigger("funUndo");
-                    shown -= std::min<std::size_t>(shown, 1);
-                } else if (what == 1) {
-                    trigger("funRedo");
-                    shown = std::min(shown + 1, texts.size() - 1);
-                } else {
-                    insertOrDelete(random);
-                    texts.resize(++shown);
-                    texts.push_back(editor().Text());
-                }
-                ASSERT_EQ(editor().Text(), texts[shown]) << "round " << round;
+        for (int step = 0; step < 600; ++step) {
+            const std::size_t what = random.below(5);
+            if (what < 2) {
+                trigger("funUndo");
+                shown -= std::min<std::size_t>(shown, 1);
+            } else if (what == 2) {
+                trigger("funRedo");
+                shown = std::min(shown + 1, texts.size() - 1);
+            } else {
+                insertOrDelete(random);
+                texts.resize(++shown);
+                texts.push_back(editor().Text());
             }
+            ASSERT_EQ(editor().Text(), texts[shown]) << "step " << step;
         }
     }
 }

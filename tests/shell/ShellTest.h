@@ -16,9 +16,6 @@
 
 namespace brindlex {
 
-inline const QStringList kScriptFilters{"Script files (*.script)", "*.script", "All files (*.*)",
-                                        "*.*"};
-
 inline const MessageBox kPresetQuestion{
     "Are you sure you want to change the preset?\r\nWhile it is not extremely important, there is "
     "no option to reset it!",
@@ -70,12 +67,12 @@ class ShellTest : public SettingsTest {
     /// `work` runs in the first yield of a load, or, when nested, in the one after it.
     void inAYield(std::function<void()> work) { QTimer::singleShot(0, &window(), std::move(work)); }
 
-    FileQuestion openDialog() {
-        return {"Open script file", folder.path("maps"), kScriptFilters, false};
+    FileQuestion fileDialog(const QString& title, bool save) {
+        const QStringList filters{"Script files (*.script)", "*.script", "All files (*.*)", "*.*"};
+        return {title, folder.path("maps"), filters, save};
     }
-    FileQuestion saveDialog() {
-        return {"Save script file", folder.path("maps"), kScriptFilters, true};
-    }
+    FileQuestion openDialog() { return fileDialog("Open script file", false); }
+    FileQuestion saveDialog() { return fileDialog("Save script file", true); }
     static MessageBox saveQuestion(const QString& text, const QString& title = "Save?") {
         return {text, title, BoxIcon::Question, BoxButtons::YesNoCancel};
     }

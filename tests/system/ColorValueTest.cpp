@@ -19,11 +19,7 @@ TEST(ColorValue, RedIsTheLowByteAndSystemColoursFollowThePalette) {
     EXPECT_EQ(ColorValue(0x80ABCD12).resolve(palette), QColor("#405060")) << "only the low byte";
 }
 
-TEST(Twips, RoundAndStayWithinAnInt) {
-    const double inch = Twips::toPixels(1440);
-    EXPECT_GT(inch, 0);
-    EXPECT_EQ(Twips::fromPixels(inch), 1440);
-    EXPECT_EQ(Twips::toPixels(-1440), -inch);
+TEST(Twips, StayWithinAnInt) {
     EXPECT_EQ(Twips::toPixels(1e300), std::numeric_limits<int>::max());
     EXPECT_EQ(Twips::toPixels(-1e300), std::numeric_limits<int>::min());
     EXPECT_EQ(Twips::toPixels(std::numeric_limits<double>::quiet_NaN()), 0);

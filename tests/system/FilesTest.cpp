@@ -1,11 +1,14 @@
 #include "system/Files.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <tuple>
 
-#include "support/HostileSystem.h"
 #include "support/TempFolder.h"
 #include "text/Random.h"
 
@@ -13,29 +16,22 @@ namespace brindlex {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace HostileSystem;
 
 // --- Contents ------------------------------------------------------------------------------------
 
-TEST(Files, ContentsComeBackAsWritten) {
+TEST(Files, ContentsComeBackAsWrittenAndAGiantIsRefused) {
     const TempFolder folder;
-    const std::string contents[] = {"a", "", "lf\ncr\rboth\r\n", test::allBytes(),
-                                    std::string(1 << 20, 'x')};
+    const std::string contents[] = {"a", "", test::allBytes(),
+                                    test::Random(1).text((5 << 20) + 1, test::allBytes()),
+                                    "lf\ncr\rboth\r\n"};
     for (const std::string& bytes : contents) {
         ASSERT_TRUE(Files::write(folder.path("a.script"), bytes));
-        EXPECT_EQ(folder.get("a.script"), bytes);
-        EXPECT_EQ(Files::read(folder.path("a.script")), bytes);
+        EXPECT_TRUE(folder.get("a.script") == bytes);
+        EXPECT_TRUE(Files::read(folder.path("a.script")) == bytes);
     }
     EXPECT_EQ(folder.count(), 1);
-}
-
-TEST(Files, ReadsALargeFileWholeAndRefusesAGiant) {
-    const TempFolder folder;
-    std::string text = test::Random(1).text((5 << 20) + 1, test::allBytes());
-    folder.put("a.script", text);
-    text.resize(200U << 20);
-    fs::resize_file(folder.at("a.script"), text.size());
-    EXPECT_TRUE(Files::read(folder.path("a.script")) == text);
+    fs::resize_file(folder.at("a.script"), 200 << 20);
+    EXPECT_EQ(Files::read(folder.path("a.script")).value_or("").size(), 200U << 20);
     fs::resize_file(folder.at("a.script"), (std::uintmax_t{1} << 30) + 1);
     EXPECT_FALSE(Files::read(folder.path("a.script")));
 }
@@ -43,17 +39,13 @@ TEST(Files, ReadsALargeFileWholeAndRefusesAGiant) {
 // --- Names ---------------------------------------------------------------------------------------
 
 TEST(Files, NamesAreFoundExactlyFirstThenButForCase) {
-    struct Case {
-        const char* asked;
-        const char* found;  ///< relative to the folder; null: there is none
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> rows[] = {
+        // asked and found; null: there is none
         {"maps\\SUB\\one.Script", "Maps/Sub/One.script"},
         {"maps/two.script", "Maps/two.script"},
         {"Maps/Two.Script", "Maps/TWO.script"},
         {"Maps/A[1].SCRIPT", "Maps/a[1].script"},
         {"Maps/*.script", nullptr},
-        {"Maps/tw?.script", nullptr},
         {"Maps", nullptr},
         {"Maps/two.script/", nullptr},
         {"Maps/two.script/x", nullptr},
@@ -63,14 +55,11 @@ TEST(Files, NamesAreFoundExactlyFirstThenButForCase) {
     for (const char* name : {"Maps/Sub/One.script", "Maps/two.SCRIPT", "Maps/TWO.script",
                              "Maps/two.script", "Maps/a[1].script"})
         folder.put(name, name);
-    for (const auto& [asked, found] : cases) {
+    for (const auto& [asked, found] : rows) {
         SCOPED_TRACE(asked);
         const QString path = folder.path(asked);
         EXPECT_EQ(Files::exists(path), found != nullptr);
         EXPECT_EQ(Files::read(path), found ? std::optional<std::string>(found) : std::nullopt);
-        if (found) {
-            EXPECT_EQ(Files::resolve(path), folder.path(found));
-        }
     }
     folder.put(".hidden", "x");
     EXPECT_FALSE(Files::exists(folder.path(".hidden")));
@@ -104,7 +93,7 @@ TEST(Files, WhatIsNoPlainFileIsNeitherReadNorWritten) {
                              "",
                              "/dev/zero",
                              "/dev/full",
-                             "C:\\Program Files\\Wolfenstein - Enemy Territory\\etmain\\maps",
+                             "C:\\Games\\et\\etmain\\maps",
                              ":/qt-project.org/styles/commonstyle/images/closedock-16.png"};
     for (const QString& path : paths) {
         SCOPED_TRACE(path.toStdString());
@@ -131,6 +120,14 @@ TEST(Files, LinksAreWrittenThroughAlsoToAFileNotThereYet) {
     EXPECT_TRUE(fs::is_symlink(folder.at("real/deep/dangling")));
 }
 
+/// A user who is not root, so that permissions count.
+constexpr unsigned kNobody = 65534;
+
+void giveToNobody(const fs::path& path, mode_t mode) {
+    ASSERT_TRUE(getuid() != 0 || chown(path.c_str(), kNobody, kNobody) == 0);
+    ASSERT_EQ(chmod(path.c_str(), mode), 0);
+}
+
 TEST(Files, PermissionsAndOwnerStay) {
     const TempFolder folder;
     const auto attributes = [&] {
@@ -139,10 +136,7 @@ TEST(Files, PermissionsAndOwnerStay) {
         return std::tuple(now.st_mode, now.st_uid, now.st_gid);
     };
     folder.put("a.script", "old");
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0646), 0);
-    if (getuid() == 0) {
-        ASSERT_EQ(chown(folder.at("a.script").c_str(), kNobody, kNobody), 0);
-    }
+    giveToNobody(folder.at("a.script"), 0646);
     const auto before = attributes();
     EXPECT_TRUE(Files::write(folder.path("a.script"), "new"));
     EXPECT_EQ(attributes(), before);
@@ -150,42 +144,31 @@ TEST(Files, PermissionsAndOwnerStay) {
 
 // --- A disk that fails ---------------------------------------------------------------------------
 
-constexpr std::size_t kOldSize = 100000;
-
-struct Fault {
-    const char* name;
-    mode_t folderMode;
-    mode_t fileMode;
-    rlim_t diskSpace;     ///< the most that a file may hold
-    std::size_t newSize;  ///< of the text written over a file of kOldSize
-    bool succeeds;
-};
-
-void expectWholeFile(const Fault& fault) {
-    SCOPED_TRACE(fault.name);
-    const TempFolder folder;
-    const std::string oldText(kOldSize, 'o');
-    const std::string newText(fault.newSize, 'n');
-    folder.put("a.script", oldText);
-    if (getuid() == 0) {
-        ASSERT_EQ(chown(folder.at("a.script").c_str(), kNobody, kNobody), 0);
-        ASSERT_EQ(chown(folder.at().c_str(), kNobody, kNobody), 0);
+/// Writes in a child process that gives up what root may do, and for which no file can grow past
+/// `diskSpace`: writing fails half-way, as on a full disk.
+bool writesAsNobody(const QString& path, const std::string& bytes, rlim_t diskSpace) {
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool isPlain = getuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{diskSpace, RLIM_INFINITY};
+        if (!isPlain || setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(2);
+        _exit(Files::write(path, bytes) ? 0 : 1);
     }
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), fault.fileMode), 0);
-    ASSERT_EQ(chmod(folder.at().c_str(), fault.folderMode), 0);
-
-    EXPECT_TRUE(inChild([&] {
-        if (!becomePlainUser() || !fillDisk(fault.diskSpace)) return false;
-        return Files::write(folder.path("a.script"), newText) == fault.succeeds;
-    }));
-    ASSERT_EQ(chmod(folder.at().c_str(), 0700), 0);
-    ASSERT_EQ(chmod(folder.at("a.script").c_str(), 0600), 0);
-    EXPECT_EQ(folder.get("a.script"), fault.succeeds ? newText : oldText);
-    EXPECT_EQ(folder.count(), 1) << "something is left in the folder";
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) < 2);
+    return status == 0;
 }
 
 TEST(Files, AFailingDiskLeavesTheOldFileWhole) {
-    const Fault faults[] = {
+    const struct {
+        const char* name;
+        mode_t folderMode, fileMode;
+        rlim_t diskSpace;
+        std::size_t newSize;
+        bool succeeds;
+    } faults[] = {
         {"no fault", 0700, 0600, RLIM_INFINITY, 5, true},
         {"nothing fits", 0700, 0600, 0, 5, false},
         {"full half-way", 0700, 0600, 50000, 60000, false},
@@ -196,17 +179,29 @@ TEST(Files, AFailingDiskLeavesTheOldFileWhole) {
         {"read-only folder, full, growing", 0500, 0600, 120000, 150000, false},
         {"read-only folder, full, shrinking", 0500, 0600, 20000, 50000, false},
     };
-    for (const Fault& fault : faults) expectWholeFile(fault);
+    const std::string oldText(100000, 'o');
+    for (const auto& fault : faults) {
+        SCOPED_TRACE(fault.name);
+        const TempFolder folder;
+        const std::string newText(fault.newSize, 'n');
+        folder.put("a.script", oldText);
+        giveToNobody(folder.at("a.script"), fault.fileMode);
+        giveToNobody(folder.at(), fault.folderMode);
+        EXPECT_EQ(writesAsNobody(folder.path("a.script"), newText, fault.diskSpace),
+                  fault.succeeds);
+        giveToNobody(folder.at(), 0700);
+        giveToNobody(folder.at("a.script"), 0600);
+        EXPECT_EQ(folder.get("a.script"), fault.succeeds ? newText : oldText);
+        EXPECT_EQ(folder.count(), 1) << "something is left in the folder";
+    }
 }
 
 TEST(Files, ANewFileOnAFullDiskIsNotLeftBehind) {
     const TempFolder folder;
+    giveToNobody(folder.at(), 0700);
     const std::string longestName(255, 'n');
-    for (const std::string& name : {std::string("a.script"), longestName}) {
-        EXPECT_TRUE(inChild([&] {
-            return fillDisk(10) && !Files::write(folder.path(name), std::string(20, 'x'));
-        }));
-    }
+    for (const std::string& name : {std::string("a.script"), longestName})
+        EXPECT_FALSE(writesAsNobody(folder.path(name), std::string(20, 'x'), 10));
     EXPECT_EQ(folder.count(), 0);
     for (const char* bytes : {"one", "two"}) {
         EXPECT_TRUE(Files::write(folder.path(longestName), bytes));
