@@ -159,9 +159,9 @@ TEST_F(EntityTreeTest, TheUserPicksTheValueOfARecord) {
     EXPECT_TRUE(door->isExpanded());
     doubleClick(placeOf(view.topLevelItem(1)));
     const QPoint record = placeOf(door->child(0));
+    click(record);
     click({100, 290});
     QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, record);
-    click(record);
     doubleClick(record, Qt::RightButton);
     doubleClick({view.visualItemRect(door).left() - 8, placeOf(door).y()});
     EXPECT_EQ(taken(), "") << "class, from outside, one click, another button, the class's sign";
