@@ -15,6 +15,7 @@
 #include "document/AppState.h"
 #include "document/Environment.h"
 #include "editor/ScriptSyntax.h"
+#include "reference/ImportMapEntities.h"
 #include "system/Desktop.h"
 #include "system/DroppedFile.h"
 #include "system/Twips.h"
@@ -35,12 +36,23 @@ frmMain::frmMain(AppState& state, const Environment& environment)
       picToolBar_(makeToolBar()),
       errorLine_(environment.desktop, lock_, *this, inner_),
       statusPanes_(inner_),
+      reference_(environment.programFolder),
       completionPopup_(
-          *editor_, [](const std::string&) { return QString(); }, inner_),
+          *editor_,
+          [this](const std::string& word) {
+              return reference_.usageOf(QString::fromStdString(word));
+          },
+          inner_),
       typingAids_(state, *editor_, completionPopup_),
       undo_(state, *editor_),
       document_(state, environment, *editor_, lock_, undo_, documentEvents()),
       editCommands_(environment, *editor_, document_),
+      commandTree_(
+          sidePanels_.TreeView1(),
+          {.insert = [this](const QString& command) { insertPicked(command); },
+           .describe = [this](const QString& usage,
+                              const QString& text) { sidePanels_.describe(usage, text); }}),
+      entityTree_(sidePanels_.TreeView2(), [this](const QString& value) { insertPicked(value); }),
       layout_(controls()),
       position_(*this, environment.settings) {
     setObjectName(QStringLiteral("frmMain"));
@@ -108,10 +120,14 @@ Document::Events frmMain::documentEvents() {
             },
         .problem = [this](const QString& message) { UpdateError(message); },
         .loading = [this](bool loading) { statusPanes_.setLineVisible(!loading); },
-        .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
+        .textReplaced =
+            [this] {
+                statusPanes_.showLine(editor_->GetCurrentLine());
+                completionPopup_.hide();
+            },
         .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
-        .opened = {},
-        .startedWithScript = {},
+        .opened = [this] { importMap(); },
+        .startedWithScript = [this] { importMap(); },
     };
 }
 
@@ -140,6 +156,7 @@ void frmMain::setFirstSize() {
 
 void frmMain::Form_Load() {
     errorLine_.clear();
+    reference_.open();
     position_.restore();
     FormLoaded_ = true;
     completionPopup_.hide();
@@ -159,6 +176,17 @@ void frmMain::Form_Load() {
         else
             document_.startWith(environment_.commandLine);
     });
+    LoadScriptRef();
+}
+
+void frmMain::LoadScriptRef() {
+    commandTree_.LoadScriptRef(reference_,
+                               [this](const QString& problem) { UpdateError(problem); });
+}
+
+void frmMain::importMap() {
+    ImportMapEntities(state_.WolfDir, document_.MapName(), entityTree_,
+                      [this](const QString& problem) { UpdateError(problem); });
 }
 
 void frmMain::makeOptions() {
@@ -190,6 +218,7 @@ void frmMain::Form_Resize() {
 void frmMain::Form_QueryUnload(bool& Cancel) {
     Cancel = !document_.mayClose();
     if (Cancel) return;
+    reference_.close();
     ended_ = true;
     environment_.endProgram();
 }
@@ -297,6 +326,13 @@ void frmMain::funEdit_Click() {
     for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
     commands_.enable("funPaste", environment_.desktop.hasClipboardText());
     commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
+}
+
+void frmMain::insertPicked(const QString& word) {
+    lock_.run([this, &word] {
+        typingAids_.exactly([this, &word] { editCommands_.insert(word); });
+        editor_->SetFocus();
+    });
 }
 
 void frmMain::funPaste_Click() {

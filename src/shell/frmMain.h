@@ -8,6 +8,9 @@
 #include "document/EditCommands.h"
 #include "document/UndoHistory.h"
 #include "editor/KELP_RTBSyntax.h"
+#include "reference/CommandTree.h"
+#include "reference/EntityTree.h"
+#include "reference/ReferenceDatabase.h"
 #include "shell/Commands.h"
 #include "shell/CompletionPopup.h"
 #include "shell/ErrorLine.h"
@@ -55,6 +58,7 @@ class frmMain : public QWidget {
     void Redo() { undo_.Redo(); }
     /// Adds a line to txtError; the result is always empty.
     QString UpdateError(const QString& ErrorMessage);
+    void LoadScriptRef();
     void InitSyntaxEditor();
 
     // --- Commands ------------------------------------------------------------------------------
@@ -108,6 +112,9 @@ class frmMain : public QWidget {
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
     void openDropped(const QString& path);
+    void importMap();
+    /// A word that the user picked in a tree goes into the script and stays selected.
+    void insertPicked(const QString& word);
     void closeNow(bool& Cancel);
     /// Asks again when the running command has ended.
     void closeWhenFree();
@@ -140,11 +147,14 @@ class frmMain : public QWidget {
     ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
+    ReferenceDatabase reference_;
     CompletionPopup completionPopup_;
     TypingAids typingAids_;
     UndoHistory undo_;
     Document document_;
     EditCommands editCommands_;
+    CommandTree commandTree_;
+    EntityTree entityTree_;
     MainLayout layout_;
     WindowPosition position_;
     std::unique_ptr<frmOptions> options_;

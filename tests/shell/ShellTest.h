@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFile>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QTimer>
@@ -26,8 +27,15 @@ class ShellTest : public SettingsTest {
   protected:
     ShellTest() {
         folder.put("program/preset.txt", "preset\r\n");
+        // the database that is built for the program
+        const QString built = QCoreApplication::applicationDirPath() + "/../../brindlex/";
+        QFile::link(built + "scriptref.mdb", folder.path("program/scriptref.mdb"));
         folder.put("scripts/battery.script", "spawn\r\n");
+        folder.put("maps/battery.map", "");
         put("GetPreset", "1");
+        put("AutoComplete", "0");
+        put("AutoBlockIndent", "0");
+        put("TypeOther", "0");
         put("WolfDir", folder.path("maps"));
     }
 

@@ -4,14 +4,13 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include "support/HostileSystem.h"
+#include "support/PlainUser.h"
 #include "support/TempFolder.h"
 
 namespace brindlex {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace HostileSystem;
 
 /// A folder with a database that was made without the code under test.
 class RecordSetTest : public testing::Test {
@@ -194,10 +193,9 @@ TEST_F(RecordSetTest, AFileOrFolderThatTakesNoWriteCanBeRead) {
     for (const auto& [ofFolder, ofFile] : {std::pair(0777U, 0444U), std::pair(0555U, 0666U)}) {
         chmod(folder.at().c_str(), ofFolder);
         chmod(folder.at("scriptref.mdb").c_str(), ofFile);
-        EXPECT_TRUE(inChild([&] {
+        EXPECT_TRUE(asPlainUser([&] {
             RecordSet rows;
-            if (!becomePlainUser() || !connection.Open() || !open(rows, "MAIN", connection))
-                return false;
+            if (!connection.Open() || !open(rows, "MAIN", connection)) return false;
             rows.SetFields("DESCR2", "x");
             return !rows.Update() && descriptions().starts_with("Waits");
         })) << ofFolder;
