@@ -56,9 +56,8 @@ void EditCommands::funInsTD_Click() {
     insert(QLocale::system().toString(today, QLocale::ShortFormat));
 }
 
-/// Puts `text` in the place of the selection and selects it. A handler of the edit may edit as
-/// well, so start and length are known before it.
 void EditCommands::insert(const QString& text) {
+    // a handler of the edit may edit as well, so start and length are known before it
     const RichTextBox& box = editor_.box();
     const Offset start = box.wholeBreaks(box.selection()).begin();
     std::string storage;

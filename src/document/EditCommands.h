@@ -24,10 +24,10 @@ class EditCommands {
     void funSelectAll_Click();
     void funInsMap_Click();
     void funInsTD_Click();
-
-  private:
+    /// Puts `text` in the place of the selection and selects it.
     void insert(const QString& text);
 
+  private:
     const Environment& environment_;
     KELP_RTBSyntax& editor_;
     const Document& document_;

@@ -4,7 +4,15 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+#include "system/Twips.h"
+
 namespace brindlex {
+
+namespace {
+
+constexpr double kMargin = 75;  // twips
+
+}  // namespace
 
 CompletionTip::CompletionTip(QWidget* parent) : QLineEdit(parent) {
     setObjectName(QStringLiteral("Picture2"));
@@ -17,6 +25,13 @@ CompletionTip::CompletionTip(QWidget* parent) : QLineEdit(parent) {
     colors.setColor(QPalette::Text, colors.color(QPalette::ToolTipText));
     setPalette(colors);
     hide();
+}
+
+QSize CompletionTip::sizeOfText() const {
+    // the toolkit's own space beside the text, and the caret's
+    constexpr int kPixelsBeside = 8;
+    const int width = fontMetrics().horizontalAdvance(text()) + Twips::toPixels(kMargin);
+    return {width + kPixelsBeside, sizeHint().height()};
 }
 
 void CompletionTip::mousePressEvent(QMouseEvent*) {

@@ -10,6 +10,9 @@ class CompletionTip : public QLineEdit {
   public:
     explicit CompletionTip(QWidget* parent = nullptr);
 
+    /// As wide as its text and a margin, as high as a line.
+    QSize sizeOfText() const;
+
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

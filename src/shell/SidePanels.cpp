@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QFrame>
+#include <QScrollArea>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -21,16 +22,20 @@ QTreeWidget* makeTree(QWidget* parent, const char* name, const char* accessibleN
 
 }  // namespace
 
-CaptionLabel::CaptionLabel(const char* name, QWidget* parent) : QLabel(parent) {
+CaptionLabel::CaptionLabel(const char* name, const char* accessibleName, QWidget* parent)
+    : QLabel(parent) {
     setObjectName(QString::fromLatin1(name));
+    setAccessibleName(QString::fromLatin1(accessibleName));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
 void CaptionLabel::SetCaption(const QString& caption) {
     setText(caption);
     setToolTip(toolTipText(caption));
+    setAccessibleDescription(caption);
 }
 
 SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent)
@@ -47,16 +52,35 @@ SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* pare
     pane->setAccessibleName(QStringLiteral("Description of the command"));
     pane->setAutoFillBackground(true);
     Picture1_ = pane;
-    Label3_ = new CaptionLabel("Label3", Picture1_);
+    fillDescription();
+    show(SidePanel::None);
+}
+
+/// The texts wrap, and scroll where the pane is too low for them.
+void SidePanels::fillDescription() {
+    auto* texts = new QWidget;
+    Label3_ = new CaptionLabel("Label3", "Usage", texts);
     QFont bold = Label3_->font();
     bold.setBold(true);
     Label3_->setFont(bold);
-    Label4_ = new CaptionLabel("Label4", Picture1_);
-    auto* column = new QVBoxLayout(Picture1_);
+    Label4_ = new CaptionLabel("Label4", "Description", texts);
+    auto* column = new QVBoxLayout(texts);
     column->setContentsMargins(4, 4, 4, 4);
     column->addWidget(Label3_);
     column->addWidget(Label4_, 1);
-    show(SidePanel::None);
+    auto* scroll = new QScrollArea(Picture1_);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setAccessibleName(Picture1_->accessibleName());
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(texts);  // takes it over
+    auto* fill = new QVBoxLayout(Picture1_);
+    fill->setContentsMargins(0, 0, 0, 0);
+    fill->addWidget(scroll);
+}
+
+void SidePanels::describe(const QString& usage, const QString& description) {
+    Label3_->SetCaption(usage);
+    Label4_->SetCaption(description);
 }
 
 void SidePanels::show(SidePanel panel) {

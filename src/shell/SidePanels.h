@@ -16,7 +16,7 @@ enum class SidePanel {
 /// A label of plain text whose tool tip follows its caption.
 class CaptionLabel : public QLabel {
   public:
-    CaptionLabel(const char* name, QWidget* parent);
+    CaptionLabel(const char* name, const char* accessibleName, QWidget* parent);
     void SetCaption(const QString& caption);
 };
 
@@ -32,8 +32,8 @@ class SidePanels {
     /// The parent of TreeView2, which fills it but for its margins.
     QWidget& entityPane() { return *entityPane_; }
     QWidget& Picture1() { return *Picture1_; }
-    CaptionLabel& Label3() { return *Label3_; }
-    CaptionLabel& Label4() { return *Label4_; }
+    /// The texts of Label3 and Label4.
+    void describe(const QString& usage, const QString& description);
 
     SidePanel shown() const { return shown_; }
     /// Shows this panel alone and sets the check marks to match.
@@ -44,6 +44,8 @@ class SidePanels {
     bool haveFocus() const;
 
   private:
+    void fillDescription();
+
     QAction& funShowCmd_;
     QAction& funScriptTar_;
     QTreeWidget* TreeView1_;

@@ -15,22 +15,13 @@
 #include "document/AppState.h"
 #include "document/Environment.h"
 #include "editor/ScriptSyntax.h"
+#include "reference/ImportMapEntities.h"
 #include "system/Desktop.h"
 #include "system/DroppedFile.h"
 #include "system/Twips.h"
 
 namespace brindlex {
-namespace {
-
-QListWidget* makeCompletionList(QWidget* parent) {
-    auto* list = new QListWidget(parent);
-    list->setObjectName(QStringLiteral("List4"));
-    list->setAccessibleName(QStringLiteral("Words that fit"));
-    list->hide();
-    return list;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 // Of two controls that overlap, the one made later lies above.
 frmMain::frmMain(AppState& state, const Environment& environment)
@@ -45,11 +36,23 @@ frmMain::frmMain(AppState& state, const Environment& environment)
       picToolBar_(makeToolBar()),
       errorLine_(environment.desktop, lock_, *this, inner_),
       statusPanes_(inner_),
-      List4_(makeCompletionList(inner_)),
-      Picture2_(new CompletionTip(inner_)),
+      reference_(environment.programFolder),
+      completionPopup_(
+          *editor_,
+          [this](const std::string& word) {
+              return reference_.usageOf(QString::fromStdString(word));
+          },
+          inner_),
+      typingAids_(state, *editor_, completionPopup_),
       undo_(state, *editor_),
       document_(state, environment, *editor_, lock_, undo_, documentEvents()),
       editCommands_(environment, *editor_, document_),
+      commandTree_(
+          sidePanels_.TreeView1(),
+          {.insert = [this](const QString& command) { insertPicked(command); },
+           .describe = [this](const QString& usage,
+                              const QString& text) { sidePanels_.describe(usage, text); }}),
+      entityTree_(sidePanels_.TreeView2(), [this](const QString& value) { insertPicked(value); }),
       layout_(controls()),
       position_(*this, environment.settings) {
     setObjectName(QStringLiteral("frmMain"));
@@ -98,6 +101,10 @@ MainLayout::Controls frmMain::controls() {
 void frmMain::wireEditor() {
     editor_->onChange = [this] { KELP_RTBSyntax1_Change(); };
     editor_->onSelChange = [this] { KELP_RTBSyntax1_SelChange(); };
+    editor_->onKeyDown = [this](int& KeyCode, int Shift) { typingAids_.KeyDown(KeyCode, Shift); };
+    editor_->onKeyPress = [this](int& KeyAscii) { typingAids_.KeyPress(KeyAscii); };
+    editor_->onClick = [this] { typingAids_.Click(); };
+    completionPopup_.onTake = [this] { typingAids_.List4_DblClick(); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },
@@ -113,10 +120,14 @@ Document::Events frmMain::documentEvents() {
             },
         .problem = [this](const QString& message) { UpdateError(message); },
         .loading = [this](bool loading) { statusPanes_.setLineVisible(!loading); },
-        .textReplaced = [this] { statusPanes_.showLine(editor_->GetCurrentLine()); },
+        .textReplaced =
+            [this] {
+                statusPanes_.showLine(editor_->GetCurrentLine());
+                completionPopup_.hide();
+            },
         .backedUp = [this](QTime time) { statusPanes_.showBackupTime(time); },
-        .opened = {},
-        .startedWithScript = {},
+        .opened = [this] { importMap(); },
+        .startedWithScript = [this] { importMap(); },
     };
 }
 
@@ -145,9 +156,10 @@ void frmMain::setFirstSize() {
 
 void frmMain::Form_Load() {
     errorLine_.clear();
+    reference_.open();
     position_.restore();
     FormLoaded_ = true;
-    List4_->hide();
+    completionPopup_.hide();
     makeOptions();
     editor_->SetFont(editorFont(state_));
     InitSyntaxEditor();
@@ -164,6 +176,17 @@ void frmMain::Form_Load() {
         else
             document_.startWith(environment_.commandLine);
     });
+    LoadScriptRef();
+}
+
+void frmMain::LoadScriptRef() {
+    commandTree_.LoadScriptRef(reference_,
+                               [this](const QString& problem) { UpdateError(problem); });
+}
+
+void frmMain::importMap() {
+    ImportMapEntities(state_.WolfDir, document_.MapName(), entityTree_,
+                      [this](const QString& problem) { UpdateError(problem); });
 }
 
 void frmMain::makeOptions() {
@@ -195,6 +218,7 @@ void frmMain::Form_Resize() {
 void frmMain::Form_QueryUnload(bool& Cancel) {
     Cancel = !document_.mayClose();
     if (Cancel) return;
+    reference_.close();
     ended_ = true;
     environment_.endProgram();
 }
@@ -269,8 +293,9 @@ void frmMain::InitSyntaxEditor() {
 
 void frmMain::KELP_RTBSyntax1_Change() {
     document_.textChanged();
-    if (!document_.EditorReady() || !state_.UndoRecording) return;
-    undo_.record();
+    const bool isTyped = document_.EditorReady() && state_.UndoRecording;
+    if (isTyped) undo_.record();
+    typingAids_.Change(isTyped);
 }
 
 void frmMain::KELP_RTBSyntax1_SelChange() {
@@ -301,6 +326,26 @@ void frmMain::funEdit_Click() {
     for (const char* name : {"funCut", "funCopy"}) commands_.enable(name, !box.selection().empty());
     commands_.enable("funPaste", environment_.desktop.hasClipboardText());
     commands_.enable("funInsMap", !document_.FileTitle().isEmpty());
+}
+
+void frmMain::insertPicked(const QString& word) {
+    lock_.run([this, &word] {
+        typingAids_.exactly([this, &word] { editCommands_.insert(word); });
+        editor_->SetFocus();
+    });
+}
+
+void frmMain::funPaste_Click() {
+    typingAids_.takeOutRest();
+    editCommands_.funPaste_Click();
+}
+
+void frmMain::funInsMap_Click() {
+    typingAids_.exactly([this] { editCommands_.funInsMap_Click(); });
+}
+
+void frmMain::funInsTD_Click() {
+    typingAids_.exactly([this] { editCommands_.funInsTD_Click(); });
 }
 
 void frmMain::togglePanel(SidePanel panel) {

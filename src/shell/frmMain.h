@@ -8,17 +8,20 @@
 #include "document/EditCommands.h"
 #include "document/UndoHistory.h"
 #include "editor/KELP_RTBSyntax.h"
+#include "reference/CommandTree.h"
+#include "reference/EntityTree.h"
+#include "reference/ReferenceDatabase.h"
 #include "shell/Commands.h"
-#include "shell/CompletionTip.h"
+#include "shell/CompletionPopup.h"
 #include "shell/ErrorLine.h"
 #include "shell/LoadedForms.h"
 #include "shell/MainLayout.h"
 #include "shell/SidePanels.h"
 #include "shell/StatusPanes.h"
 #include "shell/ToolBar.h"
+#include "shell/TypingAids.h"
 #include "shell/WindowPosition.h"
 
-class QListWidget;
 class QMenuBar;
 
 namespace brindlex {
@@ -55,6 +58,7 @@ class frmMain : public QWidget {
     void Redo() { undo_.Redo(); }
     /// Adds a line to txtError; the result is always empty.
     QString UpdateError(const QString& ErrorMessage);
+    void LoadScriptRef();
     void InitSyntaxEditor();
 
     // --- Commands ------------------------------------------------------------------------------
@@ -80,11 +84,11 @@ class frmMain : public QWidget {
     void funRedo_Click() { Redo(); }
     void funCut_Click() { editCommands_.funCut_Click(); }
     void funCopy_Click() { editCommands_.funCopy_Click(); }
-    void funPaste_Click() { editCommands_.funPaste_Click(); }
+    void funPaste_Click();
     void funDelete_Click() { editCommands_.funDelete_Click(); }
     void funSelectAll_Click() { editCommands_.funSelectAll_Click(); }
-    void funInsMap_Click() { editCommands_.funInsMap_Click(); }
-    void funInsTD_Click() { editCommands_.funInsTD_Click(); }
+    void funInsMap_Click();
+    void funInsTD_Click();
     // --- Menu Tools ----------------------------------------------------------------------------
     void funComBlock_Click() { editor_->CommentBlock(); }
     void funUnComBlock_Click() { editor_->UnCommentBlock(); }
@@ -108,6 +112,9 @@ class frmMain : public QWidget {
     void KELP_RTBSyntax1_Change();
     void KELP_RTBSyntax1_SelChange();
     void openDropped(const QString& path);
+    void importMap();
+    /// A word that the user picked in a tree goes into the script and stays selected.
+    void insertPicked(const QString& word);
     void closeNow(bool& Cancel);
     /// Asks again when the running command has ended.
     void closeWhenFree();
@@ -140,11 +147,14 @@ class frmMain : public QWidget {
     ToolBar* picToolBar_;
     ErrorLine errorLine_;
     StatusPanes statusPanes_;
-    QListWidget* List4_;
-    CompletionTip* Picture2_;
+    ReferenceDatabase reference_;
+    CompletionPopup completionPopup_;
+    TypingAids typingAids_;
     UndoHistory undo_;
     Document document_;
     EditCommands editCommands_;
+    CommandTree commandTree_;
+    EntityTree entityTree_;
     MainLayout layout_;
     WindowPosition position_;
     std::unique_ptr<frmOptions> options_;

@@ -173,6 +173,7 @@ void RichTextBox::assign(const Rope& text) {
 
 void RichTextBox::finish(const std::optional<TextEdit>& edit, Offset caret) {
     const bool moved = moveSelection(caret, caret);
+    if (edit) lastEditInserted_ = edit->inserted > 0;
     checkChange();
     announce(edit, moved);
 }

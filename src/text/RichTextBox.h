@@ -85,6 +85,8 @@ class RichTextBox {
     void SetText(const Rope& text);
     void SetText(std::string_view text) { SetText(Rope(text)); }
     std::size_t length() const { return rope_.size(); }
+    /// Whether the last change of the text put something in, and did not only remove.
+    bool lastEditInserted() const { return lastEditInserted_; }
 
     // --- Selection -----------------------------------------------------------------------------
     Long SelStart() const;
@@ -254,6 +256,7 @@ class RichTextBox {
     FormatRuns formats_;
     Offset anchor_;
     Offset caret_;
+    bool lastEditInserted_ = false;
     bool locked_ = false;
     Long maxLength_ = 0;
     RichTextObserver* observer_ = nullptr;

@@ -115,6 +115,10 @@ QString RichTextView::preedit() const {
     return layouts_->preedit().text;
 }
 
+bool RichTextView::isComposing() const {
+    return inputMethod_->isComposing();
+}
+
 void RichTextView::setDropCaret(std::optional<Offset> offset) {
     dropCaret_ = offset;
     if (dropCaret_) dropCaret_ = std::min(*dropCaret_, Offset(box_.length()));

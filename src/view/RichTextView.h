@@ -128,6 +128,8 @@ class RichTextView : public QAbstractScrollArea, private RichTextObserver {
     /// Shows a text at the caret that is not in the box yet; an empty one takes it away.
     void setPreedit(Preedit preedit);
     QString preedit() const;
+    /// An input method composes a text, also while the part of it that is done is typed.
+    bool isComposing() const;
     /// Inserts a text that is being composed as it stands, as a loss of the focus does.
     void commitComposition();
     /// Another widget covers the heights [top, end) of the viewport; none when they are equal. The

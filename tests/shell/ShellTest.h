@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFile>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QTimer>
@@ -27,9 +28,16 @@ class ShellTest : public SettingsTest {
     ShellTest() {
         folder.put("program/preset.txt", "preset\r\n");
         folder.put("program/Backups/keep", "");
+        // the database that is built for the program
+        const QString built = QCoreApplication::applicationDirPath() + "/../../brindlex/";
+        QFile::link(built + "scriptref.mdb", folder.path("program/scriptref.mdb"));
         folder.put("scripts/battery.script", "spawn\r\n");
         folder.put("scripts/next.script", "next");
+        folder.put("maps/battery.map", "");
         put("GetPreset", "1");
+        put("AutoComplete", "0");
+        put("AutoBlockIndent", "0");
+        put("TypeOther", "0");
         put("WolfDir", folder.path("maps"));
     }
 

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <tuple>
 
+#include "support/PlainUser.h"
 #include "support/TempFolder.h"
 #include "text/Random.h"
 
@@ -117,9 +118,6 @@ TEST(Files, LinksAreWrittenThroughAlsoToAFileNotThereYet) {
     EXPECT_TRUE(fs::is_symlink(folder.at("real/deep/dangling")));
 }
 
-/// A user who is not root, so that permissions count.
-constexpr unsigned kNobody = 65534;
-
 void giveToNobody(const fs::path& path, mode_t mode) {
     ASSERT_TRUE(getuid() != 0 || chown(path.c_str(), kNobody, kNobody) == 0);
     ASSERT_EQ(chmod(path.c_str(), mode), 0);
@@ -141,21 +139,14 @@ TEST(Files, PermissionsAndOwnerStay) {
 
 // --- A disk that fails ---------------------------------------------------------------------------
 
-/// Writes in a child process that gives up what root may do, and for which no file can grow past
-/// `diskSpace`: writing fails half-way, as on a full disk.
+/// Writes as a plain user for whom no file can grow past `diskSpace`: writing fails half-way, as on
+/// a full disk.
 bool writesAsNobody(const QString& path, const std::string& bytes, rlim_t diskSpace) {
-    const pid_t child = fork();
-    if (child == 0) {
-        const bool isPlain = getuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0);
+    return asPlainUser([&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{diskSpace, RLIM_INFINITY};
-        if (!isPlain || setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(2);
-        _exit(Files::write(path, bytes) ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) < 2);
-    return status == 0;
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0 && Files::write(path, bytes);
+    });
 }
 
 TEST(Files, AFailingDiskLeavesTheOldFileWhole) {

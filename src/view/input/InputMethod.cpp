@@ -61,6 +61,7 @@ void InputMethod::handle(QInputMethodEvent& event) {
         event.ignore();
         return;
     }
+    isComposing_ = !event.preeditString().isEmpty();
     view_.setPreedit({});
     if (event.replacementLength() > 0) replaceRelative(event);
     keys_.typeText(event.commitString());
@@ -92,6 +93,7 @@ void InputMethod::select(const QInputMethodEvent& event) {
 }
 
 void InputMethod::commit() {
+    isComposing_ = false;
     if (view_.preedit().isEmpty()) return;
     QInputMethod* method = QGuiApplication::inputMethod();
     if (QGuiApplication::focusObject() == &view_) method->commit();

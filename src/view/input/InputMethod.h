@@ -28,6 +28,8 @@ class InputMethod {
     QVariant answer(Qt::InputMethodQuery query);
     /// Types the composed text as it stands.
     void commit();
+    /// A text is being composed, also while the part of it that is done is typed.
+    bool isComposing() const { return isComposing_; }
     /// Caret, selection or text changed. The system's input method is told once, from the event
     /// loop, for all changes so far.
     void changed();
@@ -45,6 +47,7 @@ class InputMethod {
     CaretActions& actions_;
     KeyInput& keys_;
     QTimer pending_;
+    bool isComposing_ = false;
 };
 
 }  // namespace brindlex
