@@ -1,26 +1,23 @@
 #pragma once
 
-#include <string>
-
 #include "support/FakeDesktop.h"
 #include "widgets/XPButton.h"
 
 namespace brindlex {
 
-/// A host that a test sets, and that writes down what it is told.
+/// A host that a test sets.
 struct TestHost : XPButtonHost {
     bool userMode = true;
     bool displayAsDefault = false;
     ColorValue backColor = kButtonFace;
     QFont font{"Courier New", 11};
-    std::string told;
 
     bool UserMode() const override { return userMode; }
     bool DisplayAsDefault() const override { return displayAsDefault; }
     ColorValue BackColor() const override { return backColor; }
     QString DisplayName() const override { return QStringLiteral("btnOne"); }
     std::optional<QFont> containerFont() const override { return font; }
-    void propertyChanged(const QString& key) override { told += key.toStdString() + " "; }
+    void propertyChanged(const QString&) override {}
 };
 
 inline QImage plainImage(const QSize& size, const QColor& color) {
