@@ -17,8 +17,9 @@ inline constexpr std::size_t kLongestWord = 4096;
 /// Cost: O(log n) and the bytes returned.
 std::string wordInFrontOf(const Rope& text, Offset caret);
 
-/// Whether `entry` begins with what `word` stands for: "?" is any one byte, "#" any digit, "[abx-z]"
-/// one byte of that set, "[!ab]" one that is not in it, "[]" nothing; any other byte is itself. A
+/// Whether `entry` begins with what `word` stands for: "?" is any one byte, "#" any digit,
+/// "[abx-z]" one byte of that set, "[!ab]" one that is not in it, "[]" nothing; any other byte is
+/// itself. A
 /// "[" without its "]" and a range that runs backwards match nothing; so does a word with a "*" or
 /// one that is too long.
 bool beginsWith(std::string_view entry, std::string_view word);

@@ -2,8 +2,8 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QFile>
 #include <QDragEnterEvent>
+#include <QFile>
 #include <QMimeData>
 #include <QTimer>
 #include <QUrl>

@@ -77,7 +77,8 @@ class XPButtonFrameTest : public testing::Test {
             const Bgr color = ColorValue::of(image.pixelColor(at)).value();
             const bool isRight = sign < '1' || sign > '9' || color == colors.at(sign - '1');
             EXPECT_TRUE(isRight && button.mask().contains(at) == (sign != '_'))
-                << "shape " << button.ButtonShape() << ", flags " << state.ButtonFlags << ", at " << i;
+                << "shape " << button.ButtonShape() << ", flags " << state.ButtonFlags << ", at "
+                << i;
             ++i;
         }
     }
