@@ -1,6 +1,7 @@
 #include "bench/OpenProgram.h"
 
 #include <QApplication>
+#include <QFile>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -15,12 +16,15 @@ OpenProgram::OpenProgram(std::size_t scriptBytes) {
     std::ofstream file(folder_.filePath(QStringLiteral("bench.script")).toStdString(),
                        std::ios::binary);
     if (!(file << text).flush()) std::abort();
+    const QString built = QCoreApplication::applicationDirPath() + "/../brindlex/scriptref.mdb";
+    QFile::link(built, folder_.filePath(QStringLiteral("scriptref.mdb")));
     program_ = std::make_unique<Program>(Environment{.desktop = desktop_,
                                                      .settings = settings_,
                                                      .programFolder = folder_.path(),
                                                      .commandLine = {},
                                                      .endProgram = [] {}});
     Main(*program_);
+    state().AutoCompleteEnabled = false;
     QApplication::processEvents();
 }
 

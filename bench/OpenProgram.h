@@ -20,11 +20,13 @@ class PickingDesktop : public QtDesktop {
     QString path_;
 };
 
-/// A run of the program in a folder of its own, with a generated script at hand for OpenFile.
+/// A run of the program with the reference, with a generated script at hand for OpenFile. It
+/// completes no words unless its state is told to.
 class OpenProgram {
   public:
     explicit OpenProgram(std::size_t scriptBytes);
 
+    AppState& state() { return program_->state(); }
     frmMain& window() { return program_->mainWindow(); }
     std::size_t scriptBytes() const { return scriptBytes_; }
 

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -49,6 +50,8 @@ int main(int argc, char** argv) {
         return QApplication::exec();
     }
     const QTemporaryDir folder;
+    QFile::link(QCoreApplication::applicationDirPath() + "/../brindlex/scriptref.mdb",
+                folder.filePath("scriptref.mdb"));
     brindlex::QtDesktop desktop;
     brindlex::SettingsStore settings(folder.path());
     brindlex::Program program({.desktop = desktop,

@@ -2,6 +2,7 @@
 
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
+#include <utility>
 
 #include "reference/MapEntities.h"
 
@@ -30,7 +31,8 @@ QString valueOf(const QString& record) {
 }  // namespace
 
 EntityTree::EntityTree(QTreeWidget& TreeView2, std::function<void(const QString& value)> insert)
-    : TreeView2_(TreeView2), picker_(TreeView2, [insert](const QTreeWidgetItem& record) {
+    : TreeView2_(TreeView2),
+      picker_(TreeView2, [insert = std::move(insert)](const QTreeWidgetItem& record) {
           insert(valueOf(record.text(0)));
       }) {
     TreeView2_.setItemDelegate(new ShownText(&TreeView2_));

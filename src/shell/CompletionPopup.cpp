@@ -2,8 +2,9 @@
 
 #include <QAccessible>
 #include <QEvent>
-#include <QListWidget>
+#include <QListView>
 #include <QScrollBar>
+#include <QStringListModel>
 #include <algorithm>
 #include <utility>
 
@@ -17,8 +18,10 @@ namespace {
 constexpr int kMostRows = 8;        // of the list; more scroll
 constexpr double kBelowLine = 100;  // twips between the caret's line and the list
 
-QListWidget* makeList(QWidget* parent) {
-    auto* list = new QListWidget(parent);
+QListView* makeList(QWidget* parent) {
+    auto* list = new QListView(parent);
+    list->setModel(new QStringListModel(list));
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setObjectName(QStringLiteral("List4"));
     list->setAccessibleName(QStringLiteral("Words that fit"));
     list->setFocusPolicy(Qt::NoFocus);
@@ -45,18 +48,18 @@ CompletionPopup::CompletionPopup(KELP_RTBSyntax& editor,
     editor_.rtb().installEventFilter(this);
     for (QScrollBar* bar : {editor_.rtb().verticalScrollBar(), editor_.rtb().horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, [this] { changed(); });
-    connect(List4_, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { select(List4_->row(item)); });
-    connect(List4_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
-        select(List4_->row(item));
+    connect(List4_, &QListView::clicked, this,
+            [this](const QModelIndex& word) { select(word.row()); });
+    connect(List4_, &QListView::doubleClicked, this, [this](const QModelIndex& word) {
+        select(word.row());
         if (onTake) onTake();
     });
 }
 
 void CompletionPopup::setWords(std::vector<std::string> words) {
+    listIsOld_ = listIsOld_ || words != words_;
     words_ = std::move(words);
     row_ = words_.empty() ? -1 : 0;
-    listIsOld_ = true;
     placeIsOld_ = true;
     changed();
 }
@@ -108,7 +111,7 @@ void CompletionPopup::update() {
     if (!shown_) return;
     if (std::exchange(listIsOld_, false)) fillList();
     if (std::exchange(placeIsOld_, false)) {
-        List4_->setCurrentRow(row_);
+        List4_->setCurrentIndex(List4_->model()->index(row_, 0));
         UpdateCompletionTip();
         caret_ = editor_.rtb().posFromChar(editor_.SelStart());
         place();
@@ -119,8 +122,23 @@ void CompletionPopup::update() {
 }
 
 void CompletionPopup::fillList() {
-    List4_->clear();
-    for (const std::string& word : words_) List4_->addItem(QString::fromLatin1(word));
+    QStringList words;
+    for (const std::string& word : words_) words += QString::fromLatin1(word);
+    static_cast<QStringListModel*>(List4_->model())->setStringList(words);
+    listSize_ = sizeOfList(words);
+}
+
+/// As wide as its longest word, and as high as its words up to kMostRows.
+QSize CompletionPopup::sizeOfList(const QStringList& words) const {
+    constexpr int kBesideWord = 8;  // pixels, what the style leaves free
+    const QFontMetrics metrics = List4_->fontMetrics();
+    int width = metrics.height();
+    for (const QString& word : words) width = std::max(width, metrics.horizontalAdvance(word));
+    const auto count = static_cast<int>(words.size());
+    const int bar = count > kMostRows ? List4_->verticalScrollBar()->sizeHint().width() : 0;
+    const int rowHeight = count > 0 ? List4_->sizeHintForRow(0) : metrics.height();
+    const int frame = 2 * List4_->frameWidth();
+    return {width + kBesideWord + bar + frame, std::clamp(count, 1, kMostRows) * rowHeight + frame};
 }
 
 void CompletionPopup::UpdateCompletionTip() {
@@ -134,36 +152,25 @@ void CompletionPopup::UpdateCompletionTip() {
 /// on top of the list. Both stay inside the window.
 void CompletionPopup::place() {
     const QSize room = List4_->parentWidget()->size();
-    const QSize list = sizeOfList();
     const QSize tip = Picture2_->sizeOfText().boundedTo(room);
     const QRect caret = editor_.rtb().caretRect();
     const QPoint line = editor_.pos() + caret_;
     const int gap = Twips::toPixels(kBelowLine);
     const int letters = std::max(List4_->parentWidget()->fontMetrics().height(), caret.height());
     const int below = line.y() + letters + gap;
-    const bool fits = below + list.height() + tip.height() <= room.height();
-    const int both = list.height() + tip.height();
+    const bool fits = below + listSize_.height() + tip.height() <= room.height();
+    const int both = listSize_.height() + tip.height();
     const int top = inside(fits ? below : line.y() - gap - both, both, room.height());
-    const QPoint listAt(inside(line.x(), list.width(), room.width()),
+    const QPoint listAt(inside(line.x(), listSize_.width(), room.width()),
                         fits ? top : top + tip.height());
     const QPoint tipAt(inside(line.x(), tip.width(), room.width()),
-                       fits ? top + list.height() : top);
-    List4_->setGeometry({listAt, list});
+                       fits ? top + listSize_.height() : top);
+    List4_->setGeometry({listAt, listSize_});
     Picture2_->setGeometry({tipAt, tip});
     for (QWidget* widget : {static_cast<QWidget*>(List4_), static_cast<QWidget*>(Picture2_)})
         widget->raise();
     List4_->show();
     Picture2_->setVisible(!Picture2_->text().isEmpty());
-}
-
-/// As wide as its longest word, and as high as its words up to kMostRows.
-QSize CompletionPopup::sizeOfList() const {
-    const int count = List4_->count();
-    const int bar = count > kMostRows ? List4_->verticalScrollBar()->sizeHint().width() : 0;
-    const int rowHeight = count > 0 ? List4_->sizeHintForRow(0) : List4_->fontMetrics().height();
-    const int frame = 2 * List4_->frameWidth();
-    return {std::max(List4_->sizeHintForColumn(0), rowHeight) + bar + frame,
-            std::clamp(count, 1, kMostRows) * rowHeight + frame};
 }
 
 /// A screen reader follows the focus, which stays in the editor: so it is told of the selection.

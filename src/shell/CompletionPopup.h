@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-class QListWidget;
+class QListView;
 
 namespace brindlex {
 
@@ -53,19 +53,20 @@ class CompletionPopup : public QObject {
     void fillList();
     void UpdateCompletionTip();
     void place();
-    QSize sizeOfList() const;
+    QSize sizeOfList(const QStringList& words) const;
     void tellAssistiveTechnology();
 
     KELP_RTBSyntax& editor_;
     std::function<QString(const std::string&)> usage_;
-    QListWidget* List4_;
+    QListView* List4_;
     CompletionTip* Picture2_;
     std::vector<std::string> words_;
     int row_ = -1;
     bool shown_ = false;
     bool updatePosted_ = false;
-    bool listIsOld_ = false;
+    bool listIsOld_ = true;
     bool placeIsOld_ = false;
+    QSize listSize_;
     QPoint caret_;  // where the caret stood when the two were placed, in pixels of the view
 };
 

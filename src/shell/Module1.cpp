@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QSessionManager>
+#include <csignal>
 #include <utility>
 
 #include "editor/ScriptSyntax.h"
@@ -38,6 +39,10 @@ void askAtLogOut(frmMain& window, QSessionManager& session) {
 }  // namespace
 
 int runProgram(int argc, char** argv) {
+#ifdef SIGXFSZ
+    // A file that may not grow further fails a write, which is told as such.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     // All arguments together are one path, which the toolkit must not take options out of. Only a
     // session manager starts the program with an option, and without a path.
     const QString commandLine = QCoreApplication(argc, argv).arguments().mid(1).join(' ');

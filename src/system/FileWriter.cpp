@@ -1,6 +1,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 #include <algorithm>
 
 #include "system/Files.h"
@@ -97,6 +98,11 @@ Outcome writeBeside(const QString& path, std::string_view bytes) {
     return file.commit() ? Outcome::Done : Outcome::Impossible;
 }
 
+/// Whether the disk has room for a second copy. Where it has none, a file can still be overwritten.
+bool hasRoomFor(std::size_t size, const QString& path) {
+    return QStorageInfo(QFileInfo(path).path()).bytesAvailable() >= static_cast<qint64>(size);
+}
+
 bool createInPlace(const QString& path, std::string_view bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return false;
@@ -132,7 +138,8 @@ bool Files::write(const QString& path, std::string_view bytes) {
     const QFileInfo old(*target);
     if (old.exists() && !(old.isFile() && old.isWritable())) return false;
     const Outcome outcome = writeBeside(*target, bytes);
-    if (outcome != Outcome::Impossible) return outcome == Outcome::Done;
+    if (outcome == Outcome::Done) return true;
+    if (outcome == Outcome::Failed && hasRoomFor(bytes.size(), *target)) return false;
     return old.exists() ? writeInPlace(*target, bytes) : createInPlace(*target, bytes);
 }
 

@@ -41,8 +41,8 @@ bool readPieces(const QString& path, const std::function<void(std::string_view)>
 /// Writes a file of exactly this name, through a symbolic link to its target: beside the old one,
 /// flushed to the disk and checked, then renamed over it. Permissions and owner stay. A failed
 /// write returns false and leaves the old file whole. Where that cannot be done (the folder takes
-/// no new file, or the new one cannot have the owner of the old) and the file itself may be
-/// written, it is written in place, and put back should that fail. Refused: a file that may not be
+/// no new file, the disk has no room for a second one, or the new one cannot have the owner of the
+/// old) and the file itself may be written, it is written in place, and put back should that fail. Refused: a file that may not be
 /// written, and whatever is no plain file.
 [[nodiscard]] bool write(const QString& path, std::string_view bytes);
 

@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
@@ -116,6 +117,20 @@ QUrl webPage(const QString& text) {
     return web ? url : QUrl();
 }
 
+/// A box that a letter answers with Alt alone: whoever goes on typing must not answer a question
+/// that he has not seen yet.
+class Box : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isLetter = event->text().size() == 1 && event->text()[0].isLetterOrNumber();
+        if (isLetter && !event->modifiers().testFlag(Qt::AltModifier)) return;
+        QMessageBox::keyPressEvent(event);
+    }
+};
+
 }  // namespace
 
 QtDesktop::~QtDesktop() {
@@ -125,7 +140,7 @@ QtDesktop::~QtDesktop() {
 BoxAnswer QtDesktop::showBox(QWidget* owner, const MessageBox& box) {
     const NormalPointer pointer;
     const ButtonSet set = buttonsOf(box.buttons);
-    QMessageBox dialog(owner);
+    Box dialog(owner);
     dialog.setTextFormat(Qt::PlainText);
     dialog.setWindowTitle(box.title);
     dialog.setText(withLineFeeds(box.text));
@@ -153,7 +168,9 @@ FileAnswer QtDesktop::askFile(QWidget* owner, const FileQuestion& question) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filterLines(question.filters));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const QString selected = dialog.selectedFiles().constFirst();
+        QString selected = dialog.selectedFiles().constFirst();
+        // The toolkit takes a leading colon for the files inside the program.
+        if (selected.startsWith(':')) selected.prepend(dialog.directory().path() + '/');
         const QString path = Files::toSystemPath(selected);
         const QFileInfo file(path);
         if (!question.save) return path;

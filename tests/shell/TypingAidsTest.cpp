@@ -1,4 +1,4 @@
-#include <QListWidget>
+#include <QListView>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -46,12 +46,14 @@ class TypingAidsTest : public ShellTest {
     }
     /// The words of the list, the selected one marked; "-" while it is hidden.
     std::string list() {
-        auto& words = control<QListWidget>("List4");
+        auto& words = control<QListView>("List4");
         if (!words.isVisible()) return "-";
         std::string text;
-        for (int row = 0; row < words.count(); ++row)
+        for (int row = 0; row < words.model()->rowCount(); ++row) {
+            const QModelIndex word = words.model()->index(row, 0);
             text +=
-                (row == words.currentRow() ? " >" : " ") + words.item(row)->text().toStdString();
+                (word == words.currentIndex() ? " >" : " ") + word.data().toString().toStdString();
+        }
         return text;
     }
 };
