@@ -55,13 +55,11 @@ void TypingAids::cancelOffer() {
     takeOutRest();
 }
 
-/// On a selection: takes the word of the list in its place, or without a list leaves it as it is
-/// and goes behind it.
+/// On a selection: takes the word of the list in its place, or without one leaves it as it is and
+/// goes behind it.
 void TypingAids::enter() {
-    if (popup_.isShown())
-        takeWord();
-    else
-        goBehindSelection();
+    if (!popup_.isShown() || popup_.word().empty()) return goBehindSelection();
+    takeWord();
 }
 
 void TypingAids::goBehindSelection() {

@@ -42,8 +42,8 @@ bool readPieces(const QString& path, const std::function<void(std::string_view)>
 /// flushed to the disk and checked, then renamed over it. Permissions and owner stay. A failed
 /// write returns false and leaves the old file whole. Where that cannot be done (the folder takes
 /// no new file, the disk has no room for a second one, or the new one cannot have the owner of the
-/// old) and the file itself may be written, it is written in place, and put back should that fail. Refused: a file that may not be
-/// written, and whatever is no plain file.
+/// old) and the file itself may be written, it is written in place, and put back should that fail.
+/// Refused: a file that may not be written, and whatever is no plain file.
 [[nodiscard]] bool write(const QString& path, std::string_view bytes);
 
 }  // namespace Files
