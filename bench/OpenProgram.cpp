@@ -25,6 +25,9 @@ OpenProgram::OpenProgram(std::size_t scriptBytes) {
                                                      .endProgram = [] {}});
     Main(*program_);
     state().AutoCompleteEnabled = false;
+    // an empty map that belongs to the script
+    state().WolfDir = folder_.path();
+    std::ofstream(folder_.filePath(QStringLiteral("bench.map")).toStdString());
     QApplication::processEvents();
 }
 
