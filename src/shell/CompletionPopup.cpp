@@ -48,10 +48,11 @@ CompletionPopup::CompletionPopup(KELP_RTBSyntax& editor,
     editor_.rtb().installEventFilter(this);
     for (QScrollBar* bar : {editor_.rtb().verticalScrollBar(), editor_.rtb().horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, [this] { changed(); });
-    connect(List4_, &QListView::clicked, this,
-            [this](const QModelIndex& word) { select(word.row()); });
-    connect(List4_, &QListView::doubleClicked, this, [this](const QModelIndex& word) {
-        select(word.row());
+    connect(List4_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& word) {
+                if (word.isValid() && word.row() != row_) select(word.row());
+            });
+    connect(List4_, &QListView::doubleClicked, this, [this] {
         if (onTake) onTake();
     });
 }
@@ -73,7 +74,7 @@ void CompletionPopup::show() {
 void CompletionPopup::hide() {
     shown_ = false;
     List4_->hide();
-    Picture2_->hide();
+    Picture2_->dismiss();
 }
 
 std::string CompletionPopup::word() const {
@@ -109,6 +110,8 @@ void CompletionPopup::changed() {
 void CompletionPopup::update() {
     updatePosted_ = false;
     if (!shown_) return;
+    // the last of a composition is typed when the focus has gone
+    if (editor_.window()->focusWidget() != &editor_.rtb()) return hide();
     if (std::exchange(listIsOld_, false)) fillList();
     if (std::exchange(placeIsOld_, false)) {
         List4_->setCurrentIndex(List4_->model()->index(row_, 0));
@@ -148,8 +151,8 @@ void CompletionPopup::UpdateCompletionTip() {
     List4_->setAccessibleDescription(usage);
 }
 
-/// Below the caret's line, the tip under the list; where there is no room, above the line, the tip
-/// on top of the list. Both stay inside the window.
+/// Below the caret's line, the tip under the list; where more room is above it and the two need
+/// that, above the line, the tip on top of the list. Both stay inside the window.
 void CompletionPopup::place() {
     const QSize room = List4_->parentWidget()->size();
     const QSize tip = Picture2_->sizeOfText().boundedTo(room);
@@ -158,19 +161,23 @@ void CompletionPopup::place() {
     const int gap = Twips::toPixels(kBelowLine);
     const int letters = std::max(List4_->parentWidget()->fontMetrics().height(), caret.height());
     const int below = line.y() + letters + gap;
-    const bool fits = below + listSize_.height() + tip.height() <= room.height();
-    const int both = listSize_.height() + tip.height();
-    const int top = inside(fits ? below : line.y() - gap - both, both, room.height());
-    const QPoint listAt(inside(line.x(), listSize_.width(), room.width()),
-                        fits ? top : top + tip.height());
+    const int roomBelow = room.height() - below;
+    const int roomAbove = line.y() - gap;
+    const bool isBelow = listSize_.height() + tip.height() <= roomBelow || roomBelow >= roomAbove;
+    const int most = (isBelow ? roomBelow : roomAbove) - tip.height();
+    const QSize list(listSize_.width(), std::clamp(most, letters, listSize_.height()));
+    const int both = list.height() + tip.height();
+    const int top = inside(isBelow ? below : roomAbove - both, both, room.height());
+    const QPoint listAt(inside(line.x(), list.width(), room.width()),
+                        isBelow ? top : top + tip.height());
     const QPoint tipAt(inside(line.x(), tip.width(), room.width()),
-                       fits ? top + listSize_.height() : top);
-    List4_->setGeometry({listAt, listSize_});
+                       isBelow ? top + list.height() : top);
+    List4_->setGeometry({listAt, list});
     Picture2_->setGeometry({tipAt, tip});
     for (QWidget* widget : {static_cast<QWidget*>(List4_), static_cast<QWidget*>(Picture2_)})
         widget->raise();
     List4_->show();
-    Picture2_->setVisible(!Picture2_->text().isEmpty());
+    Picture2_->showText();
 }
 
 /// A screen reader follows the focus, which stays in the editor: so it is told of the selection.

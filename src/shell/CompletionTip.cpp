@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QToolTip>
+#include <utility>
 
 #include "system/Twips.h"
 
@@ -34,7 +35,17 @@ QSize CompletionTip::sizeOfText() const {
     return {width + kPixelsBeside, sizeHint().height()};
 }
 
+void CompletionTip::showText() {
+    setVisible(!heldAway_ && !text().isEmpty());
+}
+
+void CompletionTip::dismiss() {
+    heldAway_ = false;
+    hide();
+}
+
 void CompletionTip::mousePressEvent(QMouseEvent*) {
+    heldAway_ = true;
     hide();
     // A hidden widget is not told of the release.
     qApp->installEventFilter(this);
@@ -43,7 +54,7 @@ void CompletionTip::mousePressEvent(QMouseEvent*) {
 bool CompletionTip::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease) {
         qApp->removeEventFilter(this);
-        show();
+        if (std::exchange(heldAway_, false)) showText();
     }
     return QLineEdit::eventFilter(watched, event);
 }

@@ -12,10 +12,18 @@ class CompletionTip : public QLineEdit {
 
     /// As wide as its text and a margin, as high as a line.
     QSize sizeOfText() const;
+    /// Shows the text, if there is one, unless the mouse holds the tip away.
+    void showText();
+    /// Hides the tip, also when the mouse that holds it away is released.
+    void dismiss();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool heldAway_ = false;
 };
 
 }  // namespace brindlex

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QScrollArea>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -36,6 +37,15 @@ void CaptionLabel::SetCaption(const QString& caption) {
     setText(caption);
     setToolTip(toolTipText(caption));
     setAccessibleDescription(caption);
+}
+
+bool CaptionLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && hasSelectedText() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->accept();
+        return true;
+    }
+    return QLabel::event(event);
 }
 
 SidePanels::SidePanels(QAction& funShowCmd, QAction& funScriptTar, QWidget* parent)

@@ -18,6 +18,10 @@ class CaptionLabel : public QLabel {
   public:
     CaptionLabel(const char* name, const char* accessibleName, QWidget* parent);
     void SetCaption(const QString& caption);
+
+  protected:
+    /// Copying what is selected here comes before the menu's Copy.
+    bool event(QEvent* event) override;
 };
 
 /// The panels at the right of the editor, of which at most one shows: the command reference with

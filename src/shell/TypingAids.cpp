@@ -19,7 +19,8 @@ constexpr int kKeyDown = 40;
 constexpr int kKeyDelete = 46;
 
 bool inserts(int KeyAscii) {
-    return KeyAscii >= ' ' && KeyAscii != kAsciiCtrlBackspace;
+    return (KeyAscii >= ' ' && KeyAscii != kAsciiCtrlBackspace) || KeyAscii == kAsciiEnter ||
+           KeyAscii == kAsciiCtrlEnter;
 }
 
 /// What `whole` has behind the first `length` bytes.
@@ -41,7 +42,7 @@ void TypingAids::KeyDown(int& KeyCode, int Shift) {
     }
     if (KeyCode == kAsciiEnter && editor_.SelLength() > 0) {
         KeyCode = 0;
-        enter();
+        takeWord();
     }
     if (state_.AutoIndentEnabled && KeyCode == kAsciiEnter && editor_.SelStart() != 0) {
         editor_.AutoIndent(KeyCode);
@@ -55,21 +56,19 @@ void TypingAids::cancelOffer() {
     takeOutRest();
 }
 
-/// On a selection: takes the word of the list in its place, or without one leaves it as it is and
-/// goes behind it.
-void TypingAids::enter() {
-    if (!popup_.isShown() || popup_.word().empty()) return goBehindSelection();
-    takeWord();
-}
-
 void TypingAids::goBehindSelection() {
     editor_.SetSelStart(editor_.SelStart() + editor_.SelLength());
 }
 
+/// The selected word of the list goes in the place of the selection, if it is one for the word at
+/// the caret; otherwise the caret goes behind the selection.
 void TypingAids::takeWord() {
-    const std::string rest = restBehind(popup_.word(), wordAtCaret().size());
+    const std::string typed = wordAtCaret();
+    const std::string word = popup_.isShown() ? popup_.word() : std::string();
     popup_.hide();
-    if (rest == editor_.SelText()) return goBehindSelection();
+    const std::string rest = restBehind(word, typed.size());
+    const bool isOffered = !typed.empty() && !word.empty() && beginsWith(word, typed);
+    if (!isOffered || rest == editor_.SelText()) return goBehindSelection();
     takeOutRest();
     put(rest);
 }
@@ -97,11 +96,6 @@ void TypingAids::KeyPress(int& KeyAscii) {
 
 void TypingAids::Click() {
     popup_.hide();
-}
-
-void TypingAids::List4_DblClick() {
-    int KeyCode = kAsciiEnter;
-    KeyDown(KeyCode, 0);
 }
 
 void TypingAids::Change(bool isTyped) {
@@ -138,10 +132,10 @@ std::string TypingAids::wordAtCaret() const {
 
 void TypingAids::subAutoComplete() {
     if (!state_.AutoCompleteEnabled || std::exchange(SkipComplete_, false)) return;
-    if (!editor_.box().lastEditInserted() || editor_.rtb().isComposing()) return;
+    const bool mayOffer = editor_.box().lastEditInserted() && !editor_.rtb().isComposing();
     const std::string word = wordAtCaret();
-    if (!word.empty()) return offer(word);
-    editor_.SetSelText({});
+    if (!word.empty()) return mayOffer ? offer(word) : void();
+    if (mayOffer) editor_.SetSelText({});
     popup_.hide();
 }
 
@@ -151,10 +145,10 @@ void TypingAids::offer(const std::string& word) {
         if (beginsWith(keyword, word)) words.push_back(keyword);
     if (words.empty()) return popup_.setWords({});
     const Long start = editor_.SelStart();
-    const std::string rest = restBehind(words.front(), word.size());
-    put(rest);
+    const std::size_t before = editor_.box().length();
+    put(restBehind(words.front(), word.size()));
     editor_.SetSelStart(start);
-    editor_.SetSelLength(static_cast<Long>(rest.size()));
+    editor_.SetSelLength(static_cast<Long>(editor_.box().length() - before));
     rest_ = editor_.box().selection();
     popup_.setWords(std::move(words));
     popup_.show();

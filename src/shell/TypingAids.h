@@ -26,8 +26,8 @@ class TypingAids {
     void KeyDown(int& KeyCode, int Shift);
     void KeyPress(int& KeyAscii);
     void Click();
-    /// A double click on a word of the list: as Enter.
-    void List4_DblClick();
+    /// Enter on a selection, and a double click on a word of the list.
+    void takeWord();
     /// Behind each change, once it is recorded. `isTyped`: the change is neither a replay of undo
     /// nor part of a load.
     void Change(bool isTyped);
@@ -42,9 +42,7 @@ class TypingAids {
     void cancelOffer();
     /// Offers the rest of the word at the caret. A change that only removed text offers nothing.
     void subAutoComplete();
-    void enter();
     void goBehindSelection();
-    void takeWord();
     void tab(int& KeyCode, int Shift);
     void offer(const std::string& word);
     /// SelText = `text`, which starts no completion.

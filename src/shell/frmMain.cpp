@@ -104,7 +104,7 @@ void frmMain::wireEditor() {
     editor_->onKeyDown = [this](int& KeyCode, int Shift) { typingAids_.KeyDown(KeyCode, Shift); };
     editor_->onKeyPress = [this](int& KeyAscii) { typingAids_.KeyPress(KeyAscii); };
     editor_->onClick = [this] { typingAids_.Click(); };
-    completionPopup_.onTake = [this] { typingAids_.List4_DblClick(); };
+    completionPopup_.onTake = [this] { typingAids_.takeWord(); };
     editor_->setCommands({.undo = [this] { run(&frmMain::Undo); },
                           .copy = [this] { run(&frmMain::funCopy_Click); },
                           .paste = [this] { run(&frmMain::funPaste_Click); },

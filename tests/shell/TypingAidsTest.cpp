@@ -92,6 +92,8 @@ TEST_F(TypingAidsTest, KeysDoTheirWork) {
         {"a^bc|d", "Return", "abc|d", "-"},
         {"^a\nb\n|c", "Tab", "^\ta\n\tb\n|c", "-"},
         {"\ta|", "Shift+Tab", "|a", "-"},
+        {"a\n\t| b\nc", "=tr Shift+Tab Return", "a\ntrigger b|\nc", "-"},
+        {"|", "=tr Shift+Home Ctrl+X", "|igger", "-"},
         {"|", "Backspace =tr", "tr^igger|", " >trigger trigger_if_equal"},
     };
     for (const auto& row : rows) {
