@@ -57,6 +57,11 @@ TEST_F(AutoBackupTest, WithoutNameOrWishThereIsNone) {
     type("x");
     pass(1);
     EXPECT_EQ(backup(), "xspawn\r\n\r\n") << "with each tick";
+    type("y");
+    const MessageBox question = saveQuestion("Do you want to save battery.script?");
+    desktop.expectBox(question, BoxAnswer::No, [this] { pass(1); });
+    trigger("funNew");
+    EXPECT_EQ(backup(), "xspawn\r\n\r\n") << "the new text is not the old script's";
     put("AutoBackup", "0");
     startNamed();
     trigger("funSave");
